@@ -1,0 +1,97 @@
+#pragma once
+
+#include "game/state.h"
+#include "narrator/character.h"
+#include "toolkit/form.h"
+
+#include <array>
+#include <string_view>
+
+namespace game {
+
+/// The game form: one contestant's game from its first question to its end. Its handlers stand in one file
+/// per subject, in the order of the sections below.
+class Orv final : public toolkit::Form
+{
+public:
+    Orv(toolkit::Services services, const narrator::CharactersFactory& makeCharacters);
+
+protected:
+    void failed(const std::exception& failure) override;
+
+    // Start and end (orv_start.cpp, orv_end.cpp)
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    enum StopFirst { Queued = 0, AtOnce = 1 };
+    static constexpr int options = 4;
+
+    void addControls();
+    void addFrontControls();
+    void addPoll();
+    void addCrosses();
+    void addOptions();
+    void addQuestion();
+    void connectHandlers();
+
+    // Start (orv_start.cpp)
+    void openBank();
+    void loadHost();
+
+    // Tools of all handlers (orv_state.cpp)
+    void narrate(StopFirst stopfirst, const QString& animation, const QString& text);
+    void clearoptions();
+    void showusedlifelines();
+    void markRung(int n);
+    void orv_mws_Click();
+
+    // Question (orv_question.cpp)
+    void displayquestion();
+    void drawQuestion();
+
+    // Answer and verdict (orv_answer.cpp)
+    void orv_option_Click(int k);
+    void lockanswer();
+    [[nodiscard]] QString promptMessage();
+    void judgeWrong(const QString& correctAnswer);
+    void recordchoice(int k);
+    void startflash();
+    void orv_flash_Timer();
+    void announceprize();
+    void orv_cmdok_Click();
+    [[nodiscard]] static QString answerOf(const toolkit::Label& option);
+
+    // Withdrawal and end (orv_end.cpp)
+    void orv_leave_Click();
+    void orv_cmdokquit_GotFocus();
+    void orv_cmdokquit_Click();
+    void enterClosingState();
+
+    GameState state;
+
+    toolkit::Timer* random;
+    toolkit::Timer* lifelinetimer;
+    toolkit::Timer* flash;
+    toolkit::Button* leave;
+    toolkit::Button* cmdokquit;
+    toolkit::Button* cmdok;
+    toolkit::Button* mws;
+    toolkit::Button* LL;
+    QPlainTextEdit* stage;
+    toolkit::Shape* eraseoptions;
+    toolkit::Shape* hidepoll;
+    std::array<toolkit::Shape*, options> pollbar;
+    std::array<toolkit::Label*, options> pollpercent;
+    toolkit::Label* clock;
+    toolkit::Shape* clockback;
+    std::array<std::array<toolkit::Line*, 2>, 3> crosses; ///< over lifeline1 to lifeline3
+    std::array<toolkit::Label*, options> option;          ///< option1 to option4
+    toolkit::Label* question;
+    std::array<toolkit::Label*, 3> lifeline; ///< lifeline1 to lifeline3
+
+    /// After the controls, so that the host goes before them.
+    std::unique_ptr<narrator::Characters> myagent;
+};
+
+} // namespace game

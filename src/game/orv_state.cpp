@@ -1,0 +1,57 @@
+#include "game/orv.h"
+
+namespace game {
+
+void Orv::narrate(StopFirst stopfirst, const QString& animation, const QString& text)
+{
+    if (!state.hostready)
+        return;
+    if (stopfirst == AtOnce)
+        state.host->Stop();
+    if (!animation.isEmpty())
+        state.host->Play(animation);
+    if (!text.isEmpty())
+        state.host->Speak(text);
+}
+
+void Orv::clearoptions()
+{
+    state.answered = false;
+    for (auto* label : option) {
+        label->setBackground(QColor(255, 128, 128));
+        label->setOpaque(false);
+    }
+    clock->hide();
+    clockback->hide();
+    lifelinetimer->setEnabled(false);
+    hidepoll->show();
+}
+
+void Orv::showusedlifelines()
+{
+    const std::array used = {state.pollused, state.friendused, state.fiftyused};
+    for (std::size_t i = 0; i < used.size(); ++i) {
+        for (auto* line : crosses[i])
+            line->setVisible(used[i]);
+    }
+}
+
+void Orv::markRung(int n)
+{
+    state.stagetext = withRungMarked(state.stagetext, n);
+    stage->setPlainText(state.stagetext);
+}
+
+void Orv::orv_mws_Click()
+{
+    constexpr double step = 2.5;
+    if (state.statuspanel == Panel::Open) {
+        slide({{1140, {.width = -step}}, {570, {.left = step}}});
+        state.statuspanel = Panel::Closed;
+    } else {
+        slide({{570, {.left = -step}}, {1140, {.width = step}}});
+        state.statuspanel = Panel::Open;
+    }
+}
+
+} // namespace game

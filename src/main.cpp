@@ -1,0 +1,47 @@
+#include "admin/login.h"
+#include "game/orv.h"
+#include "narrator/agent.h"
+#include "shell/back.h"
+#include "shell/mainscreen.h"
+#include "shell/rules.h"
+#include "shell/thank.h"
+#include "shell/userselect.h"
+#include "toolkit/desktop.h"
+#include "toolkit/screens.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+int main(int argc, char** argv)
+{
+    if (const auto problem = toolkit::prepareDesktop()) {
+        std::fprintf(stderr, "Orvanta cannot start: %s\n", problem->c_str());
+        return 1;
+    }
+    toolkit::silenceLibraryWarnings();
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    toolkit::Screens screens;
+    toolkit::DesktopDialogs dialogs;
+    toolkit::ClockSeededRandom random;
+    toolkit::DesktopBrowser browser;
+    toolkit::DesktopBeeper beeper;
+    toolkit::SystemClock clock;
+    const toolkit::Services services{screens, dialogs, random, browser, beeper, clock};
+
+    const auto makeHost = [&clock](QWidget& form) { return narrator::makeCharacters(form, clock); };
+    screens.add("userselect", [&] { return std::make_unique<shell::UserSelect>(services); });
+    screens.add("mainscreen", [&] { return std::make_unique<shell::MainScreen>(services); });
+    screens.add("rules", [&] { return std::make_unique<shell::Rules>(services); });
+    screens.add("thank", [&] { return std::make_unique<shell::Thank>(services); });
+    screens.add("back", [&] { return std::make_unique<shell::Back>(services); });
+    screens.add(
+        "orv", [&] { return std::make_unique<game::Orv>(services, makeHost); }, "back");
+    screens.add("login", [&] { return std::make_unique<admin::Login>(services); });
+    screens.onAllClosed(&QApplication::quit);
+
+    screens.show("userselect");
+    return QApplication::exec();
+}

@@ -1,0 +1,119 @@
+#pragma once
+
+#include "toolkit/text.h"
+#include "toolkit/twips.h"
+
+#include <QColor>
+#include <QLabel>
+#include <QPushButton>
+
+#include <functional>
+#include <optional>
+
+namespace toolkit {
+
+/// A text on a screen. Draws nothing but the text while its background is transparent. A text that is too
+/// long for its box is drawn smaller rather than cut.
+class Label final : public QLabel
+{
+public:
+    explicit Label(QWidget* parent);
+
+    void setTextColour(const QColor& colour);
+    /// The colour of the background, seen only while the label is opaque.
+    void setBackground(const QColor& colour);
+    void setOpaque(bool opaque) { setAutoFillBackground(opaque); }
+    [[nodiscard]] bool isOpaque() const { return autoFillBackground(); }
+    void setBordered(bool bordered) { bordered_ = bordered; }
+    /// Makes the label as large as its text from now on; it grows from its left edge, or from its middle
+    /// if its text is centred.
+    void setSizedToText();
+    void setText(const QString& text);
+
+    std::function<void()> onClick;
+    /// Called for every move of the mouse over the label, with or without a button down.
+    std::function<void()> onMouseMove;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+private:
+    void sizeToText();
+
+    bool bordered_ = false;
+    bool sizedToText_ = false;
+    bool pressed_ = false;
+};
+
+/// A push button in a colour of its own. Its text wraps and shrinks to fit, down to one letter a line.
+class Button final : public QPushButton
+{
+public:
+    explicit Button(QWidget* parent);
+    void setBackground(const QColor& colour);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void paintFace(QPainter& painter) const;
+};
+
+/// A picture scaled into its box, drawn from the density that the screen needs.
+class Picture final : public QWidget
+{
+public:
+    /// `resource` names the picture at its natural size; denser ones beside it are found by their "@2x".
+    Picture(const QString& resource, QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QPixmap pixmap_;
+};
+
+/// A filled or outlined rectangle or circle. Clicks go through it unless it is a cover.
+class Shape final : public QWidget
+{
+public:
+    enum class Kind { Rectangle, Circle };
+    struct Look
+    {
+        Kind kind = Kind::Rectangle;
+        std::optional<QColor> fill = {};
+        QColor outline = Qt::black;
+        int outlineWidth = 1;
+        bool cover = false; ///< keeps clicks from what lies under it
+    };
+
+    Shape(const Look& look, QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    Look look_;
+};
+
+/// A straight line between two points of the screen; clicks go through it.
+class Line final : public QWidget
+{
+public:
+    Line(TwipPoint from, TwipPoint to, const QColor& colour, int lineWidth, QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QPoint from_;
+    QPoint to_;
+    QColor colour_;
+    int lineWidth_;
+};
+
+} // namespace toolkit

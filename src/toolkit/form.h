@@ -1,0 +1,151 @@
+#pragma once
+
+#include "toolkit/controls.h"
+#include "toolkit/services.h"
+
+#include <QCheckBox>
+#include <QPlainTextEdit>
+#include <QWidget>
+
+#include <initializer_list>
+#include <vector>
+
+namespace toolkit {
+
+enum class Border { None, FixedSingle };
+enum class Placement { ScreenCentre, WindowDefault };
+
+struct FormSettings
+{
+    QString name; ///< the screen's name, also its objectName
+    QString caption = {};
+    double width = 0; ///< of the client area, in twips
+    double height = 0;
+    Border border = Border::None;
+    Placement placement = Placement::ScreenCentre;
+    std::optional<QColor> background = {}; ///< the system's if there is none
+};
+
+/// How a control looks when the screen opens; what does not apply to a kind of control is not read.
+struct Look
+{
+    std::optional<QFont> font = {};
+    std::optional<QColor> colour = {};     ///< of the text
+    std::optional<QColor> background = {}; ///< a label with one is opaque
+    bool centred = false;
+    bool middle = false; ///< centred from top to bottom
+    bool sizedToText = false;
+    bool bordered = false;
+    bool hidden = false;
+    int tab = -1; ///< place in the tab order
+};
+
+/// What all screens share: geometry kept in twips, a frame and a place, controls under their names, the
+/// events load, activate and unload, and the one place where a failure in a handler becomes a message box.
+/// Screens makes, shows and closes forms.
+class Form : public QWidget
+{
+public:
+    Form(FormSettings settings, Services services);
+
+    [[nodiscard]] const QString& name() const { return settings_.name; }
+
+    /// Where the window is, in twips. Unrounded as long as only this program moved it.
+    [[nodiscard]] TwipRect bounds() const;
+    void setBounds(const TwipRect& bounds);
+
+    // Called by Screens only.
+    void load();
+    void activate();
+    void unload();
+    void closed();
+    [[nodiscard]] bool isClosed() const { return closed_; }
+
+protected:
+    // The events of the screen.
+    virtual void Form_Load() {}
+    virtual void Form_Activate() {}
+    virtual void Form_GotFocus() {}
+    virtual void Form_MouseMove() {}
+    virtual void Form_Unload() {}
+
+    /// Told when a handler ends with an exception, which it has caught. Shows its text in a box.
+    virtual void failed(const std::exception& failure);
+
+    /// Runs a handler; an exception that leaves it is passed to failed(). Does nothing once the form is
+    /// closed.
+    void run(const std::function<void()>& handler);
+
+    [[nodiscard]] Services& services() { return services_; }
+    [[nodiscard]] Screens& screens() { return services_.screens; }
+    /// The title of the screen's boxes.
+    [[nodiscard]] virtual QString boxTitle() const { return QStringLiteral("Orvanta"); }
+    void notice(const QString& text, Dialogs::Icon icon = Dialogs::Icon::None);
+    [[nodiscard]] bool confirm(const QString& text);
+
+    // The controls, in the order of the screen's table: what is added first lies on top, except that buttons,
+    // boxes and pictures always lie above labels, shapes and lines. Handlers run through run().
+    Label* label(const QString& name, const TwipRect& place, const QString& text, const Look& look);
+    Button* button(const QString& name, const TwipRect& place, const QString& text, const Look& look);
+    QCheckBox* checkBox(const QString& name, const TwipRect& place, const QString& text, const Look& look);
+    QPlainTextEdit* textBox(const QString& name, const TwipRect& place, const QString& text,
+                            const Look& look);
+    Picture* picture(const QString& name, const TwipRect& place, const QString& resource);
+    Shape* shape(const QString& name, const TwipRect& place, const Shape::Look& look, bool hidden = false);
+    Line* line(const QString& name, TwipPoint from, TwipPoint to, const QColor& colour, int width,
+               bool hidden = false);
+    Timer* timer(const QString& name, std::chrono::milliseconds period, bool enabled);
+    /// Ends the table of controls: sets the tab order and lifts what lies above.
+    void controlsDone();
+
+    void onClick(Label* control, std::function<void()> handler);
+    void onClick(Button* control, std::function<void()> handler);
+    void onMouseMove(Label* control, std::function<void()> handler);
+    void onChange(QCheckBox* control, std::function<void()> handler);
+    void onTick(Timer* control, std::function<void()> handler);
+    /// The handler runs when the focus moves to the control, by a handler or by the user; not when the window
+    /// is merely activated again after a box or another program had the keyboard.
+    void onGotFocus(QWidget* control, std::function<void()> handler);
+    void focus(QWidget* control);
+    void setDefaultButton(Button* control) { defaultButton_ = control; }
+
+    /// A stretch of a slide: `steps` equal changes of the window's bounds, in twips each.
+    struct SlideSteps
+    {
+        int steps = 0;
+        TwipRect change;
+    };
+    /// Slides the window through the stretches in their order within the running handler. The motion takes
+    /// about half a second; no tick of the form's timers and no input is delivered until the handler ends.
+    void slide(std::initializer_list<SlideSteps> stretches);
+
+    bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+private:
+    template <typename Control>
+    Control* add(Control* control, const QString& name, const TwipRect& place);
+    void applyLook(QWidget* control, const Look& look);
+    void focusMoved(QWidget* control);
+    [[nodiscard]] TwipRect openingBounds() const;
+
+    FormSettings settings_;
+    Services services_;
+    TwipRect bounds_; ///< as last set by this program
+    std::vector<std::pair<int, QWidget*>> tabs_;
+    std::vector<QWidget*> lifted_;
+    std::vector<Timer*> timers_;
+    std::vector<std::pair<QWidget*, std::function<void()>>> gotFocus_;
+    QWidget* focused_ = nullptr;
+    Button* defaultButton_ = nullptr;
+    bool closed_ = false;
+};
+
+/// The name of an element of a control array.
+[[nodiscard]] QString element(const QString& name, int index);
+
+} // namespace toolkit

@@ -1,0 +1,88 @@
+#include "toolkit/screens.h"
+
+#include "toolkit/desktop.h"
+
+#include <algorithm>
+
+namespace toolkit {
+
+// Plain deletion: there is no event loop any more that a later deletion could wait for.
+Screens::~Screens()
+{
+    for (auto& [name, screen] : screens_)
+        std::default_delete<Form>()(screen.form.release());
+}
+
+void Screens::add(const QString& name, Factory factory, const QString& behind)
+{
+    screens_[name] = {std::move(factory), behind, nullptr, false};
+}
+
+Form* Screens::find(const QString& name) const
+{
+    const auto found = screens_.find(name);
+    return found == screens_.end() ? nullptr : found->second.form.get();
+}
+
+void Screens::show(const QString& name)
+{
+    Screen& screen = screens_.at(name);
+    if (!screen.form) {
+        screen.form.reset(screen.factory().release());
+        const QPointer<Form> loading = screen.form.get();
+        loading->load();
+        if (!loading || loading->isClosed())
+            return;
+    }
+    present(screen);
+}
+
+void Screens::present(const Screen& screen)
+{
+    Form* form = screen.form.get();
+    if (!form->isVisible()) {
+        Form* backdrop = find(screen.behind);
+        if (backdrop)
+            backdrop->show();
+        form->show();
+        if (backdrop)
+            keepAbove(*form->windowHandle(), *backdrop->windowHandle());
+    }
+    if (!form->isEnabled())
+        return;
+    form->raise();
+    form->activateWindow();
+    if (activated(form))
+        form->activate();
+}
+
+void Screens::close(const QString& name)
+{
+    Screen& screen = screens_.at(name);
+    if (!screen.form || screen.closing)
+        return;
+    screen.closing = true;
+    screen.form->unload();
+    screen.closing = false;
+    const auto form = std::move(screen.form);
+    form->closed();
+    QMetaObject::invokeMethod(this, &Screens::endWhenAllClosed, Qt::QueuedConnection);
+}
+
+bool Screens::activated(Form* form)
+{
+    if (active_ == form)
+        return false;
+    active_ = form;
+    return true;
+}
+
+void Screens::endWhenAllClosed()
+{
+    const bool open =
+        std::ranges::any_of(screens_, [](const auto& entry) { return entry.second.form != nullptr; });
+    if (!open && allClosed_)
+        allClosed_();
+}
+
+} // namespace toolkit

@@ -1,0 +1,69 @@
+#include "toolkit/text.h"
+
+#include "toolkit/twips.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace toolkit {
+
+namespace {
+
+// Smaller than this nobody reads it; from there on the end of the text is left out instead.
+constexpr int smallestPixels = 8;
+// More characters than any box of these screens can show; laying out a book would only cost time.
+constexpr qsizetype mostCharacters = 2000;
+
+QFont sized(const QStringList& families, double points)
+{
+    QFont font(families);
+    font.setPixelSize(pixels(points * twipsPerPoint));
+    return font;
+}
+
+bool fits(const QString& text, const QFont& font, QSize size, int flags)
+{
+    const QRect unbounded(0, 0, size.width(), 1 << 20);
+    const QRect needed = QFontMetrics(font).boundingRect(unbounded, flags, text);
+    return needed.height() <= size.height() && needed.width() <= size.width();
+}
+
+} // namespace
+
+QFont verdana(double points, Weight weight)
+{
+    QFont font = sized({QStringLiteral("Verdana"), QStringLiteral("DejaVu Sans")}, points);
+    font.setBold(weight == Weight::Bold);
+    return font;
+}
+
+QFont arialBlack(double points)
+{
+    QFont font = sized({QStringLiteral("Arial Black"), QStringLiteral("DejaVu Sans")}, points);
+    font.setWeight(QFont::Black);
+    return font;
+}
+
+FittedText fitted(const QString& text, const QFont& font, QSize size, int flags)
+{
+    FittedText result{font, text};
+    if (text.size() > mostCharacters)
+        result.text = text.first(mostCharacters) + QChar(0x2026);
+    for (int size_ = font.pixelSize(); size_ >= smallestPixels; --size_) {
+        result.font.setPixelSize(size_);
+        if (fits(result.text, result.font, size, flags))
+            return result;
+    }
+    qsizetype most = result.text.size();
+    for (qsizetype least = 0; least + 1 < most;) {
+        const qsizetype tried = std::midpoint(least, most);
+        (fits(text.first(tried) + QChar(0x2026), result.font, size, flags) ? least : most) = tried;
+        result.text = text.first(least) + QChar(0x2026);
+    }
+    return result;
+}
+
+} // namespace toolkit
