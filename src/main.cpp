@@ -23,12 +23,12 @@ int main(int argc, char** argv)
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
 
-    toolkit::Screens screens;
     toolkit::DesktopDialogs dialogs;
     toolkit::ClockSeededRandom random;
     toolkit::DesktopBrowser browser;
     toolkit::DesktopBeeper beeper;
     toolkit::SystemClock clock;
+    toolkit::Screens screens; // goes first, with the forms that use the others
     const toolkit::Services services{screens, dialogs, random, browser, beeper, clock};
 
     const auto makeHost = [&clock](QWidget& form) { return narrator::makeCharacters(form, clock); };

@@ -65,7 +65,7 @@ void Label::paintEvent(QPaintEvent*)
     painter.setFont(shown.font);
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
-    painter.drawText(box, flags | Qt::TextDontClip, shown.text);
+    painter.drawText(box, shown.flags | Qt::TextDontClip, shown.text);
 }
 
 void Label::mousePressEvent(QMouseEvent* event)
@@ -124,7 +124,7 @@ void Button::paintEvent(QPaintEvent*)
     painter.setFont(fit.font);
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
-    painter.drawText(rect().translated(0, isDown() ? 1 : 0), flags | Qt::TextDontClip, fit.text);
+    painter.drawText(rect().translated(0, isDown() ? 1 : 0), fit.flags | Qt::TextDontClip, fit.text);
 }
 
 // Painted here because the desktop's styles mix the colour with their own.

@@ -32,8 +32,9 @@ std::optional<std::string> prepareDesktop()
 void keepAbove(QWindow& window, QWindow& behind)
 {
     window.setTransientParent(&behind);
+    // The platform without a screen offers the interface too, with nothing behind it.
     const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    if (!x11 || QGuiApplication::platformName() != "xcb")
         return;
     // Qt tells X of a transient parent only for dialogs and tools, and takes it back when it maps the window.
     const auto parent = static_cast<xcb_window_t>(behind.winId());

@@ -2,15 +2,17 @@
 
 #include "toolkit/desktop.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace toolkit {
 
-// Plain deletion: there is no event loop any more that a later deletion could wait for.
+// The forms use services that end after this object, so none may be left to a later event loop.
 Screens::~Screens()
 {
-    for (auto& [name, screen] : screens_)
-        std::default_delete<Form>()(screen.form.release());
+    screens_.clear();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void Screens::add(const QString& name, Factory factory, const QString& behind)

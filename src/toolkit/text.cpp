@@ -3,10 +3,9 @@
 #include "toolkit/twips.h"
 
 #include <QFontMetrics>
-#include <QPainter>
 #include <QStringList>
 
-#include <algorithm>
+#include <numeric>
 
 namespace toolkit {
 
@@ -49,18 +48,21 @@ QFont arialBlack(double points)
 
 FittedText fitted(const QString& text, const QFont& font, QSize size, int flags)
 {
-    FittedText result{font, text};
+    FittedText result{font, text, flags};
     if (text.size() > mostCharacters)
         result.text = text.first(mostCharacters) + QChar(0x2026);
-    for (int size_ = font.pixelSize(); size_ >= smallestPixels; --size_) {
-        result.font.setPixelSize(size_);
-        if (fits(result.text, result.font, size, flags))
-            return result;
+    for (const int tried : {flags, flags | Qt::TextWrapAnywhere}) {
+        result.flags = tried;
+        for (int pixelSize = font.pixelSize(); pixelSize >= smallestPixels; --pixelSize) {
+            result.font.setPixelSize(pixelSize);
+            if (fits(result.text, result.font, size, tried))
+                return result;
+        }
     }
     qsizetype most = result.text.size();
     for (qsizetype least = 0; least + 1 < most;) {
-        const qsizetype tried = std::midpoint(least, most);
-        (fits(text.first(tried) + QChar(0x2026), result.font, size, flags) ? least : most) = tried;
+        const qsizetype length = std::midpoint(least, most);
+        (fits(text.first(length) + QChar(0x2026), result.font, size, result.flags) ? least : most) = length;
         result.text = text.first(least) + QChar(0x2026);
     }
     return result;

@@ -20,9 +20,11 @@ struct FittedText
 {
     QFont font;
     QString text;
+    int flags = 0; ///< for QPainter::drawText
 };
 
-/// Fits `text`, drawn with the given Qt::Alignment and Qt::TextFlag bits, into a box of `size` pixels.
+/// Fits `text`, drawn with the given Qt::Alignment and Qt::TextFlag bits, into a box of `size` pixels. Words
+/// are broken only where they do not fit in any other way.
 [[nodiscard]] FittedText fitted(const QString& text, const QFont& font, QSize size, int flags);
 
 } // namespace toolkit

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "support/bank.h"
+#include "support/desk.h"
+
+namespace game {
+
+/// A game on a bank of its own, with a stepped clock and a host that writes down what it is asked. The
+/// draws take the numbers of desk.random in turn: one for each question and one for each prompt message.
+class ShowTest : public testing::Test
+{
+protected:
+    ShowTest();
+
+    /// Opens the game form, gives the name "Asha" and drops what the host was asked so far.
+    void start();
+    void chooseOption(int k, bool lock);
+    /// Chooses the right option (the third), waits for the flashing to end.
+    void answerRight();
+    /// Answers questions 1 to n rightly and goes on to the next one.
+    void answerUpTo(int n);
+
+    [[nodiscard]] QString shown(const QString& label) const { return desk.text("orv", label); }
+    [[nodiscard]] bool visible(const QString& control) const;
+    [[nodiscard]] bool enabled(const QString& control) const;
+    /// The looks of the four options: "." plain, "c" chosen, "g" green.
+    [[nodiscard]] std::string looks() const;
+    [[nodiscard]] std::string focused() const;
+    void expectFarewell();
+
+    support::Bank bank;
+    support::Desk desk;
+    bool hostMissing = false;
+};
+
+} // namespace game

@@ -1,0 +1,47 @@
+#include "support/bank.h"
+
+#include <QDir>
+#include <SQLiteCpp/SQLiteCpp.h>
+
+namespace support {
+
+namespace {
+
+constexpr const char* schema = R"(
+create table questions (question_id integer primary key, question text, answer1 text, answer2 text, answer3 text,
+    answer4 text, correct_answer text, Level text, a integer, b integer, c integer, d integer);
+create table users (username text, password text);
+create table locking (message text);
+insert into locking values ('shall I lock it?');
+with level(l) as (values (1), (2), (3)), number(n) as (values (1), (2), (3), (4), (5))
+insert into questions
+    select l * 10 + n, 'Question ' || l || '.' || n, l || '.' || n || ' one', l || '.' || n || ' two',
+        l || '.' || n || ' three', l || '.' || n || ' four', l || '.' || n || ' Three', l, 1, 1, 1, 1
+    from level, number order by l, n;
+)";
+
+} // namespace
+
+Bank::Bank() : former_(QDir::currentPath())
+{
+    QDir::setCurrent(directory_.path());
+    SQLite::Database(path().toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(schema);
+}
+
+Bank::~Bank()
+{
+    QDir::setCurrent(former_);
+}
+
+void Bank::execute(const std::string& sql) const
+{
+    SQLite::Database(path().toStdString(), SQLite::OPEN_READWRITE).exec(sql);
+}
+
+std::string Bank::value(const std::string& sql) const
+{
+    SQLite::Database database(path().toStdString());
+    return database.execAndGet(sql).getString();
+}
+
+} // namespace support

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "narrator/character.h"
+#include "toolkit/services.h"
+
+#include <QStringList>
+
+#include <deque>
+#include <functional>
+#include <map>
+
+namespace support {
+
+/// Answers boxes from a script. A box that the script does not expect next, or expects with another text,
+/// fails the test.
+class ScriptedDialogs final : public toolkit::Dialogs
+{
+public:
+    /// `meanwhile` runs while the box is open.
+    void expectNotice(const QString& text, std::function<void()> meanwhile = {});
+    void expectConfirm(const QString& text, bool answer, std::function<void()> meanwhile = {});
+    void expectInput(const QString& prompt, const QString& answer, std::function<void()> meanwhile = {});
+    /// A notice whose text holds all of `parts`.
+    void expectNoticeWith(const QStringList& parts);
+
+    [[nodiscard]] bool done() const { return script_.empty(); }
+
+    void notice(QWidget* owner, const QString& title, const QString& text, Icon icon) override;
+    [[nodiscard]] bool confirm(QWidget* owner, const QString& title, const QString& text) override;
+    [[nodiscard]] QString input(QWidget* owner, const QString& title, const QString& prompt,
+                                const QString& initial) override;
+
+private:
+    struct Box
+    {
+        QString kind;
+        QStringList parts;
+        bool whole = true;
+        QString answer;
+        std::function<void()> meanwhile;
+    };
+    QString take(const QString& kind, const QString& title, const QString& text);
+
+    std::deque<Box> script_;
+};
+
+/// Time that passes only in advance() and wait().
+class SteppedClock final : public toolkit::Clock
+{
+public:
+    [[nodiscard]] std::chrono::milliseconds now() const override { return now_; }
+    void start(QTimer& timer) override;
+    void stop(QTimer& timer) override { due_.erase(&timer); }
+    void wait(std::chrono::milliseconds pause) override { advance(pause); }
+
+    /// Ticks whatever falls due on the way, in order.
+    void advance(std::chrono::milliseconds span);
+
+private:
+    std::chrono::milliseconds now_{0};
+    std::map<QTimer*, std::chrono::milliseconds> due_;
+};
+
+/// Gives the numbers of a list, then goes round 0, 0.25, 0.5, 0.75 and almost 1.
+class ScriptedRandom final : public toolkit::Random
+{
+public:
+    void reseed() override {}
+    [[nodiscard]] float next() override;
+
+    std::deque<float> numbers;
+
+private:
+    std::size_t drawn_ = 0;
+};
+
+class RecordingBrowser final : public toolkit::Browser
+{
+public:
+    void navigate(const QString& address) override { visited << address; }
+    QStringList visited;
+};
+
+class CountingBeeper final : public toolkit::Beeper
+{
+public:
+    void beep() override { ++beeps; }
+    int beeps = 0;
+};
+
+/// Writes down what the game asks of its host, one line a request.
+class RecordingHost final : public narrator::Characters, public narrator::Character
+{
+public:
+    explicit RecordingHost(QStringList& log, bool missing) : log_(log), missing_(missing) {}
+
+    void Load(const QString& id, const QString& path) override;
+    narrator::Character& Item(const QString&) override { return *this; }
+    void Show() override { log_ << "Show"; }
+    void Stop() override { log_ << "Stop"; }
+    void Play(const QString& animation) override { log_ << "Play " + animation; }
+    void Speak(const QString& text) override { log_ << "Speak " + text; }
+
+private:
+    QStringList& log_;
+    bool missing_;
+};
+
+} // namespace support

@@ -1,0 +1,107 @@
+#include "support/doubles.h"
+#include "toolkit/text.h"
+#include "toolkit/twips.h"
+
+#include <QCoreApplication>
+#include <QFontMetrics>
+#include <QSize>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace toolkit {
+
+using namespace std::chrono_literals;
+
+TEST(Twips, NeighboursStayNeighbours)
+{
+    const QRect left = pixels(TwipRect{100, 0, 207, 30});
+    const QRect right = pixels(TwipRect{307, 0, 110, 30});
+    EXPECT_EQ(left.right() + 1, right.left());
+}
+
+TEST(Random, RoundsHalfToEven)
+{
+    const std::pair<float, int> cases[] = {{0.5F, 0}, {1.5F, 2}, {2.5F, 2}, {2.51F, 3}, {2.49F, 2}};
+    for (const auto& [value, rounded] : cases)
+        EXPECT_EQ(roundHalfToEven(value), rounded) << value;
+}
+
+TEST(Random, ReseedingInQuickSuccessionDoesNotRepeatANumber)
+{
+    ClockSeededRandom random;
+    std::set<float> seen;
+    for (int draw = 0; draw < 200; ++draw) {
+        random.reseed();
+        const float number = random.next();
+        EXPECT_TRUE(number >= 0 && number < 1);
+        seen.insert(number);
+    }
+    EXPECT_GT(seen.size(), 195U);
+}
+
+TEST(Timer, EnablingItWhileItRunsDoesNotRestartIt)
+{
+    support::SteppedClock clock;
+    Timer timer(clock, 100ms);
+    int ticks = 0;
+    timer.onTick([&] { ++ticks; });
+    timer.setEnabled(true);
+    clock.advance(60ms);
+    timer.setEnabled(true);
+    clock.advance(40ms);
+    EXPECT_EQ(ticks, 1);
+    timer.setEnabled(false);
+    clock.advance(1s);
+    timer.setEnabled(true);
+    clock.advance(99ms);
+    EXPECT_EQ(ticks, 1);
+}
+
+TEST(Timer, PutsOffAtMostOneTickWhileItIsHeld)
+{
+    support::SteppedClock clock;
+    Timer timer(clock, 100ms);
+    int ticks = 0;
+    timer.onTick([&] { ++ticks; });
+    timer.setEnabled(true);
+    timer.hold();
+    clock.advance(350ms);
+    timer.release();
+    EXPECT_EQ(ticks, 0) << "delivered before control is back in the event loop";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ticks, 1);
+
+    timer.hold();
+    clock.advance(100ms);
+    timer.release();
+    timer.setEnabled(false);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ticks, 1) << "a tick put off by a timer that was then disabled";
+}
+
+TEST(Text, IsShrunkAndThenShortenedUntilItFits)
+{
+    constexpr int flags = Qt::AlignHCenter | Qt::TextWordWrap;
+    const QFont font = verdana(9.75, Weight::Bold);
+    const QSize box(493, 31);
+    const std::pair<QString, bool> cases[] = {
+        {"Short", true},
+        {QString("Wednesday ").repeated(10), true},
+        {QString("W").repeated(100), true},
+        {QString("word ").repeated(100'000), false},
+        {QString("unbroken").repeated(1000), false},
+        {"", true},
+    };
+    for (const auto& [text, whole] : cases) {
+        const FittedText fit = fitted(text, font, box, flags);
+        const QRect needed =
+            QFontMetrics(fit.font).boundingRect(QRect(0, 0, box.width(), 9999), fit.flags, fit.text);
+        EXPECT_LE(needed.height(), box.height()) << text.first(qMin(20, text.size())).toStdString();
+        EXPECT_LE(needed.width(), box.width()) << text.first(qMin(20, text.size())).toStdString();
+        EXPECT_EQ(fit.text == text, whole) << text.first(qMin(20, text.size())).toStdString();
+    }
+}
+
+} // namespace toolkit

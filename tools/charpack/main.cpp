@@ -1,0 +1,89 @@
+#include "join.h"
+#include "sheet.h"
+
+#include "narrator/character.h"
+#include "narrator/character_file.h"
+#include "narrator/figure.h"
+
+#include <CLI/CLI.hpp>
+#include <QFile>
+#include <QSaveFile>
+
+#include <cstdio>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace {
+
+void require(bool done, const QFileDevice& file)
+{
+    if (!done)
+        throw std::runtime_error((file.fileName() + QStringLiteral(": ") + file.errorString()).toStdString());
+}
+
+void join(const std::vector<std::string>& sources, const std::string& output)
+{
+    QStringList gestures;
+    for (std::size_t i = 2; i < sources.size(); ++i)
+        gestures += QString::fromStdString(sources[i]);
+    const QByteArray joined =
+        joinCharacter(QString::fromStdString(sources[0]), QString::fromStdString(sources[1]), gestures);
+    QSaveFile file(QString::fromStdString(output));
+    narrator::Figure(narrator::readCharacter(joined, file.fileName()), file.fileName());
+    require(file.open(QIODevice::WriteOnly), file);
+    file.write(joined);
+    require(file.commit(), file);
+}
+
+narrator::Figure load(const std::string& path)
+{
+    const QString name = QString::fromStdString(path);
+    return {narrator::readCharacterFile(name), name};
+}
+
+void draw(const std::string& path, const std::string& output, int poses)
+{
+    narrator::Figure figure = load(path);
+    if (!drawSheet(figure, poses).save(QString::fromStdString(output)))
+        throw std::runtime_error(output + ": the picture cannot be written");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    CLI::App app("Joins and checks the character files of the host.");
+    app.require_subcommand(1);
+    std::vector<std::string> sources;
+    std::string output;
+    std::string character;
+    int poses = 5;
+
+    CLI::App* joinCommand =
+        app.add_subcommand("join", "Join a drawing, a rig and gestures into a character file");
+    joinCommand->add_option("--output", output, "The character file")->required();
+    joinCommand->add_option("sources", sources, "The drawing (SVG), the rig and the gestures (XML)")
+        ->required()
+        ->expected(3, 100);
+    CLI::App* checkCommand = app.add_subcommand("check", "Check a character file and name its first defect");
+    checkCommand->add_option("character", character)->required();
+    CLI::App* drawCommand = app.add_subcommand("draw", "Draw a sheet of all gestures");
+    drawCommand->add_option("character", character)->required();
+    drawCommand->add_option("--output", output, "The picture, a PNG file")->required();
+    drawCommand->add_option("--poses", poses, "Poses of each gesture")->check(CLI::Range(1, 20));
+    CLI11_PARSE(app, argc, argv);
+
+    try {
+        if (*joinCommand)
+            join(sources, output);
+        else if (*checkCommand)
+            load(character);
+        else
+            draw(character, output, poses);
+    } catch (const std::runtime_error& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 1;
+    }
+    return 0;
+}

@@ -1,0 +1,79 @@
+#include "bank/create.h"
+
+#include "bank/failure.h"
+#include "bank/new_file.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <SQLiteCpp/VariadicBind.h>
+
+namespace bank {
+namespace {
+
+// The journal mode is named because some builds of SQLite start with another one, and a database
+// that is to be copied as one file must not keep part of its content in a second.
+constexpr auto schema = R"(
+PRAGMA journal_mode = DELETE;
+CREATE TABLE questions (
+    question_id INTEGER PRIMARY KEY,
+    question TEXT,
+    answer1 TEXT,
+    answer2 TEXT,
+    answer3 TEXT,
+    answer4 TEXT,
+    correct_answer TEXT,
+    Level TEXT,
+    a INTEGER DEFAULT 1,
+    b INTEGER DEFAULT 1,
+    c INTEGER DEFAULT 1,
+    d INTEGER DEFAULT 1
+);
+CREATE INDEX questions_by_level ON questions (Level);
+CREATE TABLE users (username TEXT, password TEXT);
+CREATE TABLE locking (message TEXT);
+)";
+
+template <typename... Values>
+void insert(SQLite::Statement& statement, const Values&... values)
+{
+    SQLite::bind(statement, values...);
+    statement.exec();
+    statement.reset();
+}
+
+void fill(SQLite::Database& database, const Bank& bank, const Account& account)
+{
+    SQLite::Statement question(database,
+                               "INSERT INTO questions (question, answer1, answer2, answer3, answer4,"
+                               " correct_answer, Level) VALUES (?, ?, ?, ?, ?, ?, ?)");
+    for (const Question& q : bank.questions) {
+        insert(question, q.text.toStdString(), q.options[0].toStdString(), q.options[1].toStdString(),
+               q.options[2].toStdString(), q.options[3].toStdString(), q.rightOption().toStdString(),
+               q.level.toStdString());
+    }
+    SQLite::Statement prompt(database, "INSERT INTO locking VALUES (?)");
+    for (const Prompt& p : bank.prompts) {
+        insert(prompt, p.message.toStdString());
+    }
+    SQLite::Statement user(database, "INSERT INTO users VALUES (?, ?)");
+    insert(user, account.name, account.password);
+}
+
+} // namespace
+
+void createDatabase(const std::filesystem::path& file, const Bank& bank, const Account& account)
+{
+    NewFile newFile(file);
+    try {
+        SQLite::Database database(newFile.temporary().string(), SQLite::OPEN_READWRITE);
+        database.exec(schema);
+        SQLite::Transaction transaction(database);
+        fill(database, bank, account);
+        transaction.commit();
+    } catch (const SQLite::Exception& error) {
+        throw Failure(QStringLiteral("%1 cannot be written: %2")
+                          .arg(QString::fromStdString(file.string()), QString::fromUtf8(error.what())));
+    }
+    newFile.publish();
+}
+
+} // namespace bank
