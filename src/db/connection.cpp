@@ -1,0 +1,57 @@
+#include "db/connection.h"
+
+#include "db/handle.h"
+#include "db/layout.h"
+
+#include <QDir>
+
+namespace db {
+
+QString databasepath()
+{
+    const QString directory = QDir::currentPath();
+    if (directory.isEmpty()) {
+        throw failed(Attempt::Open, QStringLiteral("orv.orv"), reasons::missing);
+    }
+    return directory + QStringLiteral("%1orv.orv").arg(directory.endsWith(u'/') ? "" : "/");
+}
+
+std::unique_ptr<Connection> opendatabase()
+{
+    auto connection = std::make_unique<Connection>();
+    connection->Open(databasepath());
+    return connection;
+}
+
+void Connection::Open(const QString& path, std::chrono::milliseconds patience)
+{
+    handle_ = std::make_shared<Handle>(path, patience);
+}
+
+QString Connection::path() const
+{
+    return handle_ ? handle_->path() : QString();
+}
+
+Recordset Connection::Execute(const Query& query)
+{
+    Recordset result;
+    result.Open(query, *this, Lock::ReadOnly);
+    return result;
+}
+
+void Connection::require(const QString& table, const QStringList& fields)
+{
+    layoutOf(*handle(), table, fields);
+}
+
+const std::shared_ptr<Handle>& Connection::handle() const
+{
+    if (!handle_) {
+        throw Failure(Failure::Cause::Other,
+                      QStringLiteral("No question bank has been opened yet. Open one first."));
+    }
+    return handle_;
+}
+
+} // namespace db

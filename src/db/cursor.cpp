@@ -1,0 +1,134 @@
+#include "db/cursor.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace db {
+namespace {
+
+using sql::Direction;
+
+/// Keeps the current key alone: each move asks the engine for the next key in the order of the key.
+class Walk final : public Cursor
+{
+public:
+    Walk(Handle& handle, Query query, const Layout& layout)
+        : handle_(handle), query_(std::move(query)), key_(layout.key)
+    {
+    }
+
+    void first() override { toEnd(Direction::Forward); }
+    void last() override { toEnd(Direction::Backward); }
+
+    void step(Direction direction, qint64 skipped) override
+    {
+        const bool fromKey = place() == Place::Row || place() == Place::Gap;
+        if (const auto found = neighbour(direction, fromKey, skipped)) {
+            settle(Place::Row, *found);
+        } else {
+            settle(direction == Direction::Forward ? Place::After : Place::Before);
+        }
+    }
+
+    void added(qint64 key) override { settle(Place::Row, key); }
+    void deleted() override { settle(Place::Gap, key()); }
+
+private:
+    void toEnd(Direction direction)
+    {
+        const auto found = neighbour(direction, false, 0);
+        settle(found ? Place::Row : Place::Empty, found.value_or(0));
+    }
+
+    std::optional<qint64> neighbour(Direction direction, bool fromKey, qint64 skipped)
+    {
+        return handle_.reading([&]() -> std::optional<qint64> {
+            std::vector<Value> values = query_.values;
+            if (fromKey) {
+                values.emplace_back(key());
+            }
+            values.emplace_back(skipped);
+            auto statement =
+                handle_.prepared(sql::neighbour(*query_.source, key_, direction, fromKey), values);
+            return statement.executeStep() ? std::optional(statement.getColumn(0).getInt64()) : std::nullopt;
+        });
+    }
+
+    Handle& handle_;
+    Query query_;
+    std::string key_;
+};
+
+/// Keeps the keys that matched when it was made, for results that are counted and rewound.
+class List final : public Cursor
+{
+public:
+    List(Handle& handle, const Query& query, const Layout& layout)
+    {
+        handle.reading([&] {
+            auto statement = handle.prepared(sql::keys(*query.source, layout.key), query.values);
+            while (statement.executeStep()) {
+                keys_.push_back(statement.getColumn(0).getInt64());
+            }
+        });
+    }
+
+    void first() override { keys_.empty() ? settle(Place::Empty) : settleAt(0); }
+    void last() override { keys_.empty() ? settle(Place::Empty) : settleAt(size() - 1); }
+
+    void step(Direction direction, qint64 skipped) override
+    {
+        // In a gap index_ is that of the row behind it.
+        const qint64 here = place() == Place::Before ? -1 : place() == Place::After ? size() : index_;
+        const qint64 next = place() == Place::Gap ? here : here + 1;
+        if (direction == Direction::Forward) {
+            skipped < size() - next ? settleAt(next + skipped) : settle(Place::After);
+        } else {
+            skipped < here ? settleAt(here - 1 - skipped) : settle(Place::Before);
+        }
+    }
+
+    void added(qint64 key) override
+    {
+        keys_.push_back(key);
+        last();
+    }
+
+    void deleted() override
+    {
+        keys_.erase(keys_.begin() + index_);
+        settle(Place::Gap);
+    }
+
+private:
+    [[nodiscard]] qint64 size() const { return static_cast<qint64>(keys_.size()); }
+
+    void settleAt(qint64 index)
+    {
+        index_ = index;
+        settle(Place::Row, keys_[static_cast<std::size_t>(index)]);
+    }
+
+    std::vector<qint64> keys_;
+    qint64 index_ = 0;
+};
+
+} // namespace
+
+void Cursor::settle(Place place, qint64 key)
+{
+    place_ = place;
+    key_ = key;
+}
+
+std::unique_ptr<Cursor> makecursor(Handle& handle, const Query& query, const Layout& layout)
+{
+    const auto order = query.source->order;
+    if (order == Source::Order::Key || (order == Source::Order::Id && layout.idIsRowNumber)) {
+        return std::make_unique<Walk>(handle, query, layout);
+    }
+    return std::make_unique<List>(handle, query, layout);
+}
+
+} // namespace db

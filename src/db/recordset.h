@@ -1,0 +1,75 @@
+#pragma once
+
+#include "db/failure.h"
+#include "db/statements.h"
+
+#include <QAnyStringView>
+#include <QString>
+
+#include <memory>
+
+namespace db {
+
+class Connection;
+
+enum class Lock {
+    ReadOnly,
+    Optimistic ///< rows may be changed; the file is locked only while a change is written
+};
+
+/// A cursor over the rows of a query: it holds keys, and reads a row when a field of it is asked for.
+/// Field names are those of the query, without regard to letter case. Any call may throw Failure.
+class Recordset
+{
+public:
+    Recordset();
+    ~Recordset();
+    Recordset(Recordset&&) noexcept;
+    Recordset& operator=(Recordset&&) noexcept;
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
+
+    /// Stands on the first row afterwards. An open recordset is closed first.
+    void Open(const Query& query, Connection& connection, Lock lock);
+    void Close() noexcept;
+    [[nodiscard]] bool isOpen() const noexcept { return core_ != nullptr; }
+
+    /// Before the first row, after the last row; both where there was no row at all.
+    [[nodiscard]] bool Bof() const;
+    [[nodiscard]] bool Eof() const;
+
+    /// Moves drop an edit that was not written. One row past either end is Eof or Bof, a move further
+    /// than that a Failure. MoveFirst and MoveLast are never a Failure for want of rows.
+    void MoveFirst();
+    void MoveLast();
+    void MoveNext() { Move(1); }
+    void MovePrevious() { Move(-1); }
+
+    /// By `rows` forward, or backward if negative; 0 reads the row anew.
+    void Move(qint64 rows);
+
+    /// The field of the current row, or of the edit in progress. Null reads as "" and 0.
+    [[nodiscard]] QString text(QAnyStringView field) const;
+    [[nodiscard]] qint64 number(QAnyStringView field) const;
+
+    /// Begins a new row; it exists, and is the current one, after Update().
+    void AddNew();
+    void set(QAnyStringView field, const QString& value);
+    void set(QAnyStringView field, qint64 value);
+
+    /// Writes the fields that were set as one transaction; without any edit it does nothing. When it
+    /// fails, the file is unchanged, the edit is dropped and the recordset stands where it stood before.
+    void Update();
+    void CancelUpdate();
+
+    /// Deletes the current row at once. The moves go on from its place.
+    void Delete();
+
+private:
+    class Core;
+    [[nodiscard]] Core& core() const;
+
+    std::unique_ptr<Core> core_;
+};
+
+} // namespace db

@@ -1,0 +1,139 @@
+#include "db/statements.h"
+
+#include "db/sql.h"
+
+#include <array>
+
+namespace db {
+namespace {
+
+constexpr std::array questionFields = {
+    "question_id",    "question", "answer1", "answer2", "answer3", "answer4",
+    "correct_answer", "Level",    "a",       "b",       "c",       "d"};
+constexpr std::array levelFields = {"Level"};
+constexpr std::array idFields = {sql::idField};
+constexpr std::array messageFields = {"message"};
+constexpr std::array accountFields = {"username", "password"};
+
+using Order = Source::Order;
+constexpr Source questionIdsOfLevelSource = {"questions", idFields, levelFields, Order::KeyListed, true};
+constexpr Source questionsOfLevelSource = {"questions", questionFields, levelFields, Order::Key, true};
+constexpr Source questionByIdSource = {"questions", questionFields, idFields, Order::Key, true};
+constexpr Source allQuestionsSource = {"questions", questionFields, {}, Order::Id, true};
+constexpr Source promptMessagesSource = {"locking", messageFields, {}, Order::Key, false};
+constexpr Source accountSource = {"users", accountFields, accountFields, Order::Key, false};
+
+// "one<between>two<between>three", each followed by `after`.
+std::string joined(Fields fields, const std::string& after, const std::string& between)
+{
+    std::string text;
+    for (const char* field : fields) {
+        text.append(text.empty() ? "" : between).append(field).append(after);
+    }
+    return text;
+}
+
+std::string where(const std::string& filter, const std::string& more = {})
+{
+    if (filter.empty() && more.empty()) {
+        return {};
+    }
+    return " where " + filter + (filter.empty() || more.empty() ? "" : " and ") + more;
+}
+
+std::string filterOf(const Source& source)
+{
+    return joined(source.filter, " = ?", " and ");
+}
+
+} // namespace
+
+namespace statements {
+
+Query questionIdsOfLevel(const QString& level)
+{
+    return {&questionIdsOfLevelSource, {level}};
+}
+
+Query questionsOfLevel(const QString& level)
+{
+    return {&questionsOfLevelSource, {level}};
+}
+
+Query questionById(qint64 questionId)
+{
+    return {&questionByIdSource, {questionId}};
+}
+
+Query allQuestions()
+{
+    return {&allQuestionsSource, {}};
+}
+
+Query promptMessages()
+{
+    return {&promptMessagesSource, {}};
+}
+
+Query account(const QString& name, const QString& password)
+{
+    return {&accountSource, {name, password}};
+}
+
+} // namespace statements
+
+namespace sql {
+
+const char* const durable = "pragma synchronous = full";
+
+const char* const tableKind =
+    "select type, wr from pragma_table_list where schema = 'main' and name = ? collate nocase";
+const char* const columns = "select name, pk from pragma_table_xinfo(?)";
+const char* const keyIndexes = "select 1 from pragma_index_list(?) where origin = 'pk'";
+const char* const largestId = "select max(cast(question_id as integer)) from questions";
+
+std::string keys(const Source& source, const std::string& key)
+{
+    // A foreign file may hold its numbers as text.
+    const std::string id = source.order == Source::Order::Id ? "cast(question_id as integer), " : "";
+    return "select " + key + " from " + source.table + where(filterOf(source)) + " order by " + id + key;
+}
+
+std::string neighbour(const Source& source, const std::string& key, Direction direction, bool fromKey)
+{
+    const bool forward = direction == Direction::Forward;
+    const std::string start = fromKey ? key + (forward ? " > ?" : " < ?") : "";
+    return "select " + key + " from " + source.table + where(filterOf(source), start) + " order by " + key +
+           (forward ? "" : " desc") + " limit 1 offset ?";
+}
+
+std::string row(const Source& source, const std::string& key)
+{
+    return "select " + joined(source.fields, "", ", ") + " from " + source.table + where(key + " = ?");
+}
+
+std::string insertion(const char* table, Fields fields)
+{
+    const std::string into = std::string("insert into ") + table;
+    if (fields.empty()) {
+        return into + " default values";
+    }
+    std::string places = "?";
+    for (std::size_t i = 1; i < fields.size(); ++i) {
+        places += ", ?";
+    }
+    return into + " (" + joined(fields, "", ", ") + ") values (" + places + ")";
+}
+
+std::string change(const char* table, Fields fields, const std::string& key)
+{
+    return std::string("update ") + table + " set " + joined(fields, " = ?", ", ") + where(key + " = ?");
+}
+
+std::string deletion(const char* table, const std::string& key)
+{
+    return std::string("delete from ") + table + where(key + " = ?");
+}
+
+} // namespace sql
+} // namespace db
