@@ -184,6 +184,8 @@ void Orv::orv_cmdok_Click()
             label->setEnabled(true);
         eraseoptions->hide();
         LL->setEnabled(true);
+        // Hidden with the focus, the button would pass it to WITHDRAW, and an Enter too many would leave.
+        focus(LL);
         cmdok->hide();
         displayquestion();
         return;

@@ -95,7 +95,8 @@ protected:
     Line* line(const QString& name, TwipPoint from, TwipPoint to, const QColor& colour, int width,
                bool hidden = false);
     Timer* timer(const QString& name, std::chrono::milliseconds period, bool enabled);
-    /// Ends the table of controls: sets the tab order and lifts what lies above.
+    /// Ends the table of controls: sets the tab order, whose first control has the focus at first, and lifts
+    /// what lies above.
     void controlsDone();
 
     void onClick(Label* control, std::function<void()> handler);

@@ -115,6 +115,8 @@ void Form::controlsDone()
     std::ranges::stable_sort(tabs_, {}, &std::pair<int, QWidget*>::first);
     for (std::size_t place = 1; place < tabs_.size(); ++place)
         setTabOrder(tabs_[place - 1].second, tabs_[place].second);
+    if (!tabs_.empty())
+        tabs_.front().second->setFocus();
 }
 
 } // namespace toolkit
