@@ -1,6 +1,6 @@
 #include "admin/login.h"
 #include "game/orv.h"
-#include "narrator/agent.h"
+#include "narrator/host.h"
 #include "shell/back.h"
 #include "shell/mainscreen.h"
 #include "shell/rules.h"

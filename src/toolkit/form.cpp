@@ -238,7 +238,7 @@ void Form::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
         return;
     }
-    QPushButton* pressed = qobject_cast<QPushButton*>(focusWidget());
+    auto* pressed = qobject_cast<QPushButton*>(focusWidget());
     if (!pressed)
         pressed = defaultButton_;
     if (pressed && !event->isAutoRepeat())

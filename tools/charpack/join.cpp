@@ -18,29 +18,35 @@ void readXml(const QString& path, const std::function<void(QXmlStreamReader&)>& 
              const std::function<void(QXmlStreamReader&)>& each)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         throw std::runtime_error((path + u": "_s + file.errorString()).toStdString());
+    }
     QXmlStreamReader xml(&file);
-    if (xml.readNextStartElement())
+    if (xml.readNextStartElement()) {
         root(xml);
+    }
     for (int depth = 1; depth > 0 && !xml.atEnd();) {
         const auto type = xml.readNext();
-        if (type == QXmlStreamReader::StartElement)
+        if (type == QXmlStreamReader::StartElement) {
             ++depth;
-        else if (type == QXmlStreamReader::EndElement)
+        } else if (type == QXmlStreamReader::EndElement) {
             --depth;
-        if (depth > 0 && type != QXmlStreamReader::Invalid)
+        }
+        if (depth > 0 && type != QXmlStreamReader::Invalid) {
             each(xml);
+        }
     }
-    if (xml.hasError())
+    if (xml.hasError()) {
         throw std::runtime_error(
             u"%1, line %2: %3"_s.arg(path).arg(xml.lineNumber()).arg(xml.errorString()).toStdString());
+    }
 }
 
 void copyToken(QXmlStreamReader& from, QXmlStreamWriter& to)
 {
-    if (!from.isStartElement())
+    if (!from.isStartElement()) {
         return to.writeCurrentToken(from);
+    }
     // The namespaces are declared once, in the root.
     to.writeStartElement(from.namespaceUri().toString(), from.name().toString());
     to.writeAttributes(from.attributes());
@@ -61,8 +67,9 @@ QByteArray joinCharacter(const QString& drawing, const QString& rig, const QStri
         out.writeCharacters(u"\n"_s);
         out.writeStartElement(svg.namespaceUri().toString(), u"metadata"_s);
         readXml(rig, copy, copy);
-        for (const QString& file : gestures)
+        for (const QString& file : gestures) {
             readXml(file, nothing, copy);
+        }
         out.writeEndElement(); // character
         out.writeEndElement(); // metadata
     };

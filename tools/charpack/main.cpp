@@ -10,6 +10,7 @@
 #include <QSaveFile>
 
 #include <cstdio>
+#include <exception>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -18,19 +19,21 @@ namespace {
 
 void require(bool done, const QFileDevice& file)
 {
-    if (!done)
+    if (!done) {
         throw std::runtime_error((file.fileName() + QStringLiteral(": ") + file.errorString()).toStdString());
+    }
 }
 
 void join(const std::vector<std::string>& sources, const std::string& output)
 {
     QStringList gestures;
-    for (std::size_t i = 2; i < sources.size(); ++i)
+    for (std::size_t i = 2; i < sources.size(); ++i) {
         gestures += QString::fromStdString(sources[i]);
+    }
     const QByteArray joined =
         joinCharacter(QString::fromStdString(sources[0]), QString::fromStdString(sources[1]), gestures);
     QSaveFile file(QString::fromStdString(output));
-    narrator::Figure(narrator::readCharacter(joined, file.fileName()), file.fileName());
+    const narrator::Figure checked(narrator::readCharacter(joined, file.fileName()), file.fileName());
     require(file.open(QIODevice::WriteOnly), file);
     file.write(joined);
     require(file.commit(), file);
@@ -45,13 +48,13 @@ narrator::Figure load(const std::string& path)
 void draw(const std::string& path, const std::string& output, int poses)
 {
     narrator::Figure figure = load(path);
-    if (!drawSheet(figure, poses).save(QString::fromStdString(output)))
+    if (!drawSheet(figure, poses).save(QString::fromStdString(output))) {
         throw std::runtime_error(output + ": the picture cannot be written");
+    }
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+/// Returns the exit code of the command.
+int run(int argc, char** argv)
 {
     CLI::App app("Joins and checks the character files of the host.");
     app.require_subcommand(1);
@@ -74,16 +77,24 @@ int main(int argc, char** argv)
     drawCommand->add_option("--poses", poses, "Poses of each gesture")->check(CLI::Range(1, 20));
     CLI11_PARSE(app, argc, argv);
 
+    if (*joinCommand) {
+        join(sources, output);
+    } else if (*checkCommand) {
+        load(character);
+    } else {
+        draw(character, output, poses);
+    }
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
     try {
-        if (*joinCommand)
-            join(sources, output);
-        else if (*checkCommand)
-            load(character);
-        else
-            draw(character, output, poses);
-    } catch (const std::runtime_error& failure) {
+        return run(argc, argv);
+    } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
         return 1;
     }
-    return 0;
 }

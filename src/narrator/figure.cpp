@@ -1,0 +1,97 @@
+#include "narrator/figure.h"
+
+#include "narrator/character.h"
+#include "narrator/motion.h"
+
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <algorithm>
+#include <cmath>
+
+namespace narrator {
+
+namespace {
+
+// Turned images stay sharp only if they have more pixels than the screen.
+constexpr double leastDensity = 2;
+constexpr double maxPixels = 8'000'000; ///< of all parts together, at the least density
+
+QRect pixels(const QRectF& bounds, double factor)
+{
+    return QRectF(bounds.topLeft() * factor, bounds.size() * factor).toAlignedRect();
+}
+
+} // namespace
+
+Figure::Figure(CharacterFile file, const QString& name)
+    : file_(std::move(file)), svg_(std::make_unique<QSvgRenderer>())
+{
+    if (!svg_->load(file_.drawing)) {
+        throw LoadFailure((name + QStringLiteral(": the drawing cannot be painted")).toStdString());
+    }
+    const QRectF box = rig().drawing;
+    // A part may stand out of the drawing, as a raised arm does, but not without limit.
+    const QRectF reach = box.adjusted(-box.width() / 2, -box.height() / 2, box.width() / 2, box.height() / 2);
+    double sum = 0;
+    for (const Draw& draw : rig().draws) {
+        const QRectF bounds = svg_->boundsOnElement(draw.part) & reach;
+        bounds_.push_back(bounds);
+        sum += bounds.width() * bounds.height() * std::pow(scale() * leastDensity, 2);
+    }
+    if (!std::isfinite(sum) || sum > maxPixels) {
+        throw LoadFailure((name + QStringLiteral(": the parts of the drawing are too large")).toStdString());
+    }
+}
+
+Figure::~Figure() = default;
+
+double Figure::scale() const
+{
+    return std::min(rig().size.width() / rig().drawing.width(), rig().size.height() / rig().drawing.height());
+}
+
+void Figure::rasterise(double density)
+{
+    density_ = density;
+    images_.clear();
+    const double factor = scale() * density;
+    for (std::size_t i = 0; i < bounds_.size(); ++i) {
+        const QRect area = pixels(bounds_[i], factor);
+        QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
+        if (!image.isNull()) {
+            image.fill(Qt::transparent);
+            QPainter painter(&image);
+            painter.setRenderHint(QPainter::Antialiasing);
+            painter.translate(-area.topLeft());
+            painter.scale(factor, factor);
+            const QString& part = rig().draws[i].part;
+            svg_->render(&painter, part, svg_->boundsOnElement(part));
+        }
+        images_.push_back(image);
+    }
+}
+
+void Figure::paint(QPainter& painter, const Pose& pose, double ratio)
+{
+    const double density = std::max(leastDensity, ratio);
+    if (density != density_) {
+        rasterise(density);
+    }
+    const double factor = scale() * density;
+    painter.save();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.scale(scale(), scale());
+    painter.translate(-rig().drawing.topLeft());
+    const QTransform base = painter.worldTransform();
+    const std::vector<QTransform> bones = boneTransforms(rig(), pose);
+    for (const int index : visibleDraws(rig(), pose)) {
+        const auto i = static_cast<std::size_t>(index);
+        painter.setWorldTransform(bones[static_cast<std::size_t>(rig().draws[i].bone)] * base);
+        const QRect area = pixels(bounds_[i], factor);
+        painter.drawImage(QRectF(QPointF(area.topLeft()) / factor, QSizeF(area.size()) / factor), images_[i]);
+    }
+    painter.restore();
+}
+
+} // namespace narrator

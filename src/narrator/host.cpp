@@ -1,0 +1,147 @@
+#include "narrator/host.h"
+
+#include "narrator/character_file.h"
+#include "narrator/figure.h"
+#include "narrator/player.h"
+#include "narrator/stage.h"
+#include "narrator/voice.h"
+#include "toolkit/clock.h"
+
+#include <QPointer>
+#include <QRandomGenerator>
+
+#include <map>
+
+namespace narrator {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto busyFrame = 33ms;
+constexpr auto idleFrame = 83ms;
+constexpr auto lookPeriod = 1s;
+
+/// A loaded character: gives the player time and the stage frames, as long as the stage is to be seen.
+class Host final : public Character
+{
+public:
+    Host(QWidget& form, toolkit::Clock& clock, const QString& path)
+        : clock_(clock),
+          figure_(readCharacterFile(path), path),
+          player_(
+              figure_.rig(), voice_, [] { return QRandomGenerator::global()->generateDouble(); },
+              clock.now()),
+          stage_(new Stage(form, figure_)),
+          timer_(clock, idleFrame)
+    {
+        stage_->onVisibility([this] { update(); });
+        timer_.onTick([this] { update(); });
+    }
+
+    ~Host() override
+    {
+        if (stage_) {
+            stage_->leave();
+            stage_->deleteLater();
+        }
+    }
+
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+
+    void Show() override
+    {
+        if (stage_) {
+            stage_->enter();
+        }
+        update();
+    }
+
+    void Stop() override
+    {
+        player_.stop(clock_.now());
+        update();
+    }
+
+    void Play(const QString& animation) override
+    {
+        player_.play(animation, clock_.now());
+        update();
+    }
+
+    void Speak(const QString& text) override
+    {
+        player_.speak(text, clock_.now());
+        update();
+    }
+
+private:
+    void update()
+    {
+        if (!stage_ || !stage_->isVisible()) {
+            timer_.setEnabled(false);
+            return;
+        }
+        const auto now = clock_.now();
+        stage_->present(player_.frame(now));
+        if (now >= nextLook_) {
+            stage_->lookAround();
+            nextLook_ = now + lookPeriod;
+        }
+        const auto period = player_.idle(now) ? idleFrame : busyFrame;
+        if (timer_.intervalAsDuration() != period) {
+            timer_.setEnabled(false);
+            timer_.setInterval(period);
+        }
+        timer_.setEnabled(true);
+    }
+
+    toolkit::Clock& clock_;
+    Figure figure_;
+    SilentVoice voice_;
+    Player player_;
+    QPointer<Stage> stage_;
+    toolkit::Timer timer_;
+    std::chrono::milliseconds nextLook_{0};
+};
+
+class LoadedCharacters final : public Characters
+{
+public:
+    LoadedCharacters(QWidget& form, toolkit::Clock& clock) : form_(&form), clock_(clock) {}
+
+    void Load(const QString& id, const QString& path) override
+    {
+        if (hosts_.contains(id)) {
+            throw LoadFailure(id.toStdString() + " is loaded already");
+        }
+        if (!form_) {
+            throw LoadFailure("the form of the host is gone");
+        }
+        hosts_.emplace(id, std::make_unique<Host>(*form_, clock_, path));
+    }
+
+    Character& Item(const QString& id) override
+    {
+        const auto found = hosts_.find(id);
+        if (found == hosts_.end()) {
+            throw LoadFailure("there is no character " + id.toStdString());
+        }
+        return *found->second;
+    }
+
+private:
+    QPointer<QWidget> form_;
+    toolkit::Clock& clock_;
+    std::map<QString, std::unique_ptr<Host>> hosts_;
+};
+
+} // namespace
+
+std::unique_ptr<Characters> makeCharacters(QWidget& form, toolkit::Clock& clock)
+{
+    return std::make_unique<LoadedCharacters>(form, clock);
+}
+
+} // namespace narrator

@@ -1,0 +1,143 @@
+#include "narrator/player.h"
+
+#include "narrator/balloon_text.h"
+
+#include <algorithm>
+
+namespace narrator {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto leastReadingTime = 1500ms;
+constexpr auto settling = 200ms; ///< a moment longer than the way back to rest takes
+constexpr auto lidsFalling = 60ms;
+constexpr auto lidsShut = 100ms; ///< from here they rise
+constexpr auto blinkLength = 180ms;
+
+double sinceMs(std::chrono::milliseconds start, std::chrono::milliseconds now)
+{
+    return static_cast<double>((now - start).count());
+}
+
+} // namespace
+
+Player::Player(const Rig& rig, Voice& voice, std::function<double()> random, Milliseconds now)
+    : rig_(rig),
+      voice_(voice),
+      random_(std::move(random)),
+      queue_(*this),
+      motion_{nullptr, rig.rest},
+      motionStart_(now),
+      requestStart_(now),
+      nextBlink_(now + 2s)
+{
+}
+
+void Player::play(const QString& gesture, Milliseconds now)
+{
+    queue_.add({Request::Kind::Gesture, gesture}, now);
+}
+
+void Player::speak(const QString& text, Milliseconds now)
+{
+    queue_.add({Request::Kind::Speech, text}, now);
+}
+
+void Player::stop(Milliseconds now)
+{
+    queue_.advance(now);
+    queue_.stop(now);
+}
+
+Frame Player::frame(Milliseconds now)
+{
+    queue_.advance(now);
+    Frame frame{poseAt(rig_, motion_, sinceMs(motionStart_, now)), said_, 0};
+    addSines(rig_, frame.pose, static_cast<double>(now.count()));
+    closeLids(rig_, frame.pose, lidsClosed(now));
+    if (!said_.isEmpty()) {
+        shapeMouth(rig_, frame.pose, voice_.mouth(now));
+        const Milliseconds start = voice_.firstWord(now).value_or(now);
+        frame.read = std::clamp(sinceMs(start, now) / sinceMs(0ms, reading_), 0.0, 1.0);
+    }
+    return frame;
+}
+
+bool Player::idle(Milliseconds now) const
+{
+    return queue_.idle() && now >= motionStart_ + settling;
+}
+
+void Player::begin(const Request& request, Milliseconds start)
+{
+    requestStart_ = start;
+    if (request.kind == Request::Kind::Gesture) {
+        if (const Gesture* gesture = rig_.gesture(request.text)) {
+            turnTo(gesture, start);
+        }
+    } else if (reading_ = readingTime(request.text); reading_ > 0ms) {
+        said_ = request.text;
+        voice_.say(said_, start);
+    }
+}
+
+std::optional<Player::Milliseconds> Player::ended(Milliseconds now)
+{
+    Milliseconds end = requestStart_;
+    if (motion_.gesture) {
+        end += Milliseconds(static_cast<qint64>(motion_.gesture->lengthMs));
+    }
+    if (!said_.isEmpty()) {
+        const auto first = voice_.firstWord(now);
+        const auto last = voice_.lastWord(now);
+        if (!first || !last) {
+            return {};
+        }
+        end = std::max(*first + reading_, *last);
+    }
+    return end <= now ? std::optional(end) : std::nullopt;
+}
+
+void Player::finish(Milliseconds time)
+{
+    if (motion_.gesture) {
+        turnTo(nullptr, time);
+    }
+    if (!said_.isEmpty()) {
+        voice_.hush();
+    }
+    said_.clear();
+}
+
+void Player::turnTo(const Gesture* gesture, Milliseconds time)
+{
+    motion_ = {gesture, poseAt(rig_, motion_, sinceMs(motionStart_, time))};
+    motionStart_ = time;
+}
+
+double Player::lidsClosed(Milliseconds now)
+{
+    if (now >= nextBlink_ + blinkLength) {
+        nextBlink_ = now + 2s + Milliseconds(static_cast<qint64>(random_() * 4000));
+    }
+    if (now < nextBlink_) {
+        return 0;
+    }
+    const Milliseconds since = now - nextBlink_;
+    if (since < lidsFalling) {
+        return sinceMs(0ms, since) / sinceMs(0ms, lidsFalling);
+    }
+    return since < lidsShut ? 1 : 1 - sinceMs(lidsShut, since) / sinceMs(lidsShut, blinkLength);
+}
+
+std::chrono::milliseconds readingTime(const QString& text)
+{
+    if (shownText(text).isEmpty()) {
+        return 0ms;
+    }
+    return std::max(std::chrono::milliseconds(leastReadingTime), readingPace(text.size()));
+}
+
+} // namespace narrator

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "narrator/motion.h"
+#include "narrator/request_queue.h"
+#include "narrator/voice.h"
+
+#include <QString>
+
+#include <chrono>
+#include <functional>
+#include <optional>
+
+namespace narrator {
+
+/// What there is to see of the host at one moment.
+struct Frame
+{
+    Pose pose;
+    QString said;    ///< the text being said as it was given, empty for none
+    double read = 0; ///< the share of it that has been read, 0 to 1
+};
+
+/// Turns requests and time into frames: the gesture or speech being carried out, with breathing,
+/// blinks and the mouth laid over it. Time is passed in and never runs backwards.
+class Player final : private Performer
+{
+public:
+    using Milliseconds = std::chrono::milliseconds;
+
+    /// `random` gives numbers from 0 up to 1; rig and voice must outlive the player.
+    Player(const Rig& rig, Voice& voice, std::function<double()> random, Milliseconds now);
+
+    void play(const QString& gesture, Milliseconds now);
+    void speak(const QString& text, Milliseconds now);
+    void stop(Milliseconds now);
+
+    [[nodiscard]] Frame frame(Milliseconds now);
+
+    /// Nothing is being carried out, and the figure has come to rest.
+    [[nodiscard]] bool idle(Milliseconds now) const;
+
+private:
+    void begin(const Request& request, Milliseconds start) override;
+    std::optional<Milliseconds> ended(Milliseconds now) override;
+    void finish(Milliseconds time) override;
+
+    void turnTo(const Gesture* gesture, Milliseconds time);
+    [[nodiscard]] double lidsClosed(Milliseconds now);
+
+    const Rig& rig_;
+    Voice& voice_;
+    std::function<double()> random_;
+    RequestQueue queue_;
+    Motion motion_;
+    Milliseconds motionStart_;
+    Milliseconds requestStart_;
+    Milliseconds nextBlink_;
+    QString said_;
+    Milliseconds reading_{0}; ///< the time said_ takes to be read
+};
+
+/// How long a text stays: the longer of 1.5 s and the time its characters take to be read; nothing if
+/// there is nothing to read.
+[[nodiscard]] std::chrono::milliseconds readingTime(const QString& text);
+
+} // namespace narrator

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "narrator/figure.h"
+#include "narrator/player.h"
+
+#include <QImage>
+#include <QPointer>
+#include <QRegion>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+namespace narrator {
+
+class Balloon;
+
+/// The host's window beside the game form: the figure with the balloon above it. It goes where the form
+/// goes and is hidden with it. Where windows cannot be placed it is a child over the form's lower right
+/// corner instead.
+class Stage final : public QWidget
+{
+public:
+    /// The form owns the stage; the figure must outlive it or be left alone by a last `leave`.
+    Stage(QWidget& form, Figure& figure);
+
+    /// From now on the host is to be seen whenever the form is.
+    void enter();
+    /// Never to be seen or to paint again.
+    void leave();
+
+    void present(const Frame& frame);
+
+    /// Looks again where the form is and whether windows are blended.
+    void lookAround();
+
+    /// Called when the stage comes to be seen or is hidden.
+    void onVisibility(std::function<void()> handler) { visibility_ = std::move(handler); }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    [[nodiscard]] bool embedded() const { return !isWindow(); }
+    void showWithForm();
+    void follow();
+    void drawFigure();
+    void updateShape();
+    [[nodiscard]] QRegion figureShape() const;
+
+    QWidget& form_;
+    Figure* figure_;
+    Balloon* balloon_;
+    std::function<void()> visibility_;
+    bool entered_ = false;
+    bool composited_ = true;
+    std::optional<Pose> pose_;
+    QImage image_; ///< the lower part of the stage, with the figure as last painted
+    QRegion shape_;
+    std::optional<QPoint> offset_;  ///< from the form's right lower corner, once the user has moved the host
+    std::optional<QPoint> pressed_; ///< where the mouse went down, relative to the stage
+    bool dragged_ = false;
+};
+
+} // namespace narrator
