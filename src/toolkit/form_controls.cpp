@@ -110,8 +110,7 @@ Timer* Form::timer(const QString& name, std::chrono::milliseconds period, bool e
 
 void Form::controlsDone()
 {
-    for (auto control = lifted_.rbegin(); control != lifted_.rend(); ++control)
-        (*control)->raise();
+    std::for_each(lifted_.rbegin(), lifted_.rend(), [](QWidget* control) { control->raise(); });
     std::ranges::stable_sort(tabs_, {}, &std::pair<int, QWidget*>::first);
     for (std::size_t place = 1; place < tabs_.size(); ++place)
         setTabOrder(tabs_[place - 1].second, tabs_[place].second);

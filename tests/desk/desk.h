@@ -1,0 +1,80 @@
+#pragma once
+
+#include "process.h"
+#include "scene.h"
+
+#include <QLocalSocket>
+#include <QTemporaryDir>
+
+#include <chrono>
+#include <functional>
+#include <stdexcept>
+
+namespace desk {
+
+struct DeskSettings
+{
+    QSize screen = {1024, 768};
+    QString manager = "openbox";
+    QString scale = {}; ///< the factor that the desktop asks Qt programs to grow by
+};
+
+/// A desk of its own for one test: an X display, a window manager, and the program in a directory of its
+/// own. What the program shows is only looked at; all that is done to it comes from mouse and keyboard.
+class Desk
+{
+public:
+    explicit Desk(const DeskSettings& settings = {});
+
+    /// Starts the program in `directory` and waits for its first window.
+    void start(const QString& directory);
+
+    [[nodiscard]] Scene look();
+    /// Looks until `holds`; throws std::runtime_error if it does not within the deadline.
+    Scene until(const std::string& what, const std::function<bool(const Scene&)>& holds);
+
+    /// Waits until a click on the middle of the control would reach its window; returns that point.
+    QPoint aim(const QString& screen, const QString& control);
+    void click(const QString& screen, const QString& control, int times = 1);
+    /// Whether the window has the keyboard, and has had it for a moment: a window manager may move the focus
+    /// to and fro while windows come and go.
+    [[nodiscard]] bool hasKeyboard(Window window);
+    /// Waits for a box, which must be the only one.
+    Box box();
+    /// Presses a button of the box that is open and waits until that box is gone; returns it.
+    Box answer(const QString& button);
+    /// Waits until the name prompt takes text; then types over what stands in it and presses Enter, or
+    /// cancels it for an empty name.
+    Prompt enterName(const QString& name);
+
+    /// Waits for the program's end; its exit code.
+    int exitCode();
+    [[nodiscard]] bool running() { return program_ && !program_->ended(); }
+    /// All that the program has printed since the last call, both streams.
+    [[nodiscard]] QByteArray printed();
+    /// The addresses that the program had opened, one a line.
+    [[nodiscard]] QByteArray opened() const;
+    [[nodiscard]] Window windowOf(const QString& screen) { return look().at(screen).window; }
+
+    /// The environment of programs on this desk.
+    [[nodiscard]] QProcessEnvironment environment() const;
+
+private:
+    void startDisplay(const DeskSettings& settings);
+    void startManager(const DeskSettings& settings);
+    QPoint aimAt(const std::string& what, const std::function<const ShownWindow*(const Scene&)>& pick,
+                 const QString& control);
+
+    QTemporaryDir room_; ///< sockets, logs and notes; nothing of the program's
+    QByteArray displayName_;
+    QString scale_;
+    std::unique_ptr<Process> server_;
+    std::unique_ptr<Process> manager_;
+    std::unique_ptr<Process> program_;
+    QLocalSocket inspector_;
+
+public:
+    std::unique_ptr<Display> display;
+};
+
+} // namespace desk

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "desk.h"
+
+#include "support/bank.h"
+
+#include <gtest/gtest.h>
+
+namespace desk {
+
+/// A contestant at a desk of their own, with a question bank whose right answers are spread over the four
+/// options. At the end of every test the program has printed nothing and left no file beside the bank.
+class Player : public testing::Test
+{
+protected:
+    void SetUp() override;
+    void TearDown() override;
+
+    /// Sits down at the desk and starts the program.
+    void begin(const DeskSettings& settings = {});
+    void toRules();
+    /// Goes on to the open name prompt.
+    void toPrompt();
+    /// Goes on to question 1.
+    void toQuestion(const QString& name = "Guest");
+
+    /// Which option (1 to 4) of the question on the screen is right, by the bank.
+    [[nodiscard]] int right();
+    [[nodiscard]] int wrong() { return right() % 4 + 1; }
+    /// Clicks option k and waits for the box that asks whether to lock it.
+    Box choose(int k);
+    /// Locks the right answer and waits for the prize to be announced; what the screen then says.
+    QString win();
+    /// From won question to next question.
+    void next();
+    /// Wins questions until question n has been won, from an open question.
+    void winTo(int n);
+
+    [[nodiscard]] QString says() { return desk->look().text("orv", "question"); }
+    /// Who chose what in the whole bank, beyond the tallies that it started with: "11a 23c".
+    [[nodiscard]] std::string choices() const;
+    /// The choice of option k of the question on the screen, as choices() puts it.
+    [[nodiscard]] std::string choice(int k);
+    [[nodiscard]] std::string names() const;
+
+    support::Bank bank;
+    std::unique_ptr<Desk> desk;
+    std::string files = "orv.orv"; ///< what lies in the program's directory at the end
+};
+
+/// The title, text, icon and buttons of the farewell box.
+extern const char* const farewell;
+
+} // namespace desk
