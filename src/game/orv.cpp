@@ -81,7 +81,8 @@ void Orv::addPoll()
 {
     const QFont medium = verdana(9.75, Weight::Bold);
     hidepoll = shape("hidepoll", {120, 1200, 2655, 2295}, {.fill = ground, .outline = ground});
-    label("Label1", {360, 1200, 2175, 375}, "  A       B        C       D", {.font = medium, .colour = Qt::white});
+    auto* letters = label("Label1", {360, 1200, 2175, 375}, "  A       B        C       D", {.font = medium, .colour = Qt::white});
+    letters->setWordsSpread(187.5, 600);
     for (int i = 0; i < options; ++i)
         pollbar[i] = shape(element("pollbar", i), {360.0 + 600 * i, 1515, 375, 1500}, {.fill = paleYellow});
     for (int i = 0; i < options; ++i)
@@ -157,6 +158,12 @@ void Orv::connectHandlers()
     onGotFocus(cmdokquit, [this] { orv_cmdokquit_GotFocus(); });
     onClick(mws, [this] { orv_mws_Click(); });
     onTick(flash, [this] { orv_flash_Timer(); });
+    onClick(LL, [this] { orv_LL_Click(); });
+    onClick(lifeline[0], [this] { orv_lifeline1_Click(); });
+    onClick(lifeline[1], [this] { orv_lifeline2_Click(); });
+    onClick(lifeline[2], [this] { orv_lifeline3_Click(); });
+    onTick(lifelinetimer, [this] { orv_lifelinetimer_Timer(); });
+    onTick(random, [this] { orv_random_Timer(); });
 }
 
 } // namespace game

@@ -62,6 +62,18 @@ private:
     void orv_cmdok_Click();
     [[nodiscard]] static QString answerOf(const toolkit::Label& option);
 
+    // Lifelines and their panel (orv_lifelines.cpp)
+    void orv_LL_Click();
+    void orv_lifeline1_Click();
+    void showShare(int i, bool shown, int percent);
+    void orv_lifeline2_Click();
+    void orv_lifelinetimer_Timer();
+    void orv_lifeline3_Click();
+    void refuseLifeline(const QString& animation);
+
+    // Idle prompts (orv_prompts.cpp)
+    void orv_random_Timer();
+
     // Withdrawal and end (orv_end.cpp)
     void orv_leave_Click();
     void orv_cmdokquit_GotFocus();

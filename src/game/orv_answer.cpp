@@ -1,3 +1,4 @@
+#include "game/answers.h"
 #include "game/draw.h"
 #include "game/orv.h"
 
@@ -13,12 +14,6 @@ namespace {
 
 const QColor green(0, 192, 0);
 constexpr qsizetype optionPrefix = 3; // "A> "
-const char* const tallies[] = {"a", "b", "c", "d"};
-
-bool sameAnswer(const QString& answer, const QString& correctAnswer)
-{
-    return answer.toLower() == correctAnswer.toLower();
-}
 
 } // namespace
 

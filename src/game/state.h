@@ -44,6 +44,7 @@ struct GameState
     bool hostready = false;
 
     QString stagetext = ladderPanelText(); ///< with its marks; the box on screen drops carriage returns
+    int clockcount = 0;                    ///< seconds of ask a friend
     bool begun = false;                    ///< a question has been shown
     bool toldOfMissingPrompts = false;
 };

@@ -48,14 +48,34 @@ void Label::sizeToText()
     setGeometry(left, y(), needed.width(), needed.height());
 }
 
+void Label::setWordsSpread(double first, double distance)
+{
+    firstWord_ = first;
+    wordDistance_ = distance;
+}
+
+void Label::paintSpread(QPainter& painter) const
+{
+    const QStringList words = text().split(QChar::Space, Qt::SkipEmptyParts);
+    const int distance = pixels(wordDistance_);
+    for (int place = 0; place < words.size(); ++place) {
+        const QRect box(pixels(firstWord_) + place * distance - distance / 2, 0, distance, height());
+        painter.drawText(box, Qt::AlignHCenter | Qt::AlignTop, words[place]);
+    }
+}
+
 void Label::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     if (isOpaque())
         painter.fillRect(rect(), palette().color(QPalette::Window));
-    if (bordered_) {
-        painter.setPen(palette().color(QPalette::WindowText));
+    painter.setPen(
+        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    if (bordered_)
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    if (wordDistance_ > 0) {
+        paintSpread(painter);
+        return;
     }
     const int flags = static_cast<int>(alignment()) | Qt::TextWordWrap;
     QRect box = rect();
@@ -63,8 +83,6 @@ void Label::paintEvent(QPaintEvent*)
         box.adjust(2, 1, -2, -1);
     const FittedText shown = fitted(text(), font(), box.size(), flags);
     painter.setFont(shown.font);
-    painter.setPen(
-        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
     painter.drawText(box, shown.flags | Qt::TextDontClip, shown.text);
 }
 

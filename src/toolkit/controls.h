@@ -28,6 +28,9 @@ public:
     /// Makes the label as large as its text from now on; it grows from its left edge, or from its middle
     /// if its text is centred.
     void setSizedToText();
+    /// Draws each word of the text by itself, centred on a place of its own: the first `first` twips from the
+    /// left edge, the others `distance` apart. The blanks between them no longer matter.
+    void setWordsSpread(double first, double distance);
     void setText(const QString& text);
 
     std::function<void()> onClick;
@@ -43,7 +46,10 @@ protected:
 
 private:
     void sizeToText();
+    void paintSpread(QPainter& painter) const;
 
+    double firstWord_ = 0;
+    double wordDistance_ = 0; ///< 0: the text is one
     bool bordered_ = false;
     bool sizedToText_ = false;
     bool pressed_ = false;

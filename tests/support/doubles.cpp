@@ -22,6 +22,11 @@ void ScriptedDialogs::expectInput(const QString& prompt, const QString& answer,
     script_.push_back({"input", {prompt}, true, answer, std::move(meanwhile)});
 }
 
+void ScriptedDialogs::expectNoticeNext(const QString& text)
+{
+    script_.push_front({"notice", {text}, true, {}, {}});
+}
+
 void ScriptedDialogs::expectNoticeWith(const QStringList& parts)
 {
     script_.push_back({"notice", parts, false, {}, {}});

@@ -20,6 +20,8 @@ public:
     void expectNotice(const QString& text, std::function<void()> meanwhile = {});
     void expectConfirm(const QString& text, bool answer, std::function<void()> meanwhile = {});
     void expectInput(const QString& prompt, const QString& answer, std::function<void()> meanwhile = {});
+    /// A notice that comes before all that is expected already: one over an open box.
+    void expectNoticeNext(const QString& text);
     /// A notice whose text holds all of `parts`.
     void expectNoticeWith(const QStringList& parts);
 
