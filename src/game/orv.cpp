@@ -43,7 +43,8 @@ void Orv::addControls()
     addFrontControls();
     eraseoptions = shape("eraseoptions", {75, 4680, 8575, 1335}, {.fill = ground, .outline = ground, .cover = true}, true);
     addPoll();
-    clock = label("clock", {7800, 1080, 615, 495}, "0", {.font = verdana(20.25, Weight::Bold), .colour = QColor(192, 0, 0), .hidden = true});
+    clock = label("clock", {7800, 1080, 615, 495}, "0", {.font = verdana(20.25, Weight::Bold), .colour = QColor(192, 0, 0), .middle = true, .hidden = true});
+    clock->setWordsSpread(127.5, 975); // in the middle of its disc
     clockback = shape("clockback", {7440, 840, 975, 975},
                       {.kind = Shape::Kind::Circle, .fill = paleYellow, .outline = QColor(255, 192, 192), .outlineWidth = 3}, true);
     addCrosses();

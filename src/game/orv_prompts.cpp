@@ -12,9 +12,9 @@ void Orv::orv_random_Timer()
                                 state.fiftyused};
     const Prompt prompt = promptNumber(pickedPrompt(services().random.next()), context);
     narrate(Queued, prompt.animation, prompt.text);
-    if (prompt.opens == Prompt::Opens::Lifelines && state.lifelinespanel == Panel::Closed)
+    if (prompt.opens == Prompt::Opens::LifelinesPanel && state.lifelinespanel == Panel::Closed)
         orv_LL_Click();
-    if (prompt.opens == Prompt::Opens::Ladder && state.statuspanel == Panel::Closed)
+    if (prompt.opens == Prompt::Opens::LadderPanel && state.statuspanel == Panel::Closed)
         orv_mws_Click();
 }
 

@@ -19,7 +19,7 @@ Prompt promptNumber(int k, const PromptContext& context)
     case 1:
         return {"sad", "You don't know the answer?"};
     case 2:
-        return {"suggest", "Try using the lifelines?", Opens::Lifelines};
+        return {"suggest", "Try using the lifelines?", Opens::LifelinesPanel};
     case 3:
         return {"think", "are you still thinking?"};
     case 4:
@@ -31,7 +31,7 @@ Prompt promptNumber(int k, const PromptContext& context)
                                amountinwords(context.safeamount)};
     case 7:
         return {"Greet", "You have currently won rupees " + amountinwords(prizeLadder()[answered]) + "!",
-                Opens::Ladder};
+                Opens::LadderPanel};
     case 9:
         return unless(context.pollused, {"", "Try using Statistics poll!!"});
     case 10:

@@ -19,7 +19,7 @@ struct PromptContext
 /// What the host does to an undecided contestant.
 struct Prompt
 {
-    enum class Opens { Nothing, Lifelines, Ladder };
+    enum class Opens { Nothing, LifelinesPanel, LadderPanel };
 
     QString animation; ///< none if empty
     QString text;      ///< none if empty

@@ -60,7 +60,8 @@ void Label::paintSpread(QPainter& painter) const
     const int distance = pixels(wordDistance_);
     for (int place = 0; place < words.size(); ++place) {
         const QRect box(pixels(firstWord_) + place * distance - distance / 2, 0, distance, height());
-        painter.drawText(box, Qt::AlignHCenter | Qt::AlignTop, words[place]);
+        painter.drawText(box, Qt::AlignHCenter | static_cast<int>(alignment() & Qt::AlignVertical_Mask),
+                         words[place]);
     }
 }
 
