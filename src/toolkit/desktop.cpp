@@ -1,6 +1,7 @@
 #include "toolkit/desktop.h"
 
 #include <QByteArray>
+#include <QColor>
 #include <QGuiApplication>
 #include <QWindow>
 
@@ -9,6 +10,20 @@
 #include <cstdio>
 
 namespace toolkit {
+
+namespace {
+
+/// The connection to the X server; none where there is another window system.
+xcb_connection_t* connection()
+{
+    // The platform without a screen offers the interface too, with nothing behind it.
+    if (QGuiApplication::platformName() != "xcb")
+        return nullptr;
+    const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->connection() : nullptr;
+}
+
+} // namespace
 
 std::optional<std::string> prepareDesktop()
 {
@@ -32,14 +47,21 @@ std::optional<std::string> prepareDesktop()
 void keepAbove(QWindow& window, QWindow& behind)
 {
     window.setTransientParent(&behind);
-    // The platform without a screen offers the interface too, with nothing behind it.
-    const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11 || QGuiApplication::platformName() != "xcb")
-        return;
     // Qt tells X of a transient parent only for dialogs and tools, and takes it back when it maps the window.
-    const auto parent = static_cast<xcb_window_t>(behind.winId());
-    xcb_change_property(x11->connection(), XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window.winId()),
-                        XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, 1, &parent);
+    if (xcb_connection_t* const x11 = connection()) {
+        const auto parent = static_cast<xcb_window_t>(behind.winId());
+        xcb_change_property(x11, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(window.winId()),
+                            XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, 1, &parent);
+    }
+}
+
+void setGround(QWindow& window, const QColor& colour)
+{
+    if (xcb_connection_t* const x11 = connection()) {
+        const std::uint32_t pixel = colour.rgb() & RGB_MASK;
+        xcb_change_window_attributes(x11, static_cast<xcb_window_t>(window.winId()), XCB_CW_BACK_PIXEL,
+                                     &pixel);
+    }
 }
 
 void silenceLibraryWarnings()

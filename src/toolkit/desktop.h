@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+class QColor;
 class QWindow;
 
 namespace toolkit {
@@ -13,6 +14,9 @@ namespace toolkit {
 
 /// Has the window manager keep `window`, which must be on screen, above `behind`, whichever is clicked.
 void keepAbove(QWindow& window, QWindow& behind);
+
+/// Has the window system fill what comes into view of a growing window until the program has painted it.
+void setGround(QWindow& window, const QColor& colour);
 
 /// Drops what the libraries would print of an unusual desktop; the player can do nothing with it.
 void silenceLibraryWarnings();

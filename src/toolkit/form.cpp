@@ -1,5 +1,6 @@
 #include "toolkit/form.h"
 
+#include "toolkit/desktop.h"
 #include "toolkit/screens.h"
 
 #include <QCloseEvent>
@@ -217,6 +218,12 @@ bool Form::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::FocusIn)
         focusMoved(qobject_cast<QWidget*>(watched));
     return QWidget::eventFilter(watched, event);
+}
+
+void Form::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    setGround(*windowHandle(), palette().color(QPalette::Window));
 }
 
 // The window system asks; whether and when the window goes is the screen's business.
