@@ -21,7 +21,8 @@ const QColor lit(255, 255, 128);
 QIcon applicationIcon()
 {
     QIcon icon;
-    for (const int size : {16, 22, 32, 48, 64, 128, 256})
+    // Larger ones would be a quarter of the program's start; window lists show none.
+    for (const int size : {16, 22, 32, 48})
         icon.addFile(QStringLiteral(":/pictures/icon/%1.png").arg(size), QSize(size, size));
     return icon;
 }

@@ -2,6 +2,7 @@
 
 #include "toolkit/twips.h"
 
+#include <QFontDatabase>
 #include <QFontMetrics>
 #include <QStringList>
 
@@ -16,9 +17,11 @@ constexpr int smallestPixels = 8;
 // More characters than any box of these screens can show; laying out a book would only cost time.
 constexpr qsizetype mostCharacters = 2000;
 
-QFont sized(const QStringList& families, double points)
+// Asking for a family that is not there makes Qt read every alias of every font.
+QFont sized(const QString& family, double points)
 {
-    QFont font(families);
+    static const QStringList installed = QFontDatabase::families();
+    QFont font(installed.contains(family) ? family : QStringLiteral("DejaVu Sans"));
     font.setPixelSize(pixels(points * twipsPerPoint));
     return font;
 }
@@ -34,14 +37,14 @@ bool fits(const QString& text, const QFont& font, QSize size, int flags)
 
 QFont verdana(double points, Weight weight)
 {
-    QFont font = sized({QStringLiteral("Verdana"), QStringLiteral("DejaVu Sans")}, points);
+    QFont font = sized(QStringLiteral("Verdana"), points);
     font.setBold(weight == Weight::Bold);
     return font;
 }
 
 QFont arialBlack(double points)
 {
-    QFont font = sized({QStringLiteral("Arial Black"), QStringLiteral("DejaVu Sans")}, points);
+    QFont font = sized(QStringLiteral("Arial Black"), points);
     font.setWeight(QFont::Black);
     return font;
 }
