@@ -30,10 +30,13 @@ function(orvanta_library name)
     target_link_libraries(${name} PUBLIC orvanta_options)
 endfunction()
 
+add_custom_target(unit_tests)
+
 # orvanta_test(NAME sources...): a GoogleTest program that runs offscreen, registered with ctest.
 function(orvanta_test name)
     add_executable(${name} ${ARGN})
     target_link_libraries(${name} PRIVATE orvanta_options GTest::gtest)
     add_test(NAME ${name} COMMAND ${name})
+    add_dependencies(unit_tests ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()
