@@ -25,6 +25,7 @@ QString Orv::answerOf(const toolkit::Label& option)
 void Orv::orv_option_Click(int k)
 {
     auto* chosen = option[k - 1];
+    // The cover keeps the mouse away, but not what presses a control by its name.
     if (state.answered || eraseoptions->isVisible())
         return;
     if (chosen->text().isEmpty()) {

@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <thread>
 
 namespace desk {
@@ -176,12 +177,11 @@ Box Desk::box()
     return scene.boxes.front();
 }
 
-Box Desk::answer(const QString& button)
+Box Desk::answer(const QString& button, const Box& open)
 {
-    Box open = box();
     const auto pick = [&](const Scene& scene) -> const ShownWindow* {
-        return !scene.boxes.empty() && scene.boxes.front().window == open.window ? &scene.boxes.front()
-                                                                                 : nullptr;
+        const auto found = std::ranges::find(scene.boxes, open.window, &Box::window);
+        return found == scene.boxes.end() ? nullptr : &*found;
     };
     display->click(aimAt("the button " + button.toStdString(), pick, button));
     until("the end of the box \"" + open.text.toStdString() + "\"",

@@ -41,8 +41,10 @@ public:
     [[nodiscard]] bool hasKeyboard(Window window);
     /// Waits for a box, which must be the only one.
     Box box();
-    /// Presses a button of the box that is open and waits until that box is gone; returns it.
-    Box answer(const QString& button);
+    /// Presses a button of the box that is open, or of the given one of several, and waits until that box is
+    /// gone; returns it.
+    Box answer(const QString& button) { return answer(button, box()); }
+    Box answer(const QString& button, const Box& open);
     /// Waits until the name prompt takes text; then types over what stands in it and presses Enter, or
     /// cancels it for an empty name.
     Prompt enterName(const QString& name);

@@ -88,7 +88,7 @@ void SteppedClock::advance(std::chrono::milliseconds span)
             next->second += timer->intervalAsDuration();
         QMetaObject::invokeMethod(timer, "timeout");
     }
-    now_ = end;
+    now_ = std::max(now_, end); // a tick may have advanced further
 }
 
 float ScriptedRandom::next()
