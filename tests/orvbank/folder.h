@@ -1,31 +1,58 @@
 #pragma once
 
+#include <QByteArrayList>
+#include <QDir>
 #include <QTemporaryDir>
 
-#include <filesystem>
+#include <fstream>
 #include <string>
-#include <vector>
+
+/// A question that obeys every rule, unless `text` takes the place of one of its nine lines.
+inline std::string record(const std::string& level, const std::string& question, qsizetype line = 2,
+                          const std::string& text = "topic: words")
+{
+    const char* const usual = "level: \ntopic: words\nquestion: \nA: one\nB: the two\nC: three\nD: four\n"
+                              "right: B\nwhy: because";
+    QByteArrayList lines = QByteArray(usual).split('\n');
+    lines[0] += level.c_str();
+    lines[2] += question.c_str();
+    lines[line - 1] = text.c_str();
+    return lines.join('\n').toStdString() + "\n\n";
+}
 
 /// A temporary folder with the source of a bank, just large enough, in its subfolder "data".
 class Folder
 {
 public:
-    Folder();
+    Folder()
+    {
+        std::string questions;
+        for (const std::string question : {"1", "2", "3", "4", "5"}) {
+            questions += record("1", question + " one?") + record("2", question + " two?") +
+                         record("3", question + " three?");
+        }
+        QDir(directory_.path()).mkdir("data");
+        write("data/questions-1.txt", questions);
+        write("data/prompts.txt", "Shall I?\n");
+    }
 
     /// Writes `content`, byte for byte, to the file `name` of this folder.
-    void write(const std::string& name, const std::string& content) const;
-    [[nodiscard]] std::string read(const std::string& name) const;
+    void write(const std::string& name, const std::string& content) const
+    {
+        std::ofstream(path(name), std::ios::binary) << content;
+    }
 
-    /// Names of what is in this folder, "data" left out, in order.
-    [[nodiscard]] std::vector<std::string> names() const;
+    /// Names of all that is in this folder.
+    [[nodiscard]] QStringList names() const
+    {
+        return QDir(directory_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
 
-    [[nodiscard]] std::string path(const std::string& name) const { return (root_ / name).string(); }
+    [[nodiscard]] std::string path(const std::string& name) const
+    {
+        return directory_.filePath(name.c_str()).toStdString();
+    }
 
 private:
     QTemporaryDir directory_;
-    std::filesystem::path root_;
 };
-
-/// A question that obeys every rule, unless `text` takes the place of one of its nine lines.
-std::string record(const std::string& level, const std::string& question, std::size_t line = 0,
-                   const std::string& text = "");

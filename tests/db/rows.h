@@ -1,0 +1,34 @@
+#pragma once
+
+#include "db/connection.h"
+#include "support/bank.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <tuple>
+
+namespace db_test {
+
+using namespace db::statements;
+using namespace std::chrono_literals;
+using Cause = db::Failure::Cause;
+using support::Bank;
+
+db::Connection connect(const Bank& bank, std::chrono::milliseconds patience = 40ms);
+
+/// The rows of `query`, for changes, through a connection of their own.
+db::Recordset open(const Bank& bank, const db::Query& query);
+
+/// Where the recordset stands: "bof", "eof", "none" for both, else `field`; a Failure is "!gone" or "!".
+std::string place(const db::Recordset& rows, const char* field = "question_id");
+
+/// Does the moves one after the other and tells the place after each, behind a "!" if the move failed.
+/// Moves are "first", "last", "delete" and numbers of rows.
+std::string trace(db::Recordset& rows, const std::string& moves, const char* field = "question_id");
+
+/// The Failure that `work` throws.
+db::Failure failureOf(const std::function<void()>& work);
+
+} // namespace db_test
