@@ -5,205 +5,108 @@
 
 using namespace narrator;
 using namespace std::chrono_literals;
+using Milliseconds = std::chrono::milliseconds;
 
 namespace {
 
+double middle()
+{
+    return 0.5;
+}
+
 /// Says each text with a delay before the first word, at a pace of its own.
-class SlowVoice final : public Voice
+struct SlowVoice final : Voice
 {
-public:
-    void say(const QString&, std::chrono::milliseconds now) override { start_ = now; }
-    void hush() override { ++hushed; }
-    std::optional<std::chrono::milliseconds> firstWord(std::chrono::milliseconds now) override
-    {
-        return now >= start_ + delay ? std::optional(start_ + delay) : std::nullopt;
-    }
-    std::optional<std::chrono::milliseconds> lastWord(std::chrono::milliseconds now) override
-    {
-        return now >= start_ + length ? std::optional(start_ + length) : std::nullopt;
-    }
-    MouthShape mouth(std::chrono::milliseconds) override { return MouthShape::A; }
+    SlowVoice(Milliseconds wait, Milliseconds span) : delay(wait), length(span) {}
 
-    std::chrono::milliseconds delay{0};
-    std::chrono::milliseconds length{0};
-    int hushed = 0;
+    void say(const QString&, Milliseconds now) override { start = now; }
+    void hush() override { start.reset(); }
+    std::optional<Milliseconds> firstWord(Milliseconds now) override { return after(delay, now); }
+    std::optional<Milliseconds> lastWord(Milliseconds now) override { return after(length, now); }
+    MouthShape mouth(Milliseconds) override { return MouthShape::A; }
 
-private:
-    std::chrono::milliseconds start_{0};
+    [[nodiscard]] std::optional<Milliseconds> after(Milliseconds span, Milliseconds now) const
+    {
+        return now >= start.value() + span ? std::optional(*start + span) : std::nullopt;
+    }
+
+    Milliseconds delay, length;
+    std::optional<Milliseconds> start; ///< none while nothing is said
 };
-
-/// A player with its clock, and what was seen of it: a line whenever that changed.
-class Stagehand
-{
-public:
-    explicit Stagehand(Voice& voice)
-        : player(
-              rig_, voice, [] { return 0.5; }, 0ms)
-    {
-    }
-
-    void play(const char* name) { player.play(QString::fromLatin1(name), now); }
-    void speak(const QString& text) { player.speak(text, now); }
-    void stop() { player.stop(now); }
-
-    void watch(std::chrono::milliseconds span, std::chrono::milliseconds step = 50ms)
-    {
-        for (const auto end = now + span; now < end; now += step) {
-            const Frame frame = player.frame(now);
-            const bool moving = frame.pose.slots != rig_.rest.slots && frame.said.isEmpty();
-            const std::string doing = moving ? "gesture" : frame.said.left(12).toStdString();
-            if (doing != last_) {
-                log += std::to_string(now.count()) + (doing.empty() ? "" : " ") + doing + "\n";
-            }
-            last_ = doing;
-        }
-    }
-
-    const Rig rig_ = sample::rig();
-    Player player;
-    std::chrono::milliseconds now{0};
-    std::string log;
-
-private:
-    std::string last_;
-};
-
-const QString sixtyCharacters =
-    QStringLiteral("Sixty characters take four seconds to read, that is for sure");
 
 } // namespace
 
-TEST(Player, carries_requests_out_one_after_another)
+TEST(Player, carries_requests_out_one_after_another_until_stopped)
 {
-    SilentVoice voice;
-    Stagehand stage(voice);
-    stage.play("Greet");
-    stage.speak(QStringLiteral("short"));
-    stage.play("no such gesture");
-    stage.speak(QString());
-    stage.speak(QStringLiteral(" ,,, ,"));
-    stage.speak(sixtyCharacters);
-    stage.play("think");
-    stage.play("think");
-    stage.watch(9s);
-    // The hand opens 100 ms into the gesture and closes 100 ms before its end.
-    EXPECT_EQ(
-        stage.log,
-        "100 gesture\n900\n1000 short\n2500 Sixty charac\n6500\n6600 gesture\n7400\n7600 gesture\n8400\n");
-    EXPECT_TRUE(stage.player.idle(stage.now));
-    stage.speak(QStringLiteral("at once"));
-    EXPECT_FALSE(stage.player.idle(stage.now));
-    stage.watch(1600ms);
-    EXPECT_EQ(stage.log.substr(stage.log.find("8400\n") + 5), "9000 at once\n10500\n");
-}
-
-TEST(Player, stops_everything_at_once)
-{
-    SlowVoice voice;
-    voice.length = 1h;
-    Stagehand stage(voice);
-    stage.stop();
-    stage.speak(sixtyCharacters);
-    stage.play("Greet");
-    stage.speak(QStringLiteral("never heard"));
-    stage.watch(1s);
-    stage.stop();
-    EXPECT_EQ(voice.hushed, 1);
-    stage.watch(5s);
-    stage.play("Greet");
-    stage.watch(300ms);
-    stage.stop();
-    stage.play("Greet");
-    stage.watch(2s);
-    EXPECT_EQ(stage.log, "0 Sixty charac\n1000\n6100 gesture\n7200\n");
-    EXPECT_TRUE(stage.player.idle(stage.now));
-}
-
-TEST(Player, waits_for_the_voice_as_well_as_for_the_reader)
-{
+    // In a script "!" stops, a number speaks a text of that length, "+" and "@" watch for and leap to
+    // milliseconds, and the rest are gestures. They take a second, the hand is open from 100 ms to 900 ms.
     const struct
     {
-        std::chrono::milliseconds delay, length;
-        const char* log;
+        Milliseconds delay, length; ///< of the voice; no length for the silent one
+        const char* script;
+        const char* log; ///< when something else was to be seen
     } table[]{
-        {0ms, 200ms, "0 Hello\n1500 done\n3000\n"},
-        {700ms, 900ms, "0 Hello\n2200 done\n4400\n"}, // counted from the first word
-        {100ms, 4s, "0 Hello\n4000 done\n8000\n"},
+        {0ms, 0ms, "Greet 5 unknown 0 60 think think +9000",
+         " 0:- 100:gesture 900:- 1000:5 2500:60 6500:- 6600:gesture 7400:- 7600:gesture 8400:- 8700:idle"},
+        {0ms, 200ms, "5 4 +4000 7 +1600", " 0:5 1500:4 3000:idle 4000:7 5500:idle"},
+        {700ms, 900ms, "5 4 +9000", " 0:5 2200:4 4400:idle"}, // counted from the first word
+        {100ms, 4s, "5 4 +9000", " 0:5 4000:4 8000:idle"},
+        {0ms, 1h, "! 60 Greet 11 +1000 ! +5000 Greet +300 ! Greet +2000",
+         " 0:60 1000:idle 6000:- 6100:gesture 7200:- 7500:idle"},
+        {0ms, 0ms, "Greet 60 Greet 60 Greet @9000 +3000 60 think 60 @3600000 +100", // catches up
+         " 9000:60 10000:- 10100:gesture 10900:- 11200:idle"},
     };
+    const Rig rig = sample::rig();
     for (const auto& row : table) {
-        SlowVoice voice;
-        voice.delay = row.delay;
-        voice.length = row.length;
-        Stagehand stage(voice);
-        stage.speak(QStringLiteral("Hello"));
-        stage.speak(QStringLiteral("done"));
-        stage.watch(9s);
-        EXPECT_EQ(stage.log, row.log);
-    }
-}
-
-TEST(Player, catches_up_with_time_that_nobody_watched)
-{
-    SilentVoice voice;
-    Stagehand stage(voice);
-    for (int i = 0; i < 20; ++i) {
-        stage.play("Greet");
-        stage.speak(sixtyCharacters);
-    }
-    stage.now = 52s; // each pair takes five seconds
-    stage.watch(4s, 500ms);
-    EXPECT_EQ(stage.log, "52000 Sixty charac\n55000\n55500 gesture\n");
-    stage.now = 1h;
-    stage.watch(100ms);
-    EXPECT_TRUE(stage.player.idle(stage.now));
-}
-
-TEST(Player, follows_the_reading_and_takes_any_text)
-{
-    SilentVoice voice;
-    Stagehand stage(voice);
-    stage.speak(sixtyCharacters);
-    EXPECT_DOUBLE_EQ(stage.player.frame(1s).read, 0.25);
-    EXPECT_DOUBLE_EQ(stage.player.frame(3999ms).read, 0.99975);
-    stage.now = 4s;
-    stage.speak(QString(1'000'000, u'x'));
-    EXPECT_DOUBLE_EQ(stage.player.frame(stage.now + 33'333'500ms).read, 33'333.5 / 66'666.667);
-    const std::pair<QString, std::chrono::milliseconds> times[]{{QString(22, u'a'), 1500ms},
-                                                                {QString(23, u'a'), 1534ms},
-                                                                {QStringLiteral("?"), 1500ms},
-                                                                {QStringLiteral(",,"), 0ms}};
-    for (const auto& [text, time] : times) {
-        EXPECT_EQ(readingTime(text), time) << text.toStdString();
-    }
-}
-
-TEST(Player, blinks_now_and_then)
-{
-    SilentVoice voice;
-    Stagehand stage(voice);
-    std::string shut;
-    for (auto now = 0ms; now < 9s; now += 20ms) {
-        if (stage.player.frame(now).pose.bones[1][4] == 0.5) {
-            shut += std::to_string(now.count()) + " ";
+        SilentVoice silent;
+        SlowVoice slow(row.delay, row.length);
+        Voice& voice = row.length > 0ms ? static_cast<Voice&>(slow) : silent;
+        Player player(rig, voice, middle, 0ms);
+        Milliseconds now{0};
+        std::string log;
+        for (const QString& step : QString::fromLatin1(row.script).split(u' ')) {
+            const Milliseconds span(step[0] == u'+' || step[0] == u'@' ? step.mid(1).toInt() : 0);
+            if (step[0] == u'!') {
+                player.stop(now);
+            } else if (step[0].isDigit()) {
+                player.speak(QString(step.toInt(), u'x'), now);
+            } else if (step[0].isLetter()) {
+                player.play(step, now);
+            } else if (step[0] == u'@') {
+                now = span;
+            }
+            for (const auto end = now + span; step[0] == u'+' && now < end; now += 50ms) {
+                const Frame frame = player.frame(now);
+                const bool moving = frame.pose.slots != rig.rest.slots;
+                const std::string seen = !frame.said.isEmpty() ? std::to_string(frame.said.size())
+                                         : moving              ? "gesture"
+                                         : player.idle(now)    ? "idle"
+                                                               : "-";
+                if (!log.ends_with(":" + seen)) {
+                    log += " " + std::to_string(now.count()) + ":" + seen;
+                }
+            }
         }
+        EXPECT_EQ(log, row.log);
+        EXPECT_TRUE(player.idle(now));
+        EXPECT_FALSE(slow.start);
     }
-    EXPECT_EQ(shut, "2060 2080 2100 6240 6260 6280 ");
 }
 
-TEST(Mouth, is_guessed_from_the_letters)
+TEST(Player, gives_every_text_its_reading_time)
 {
-    const std::pair<const char*, const char*> table[]{
-        {"bath", "MATT"}, {"Ship", "SSEM"}, {"photo", "FFOTO"}, {"good", "EUUT"},
-        {"a, b", "A..M"}, {"seen", "SEET"}, {"5 %", "E.."},     {"found", "FUUTT"},
+    const std::pair<QString, Milliseconds> table[]{
+        {QStringLiteral(",,"), 0ms}, {QStringLiteral("?"), 1500ms}, {QString(22, u'a'), 1500ms},
+        {QString(23, u'a'), 1534ms}, {QString(60, u'a'), 4000ms},   {QString(1'000'000, u'a'), 66'666'667ms},
     };
-    const char* names = ".MFTSEAOU";
-    for (const auto& [text, shapes] : table) {
-        const QString words = QString::fromLatin1(text);
-        std::string seen;
-        for (qsizetype i = 0; i < words.size(); ++i) {
-            seen += names[static_cast<std::size_t>(mouthShape(words, i))];
-        }
-        EXPECT_EQ(seen, shapes) << text;
+    const Rig rig = sample::rig();
+    for (const auto& [text, time] : table) {
+        EXPECT_EQ(readingTime(text), time);
+        SilentVoice voice;
+        Player player(rig, voice, middle, 0ms);
+        player.speak(text, 0ms);
+        EXPECT_NEAR(player.frame(time / 4).read, time > 0ms ? 0.25 : 0, 0.001);
+        EXPECT_EQ(player.frame(time - 1ms).said.isEmpty(), time == 0ms);
+        EXPECT_EQ(player.frame(time).said, QString());
     }
-    EXPECT_EQ(mouthShape(u"a", 1), MouthShape::Rest);
 }
