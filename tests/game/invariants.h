@@ -1,11 +1,10 @@
 #pragma once
 
+#include "game/ladder.h"
 #include "toolkit/form.h"
 
-#include <QSet>
-#include <QStringList>
-
-#include <array>
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -14,91 +13,75 @@ namespace game {
 /// A question of the bank, with the tallies that the choices made so far must have left in it.
 struct BankRow
 {
-    qint64 id = 0;
     QString question;
     std::array<QString, 4> answers;
     QString correct;
-    QString level;
+    int level = 0;
     std::array<int, 4> tallies{};
 
     [[nodiscard]] bool isRight(int k) const { return answers.at(k - 1).toLower() == correct.toLower(); }
 };
 
-enum class Box { None, Name, Lock, Leave, Blank, Used, Sorry, TimeOver, Champion, Crore, Farewell, Unknown };
-
-/// The controls of an open game form.
-struct Scene
+/// One game as a spectator remembers it: what was clicked, asked and said since the form opened, and so what
+/// must be seen on it. Boxes go by a word each, "" is none.
+struct Spectator
 {
-    explicit Scene(const toolkit::Form& orv);
+    explicit Spectator(std::vector<BankRow>& rows) : bank(rows) {}
 
-    [[nodiscard]] QWidget* widget(const QString& name) const;
-    /// Of option k: '.' plain, 'c' chosen, 'g' green.
-    [[nodiscard]] char look(int k) const;
-    [[nodiscard]] bool blank(int k) const { return option.at(k - 1)->text().isEmpty(); }
-
-    const toolkit::Form* form;
-    toolkit::TwipRect opening;
-    std::array<toolkit::Label*, 4> option{};
-    std::array<QWidget*, 4> pollbar{};
-    std::array<toolkit::Label*, 4> pollpercent{};
-    std::array<std::array<QWidget*, 2>, 3> cross{};
-    std::array<QWidget*, 3> lifeline{};
-    toolkit::Label* question;
-    toolkit::Label* clock;
-    QPlainTextEdit* stage;
-    QWidget *clockback, *hidepoll, *eraseoptions, *cmdok, *cmdokquit, *leave, *LL, *mws;
-    toolkit::Timer *random, *flash, *lifelinetimer;
-};
-
-/// One game as a spectator remembers it: what was clicked, asked and said since the form opened.
-struct Story
-{
+    void watch(toolkit::Form& orv);
     /// A control takes a click or a key that presses it; the result is the box that must follow.
-    Box press(const QString& control, const Scene& scene);
-    /// After fifty-fifty has been clicked.
-    void seeRemoved(const Scene& scene);
+    std::string press(const QString& control);
+    std::string boxOpens(const QString& text);
+    void boxCloses(const std::string& box, bool yes);
     void hear(const QString& hostRequest);
-    [[nodiscard]] Box boxOpens(const QString& text);
-    void boxCloses(Box box, bool yes);
+    /// Compares all that can be seen with what happened.
+    void look();
+    void require(bool holds, const char* sentence);
 
+    [[nodiscard]] QWidget& widget(const QString& of) const { return control<QWidget>(of); }
+    [[nodiscard]] bool shown(const QString& of) const { return !widget(of).isHidden(); }
     [[nodiscard]] bool announced() const { return question > 0 && won == question; }
     [[nodiscard]] bool judged() const { return answer == Answer::Wrong || announced(); }
     [[nodiscard]] bool covered() const { return judged() || withdrawn; }
+    [[nodiscard]] bool blank(int k) const { return fiftyQuestion == question && removed.count(k) > 0; }
 
-    std::vector<BankRow>* bank = nullptr;
-    QStringList messages; ///< that ask whether to lock
+    std::vector<BankRow>& bank;
+    toolkit::Form* form = nullptr; ///< while it is open
     QString name;
     BankRow* row = nullptr; ///< of the question on screen
-    QSet<qint64> asked;
     int question = 0;
     int won = 0;
     /// Sorry: the box that tells of the wrong answer has not been closed.
     enum class Answer { None, Asked, Right, Sorry, Wrong } answer = Answer::None;
-    int chosen = 0;
     bool withdrawn = false;   ///< from the question on screen
     bool quitOffered = false; ///< stays, even if a last flash leads on to another question
-    std::array<bool, 3> taken{};
     int fiftyQuestion = 0;
-    QSet<int> removed;
+    std::set<int> removed;
     bool counting = false;
+    bool unloading = false;
+    std::string fault; ///< the first sentence that did not hold
+
+    template <typename Control>
+    [[nodiscard]] Control& control(const QString& of) const
+    {
+        return dynamic_cast<Control&>(*controls.at(of));
+    }
+    void hearQuestion(const QString& words);
+    void hearPrize();
+    void resetOptions();
+    void lookAtOption(int k);
+
+    std::map<QString, QObject*> controls;
+    toolkit::TwipRect opening{};
+    std::set<const BankRow*> asked;
+    int chosen = 0;
+    std::array<bool, 3> taken{};
     bool pollShown = false;
     std::array<int, 4> shares{}; ///< -1 for an option that was removed before the poll
     bool lifelinesOpen = false;
     bool ladderOpen = false;
-    int panelsOpenedByPrompts = 0;
-    bool unloading = false;
     QString headline; ///< what the label `question` must show
-    std::string fault;
-
-private:
-    void hearQuestion(const QString& words);
-    void hearPrize();
-    void hearPrompt(const QString& words);
-    void takeLifeline(int k, const Scene& scene);
-    void resetOptions();
+    QString stage = ladderPanelText();
 };
-
-/// The first sentence about the game that does not hold for what can be seen; "" if all do.
-[[nodiscard]] std::string brokenInvariant(const Scene& scene, const Story& story);
 
 } // namespace game
