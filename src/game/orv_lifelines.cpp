@@ -51,6 +51,8 @@ void Orv::showShare(int i, bool shown, int percent)
     QRect bar = pollbar[i]->geometry();
     bar.setTop(bar.bottom() + 1 - toolkit::pixels(twipsPerPercent * percent));
     pollbar[i]->setGeometry(bar);
+    if (percent == 100) // three digits would run into the next bar's share
+        pollpercent[i]->setFont(toolkit::verdana(7.5, toolkit::Weight::Bold));
     pollpercent[i]->setText(QStringLiteral("%1%").arg(percent));
     pollpercent[i]->move(bar.left(), pollpercent[i]->y());
 }
