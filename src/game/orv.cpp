@@ -15,7 +15,6 @@ namespace {
 const QColor ground(0, 0, 64);
 const QColor lilac(192, 192, 255);
 const QColor violet(128, 128, 255);
-const QColor salmon(255, 128, 128);
 const QColor paleCyan(192, 255, 255);
 const QColor outlineCyan(128, 255, 255);
 const QColor outlineOrange(255, 192, 128);
@@ -59,6 +58,7 @@ void Orv::addControls()
     lifeline[2] = label("lifeline3", {6600, 6600, 1815, 735}, "50 : 50", lifelineLook);
     controlsDone();
     stage->setReadOnly(true);
+    clearoptions();
     for (auto* label : option)
         label->setCursor(Qt::WhatsThisCursor);
 }
@@ -113,7 +113,6 @@ void Orv::addOptions()
     for (int i = options - 1; i >= 0; --i) {
         option[i] = label(QStringLiteral("option%1").arg(i + 1), places[i], "",
                           {.font = verdana(9.75, Weight::Bold), .colour = QColor(192, 255, 192), .middle = true});
-        option[i]->setBackground(salmon);
     }
     for (int i = 0; i < options; ++i) {
         const auto [left, top, width, labelHeight] = places[i];

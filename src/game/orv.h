@@ -5,7 +5,6 @@
 #include "toolkit/form.h"
 
 #include <array>
-#include <string_view>
 
 namespace game {
 
