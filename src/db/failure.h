@@ -20,7 +20,8 @@ public:
         ReadOnly,
         NoTable,
         NoField,
-        RowGone, ///< the row was deleted by another program since we stepped on it
+        RowGone,    ///< the row was deleted by another program since we stepped on it
+        RowChanged, ///< the row was changed by another program since we read it
         Other
     };
 

@@ -43,9 +43,14 @@ public:
     {
         return attempt(Attempt::Change, [&] {
             SQLite::Transaction transaction(database_, SQLite::TransactionBehavior::IMMEDIATE);
-            const auto result = work();
-            transaction.commit();
-            return result;
+            if constexpr (std::is_void_v<decltype(work())>) {
+                work();
+                transaction.commit();
+            } else {
+                const auto result = work();
+                transaction.commit();
+                return result;
+            }
         });
     }
 

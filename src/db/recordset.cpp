@@ -3,6 +3,7 @@
 #include "db/connection.h"
 #include "db/cursor.h"
 
+#include <algorithm>
 #include <limits>
 #include <map>
 #include <optional>
@@ -70,16 +71,18 @@ private:
     }
 
     [[nodiscard]] FieldIndex indexOf(QAnyStringView field) const;
+    [[nodiscard]] bool isCounter(FieldIndex field) const;
     void requireRow(Attempt attempt) const;
     void requireChangeable() const;
+    void requireUnchanged() const;
     [[nodiscard]] const Value* edited(FieldIndex field) const;
     const Cell& cell(FieldIndex field);
-    [[nodiscard]] Row readRow() const;
+    [[nodiscard]] Row readRow(qint64 key) const;
     [[nodiscard]] qint64 nextId() const;
     [[nodiscard]] std::pair<std::vector<const char*>, std::vector<Value>> listed(const Edit& edit) const;
     qint64 insert(const Edit& edit);
-    bool change(const Edit& edit);
-    bool execute(const std::string& sql, const std::vector<Value>& values, const Reason& ifNoRow);
+    qint64 change(const Edit& edit);
+    void execute(const std::string& sql, const std::vector<Value>& values, const Reason& ifNoRow);
 
     std::shared_ptr<Handle> handle_;
     const Source& source_;
@@ -153,22 +156,27 @@ void Recordset::Core::update()
     if (!edit) {
         return;
     }
-    row_.reset();
+    // Read back before anybody else can change it, so that it is what was written.
+    const auto [key, row] = handle_->changing([&] {
+        const qint64 written = edit->isNew ? insert(*edit) : change(*edit);
+        return std::pair(written, readRow(written));
+    });
     if (edit->isNew) {
-        cursor_->added(handle_->changing([&] { return insert(*edit); }));
-    } else {
-        handle_->changing([&] { return change(*edit); });
+        cursor_->added(key);
     }
+    row_ = row;
 }
 
 void Recordset::Core::remove()
 {
     requireChangeable();
-    leave();
+    cancel();
     requireRow(Attempt::Change);
     handle_->changing([&] {
-        return execute(sql::deletion(source_.table, layout_.key), {cursor_->key()}, reasons::rowGone);
+        requireUnchanged();
+        execute(sql::deletion(source_.table, layout_.key), {cursor_->key()}, reasons::rowGone);
     });
+    row_.reset();
     cursor_->deleted();
 }
 
@@ -196,6 +204,26 @@ void Recordset::Core::requireChangeable() const
     }
 }
 
+// Within the transaction that is about to write: nobody else can change the row any more.
+void Recordset::Core::requireUnchanged() const
+{
+    if (!row_) {
+        return;
+    }
+    const Row now = readRow(cursor_->key());
+    for (FieldIndex i = 0; i < now.size(); ++i) {
+        if (now[i].text != (*row_)[i].text && !isCounter(i)) {
+            throw refusal(Attempt::Change, reasons::rowChanged);
+        }
+    }
+}
+
+bool Recordset::Core::isCounter(FieldIndex field) const
+{
+    return std::ranges::any_of(source_.counters,
+                               [&](std::string_view name) { return name == source_.fields[field]; });
+}
+
 const Value* Recordset::Core::edited(FieldIndex field) const
 {
     if (!edit_) {
@@ -213,15 +241,15 @@ const Recordset::Core::Cell& Recordset::Core::cell(FieldIndex field)
     }
     requireRow(Attempt::Read);
     if (!row_) {
-        row_ = handle_->reading([this] { return readRow(); });
+        row_ = handle_->reading([this] { return readRow(cursor_->key()); });
     }
     return (*row_)[field];
 }
 
-Recordset::Core::Row Recordset::Core::readRow() const
+Recordset::Core::Row Recordset::Core::readRow(qint64 key) const
 {
-    const Value key = cursor_->key();
-    auto statement = handle_->prepared(sql::row(source_, layout_.key), {&key, 1});
+    const Value bound = key;
+    auto statement = handle_->prepared(sql::row(source_, layout_.key), {&bound, 1});
     if (!statement.executeStep()) {
         throw refusal(Attempt::Read, reasons::rowGone);
     }
@@ -269,19 +297,20 @@ qint64 Recordset::Core::insert(const Edit& edit)
     return layout_.key == sql::idField ? id : handle_->lastRowNumber();
 }
 
-bool Recordset::Core::change(const Edit& edit)
+qint64 Recordset::Core::change(const Edit& edit)
 {
+    requireUnchanged();
     auto [fields, values] = listed(edit);
     values.emplace_back(cursor_->key());
-    return execute(sql::change(source_.table, fields, layout_.key), values, reasons::rowGone);
+    execute(sql::change(source_.table, fields, layout_.key), values, reasons::rowGone);
+    return cursor_->key();
 }
 
-bool Recordset::Core::execute(const std::string& sql, const std::vector<Value>& values, const Reason& ifNoRow)
+void Recordset::Core::execute(const std::string& sql, const std::vector<Value>& values, const Reason& ifNoRow)
 {
     if (handle_->prepared(sql, values).exec() != 1) {
         throw refusal(Attempt::Change, ifNoRow);
     }
-    return true;
 }
 
 Recordset::Recordset() = default;

@@ -59,10 +59,13 @@ public:
 
     /// Writes the fields that were set as one transaction; without any edit it does nothing. When it
     /// fails, the file is unchanged, the edit is dropped and the recordset stands where it stood before.
+    /// A row that was read and has been changed by somebody else since then is a Failure (RowChanged)
+    /// until it is read anew; that the tallies of a question have grown does not count.
     void Update();
     void CancelUpdate();
 
-    /// Deletes the current row at once. The moves go on from its place.
+    /// Deletes the current row at once, with the same regard for changes by others. The moves go on from
+    /// its place.
     void Delete();
 
 private:

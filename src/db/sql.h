@@ -19,6 +19,7 @@ struct Source
     const char* table;
     Fields fields;
     Fields filter;
+    Fields counters; ///< of `fields`, those that may change without making another row of it
     Order order;
     bool hasId; ///< its rows are numbered by question_id
 };

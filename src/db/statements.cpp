@@ -10,18 +10,20 @@ namespace {
 constexpr std::array questionFields = {
     "question_id",    "question", "answer1", "answer2", "answer3", "answer4",
     "correct_answer", "Level",    "a",       "b",       "c",       "d"};
+constexpr std::array tallyFields = {"a", "b", "c", "d"};
 constexpr std::array levelFields = {"Level"};
 constexpr std::array idFields = {sql::idField};
 constexpr std::array messageFields = {"message"};
 constexpr std::array accountFields = {"username", "password"};
 
 using Order = Source::Order;
-constexpr Source questionIdsOfLevelSource = {"questions", idFields, levelFields, Order::KeyListed, true};
-constexpr Source questionsOfLevelSource = {"questions", questionFields, levelFields, Order::Key, true};
-constexpr Source questionByIdSource = {"questions", questionFields, idFields, Order::Key, true};
-constexpr Source allQuestionsSource = {"questions", questionFields, {}, Order::Id, true};
-constexpr Source promptMessagesSource = {"locking", messageFields, {}, Order::Key, false};
-constexpr Source accountSource = {"users", accountFields, accountFields, Order::Key, false};
+constexpr Source questionIdsOfLevelSource = {"questions", idFields, levelFields, {}, Order::KeyListed, true};
+constexpr Source questionsOfLevelSource = {"questions", questionFields, levelFields,
+                                           tallyFields, Order::Key,     true};
+constexpr Source questionByIdSource = {"questions", questionFields, idFields, tallyFields, Order::Key, true};
+constexpr Source allQuestionsSource = {"questions", questionFields, {}, tallyFields, Order::Id, true};
+constexpr Source promptMessagesSource = {"locking", messageFields, {}, {}, Order::Key, false};
+constexpr Source accountSource = {"users", accountFields, accountFields, {}, Order::Key, false};
 
 // "one<between>two<between>three", each followed by `after`.
 std::string joined(Fields fields, const std::string& after, const std::string& between)

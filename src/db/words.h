@@ -35,6 +35,9 @@ inline constexpr Reason refused = {Failure::Cause::Other, "it does not accept on
 inline constexpr Reason rowGone = {Failure::Cause::RowGone,
                                    "another program has deleted the current row in the meantime",
                                    "Move to another row and try again."};
+inline constexpr Reason rowChanged = {Failure::Cause::RowChanged,
+                                      "this row was changed in the meantime by another window or program",
+                                      "Move to another row and back to see it as it is now."};
 inline constexpr Reason noNumberLeft = {Failure::Cause::Other,
                                         "the highest possible question number is already taken",
                                         "Give that question a lower number and try again."};

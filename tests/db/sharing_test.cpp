@@ -25,6 +25,25 @@ TEST(Sharing, ACursorReadHalfWayLetsOthersWriteAndSeesIt)
     EXPECT_EQ(trace(messages, "0 1 1 -2", "message"), "!gone really? sure? bof");
 }
 
+TEST(Sharing, ARowThatOthersChangedSinceItWasReadIsNotWrittenUntilItIsReadAnew)
+{
+    const Bank bank;
+    auto rows = open(bank, allQuestions());
+    const auto seen = rows.text("question");
+    bank.execute("update questions set question = 'theirs', a = 5 where question_id = 11");
+    const auto write = [&] { rows.set("answer1", QStringLiteral("ours")), rows.Update(); };
+    for (const std::function<void()>& change :
+         {std::function<void()>(write), {[&] { rows.Delete(); }}, {write}}) {
+        EXPECT_EQ(failureOf(change).cause(), Cause::RowChanged);
+        EXPECT_EQ(rows.text("question"), seen);
+    }
+    rows.Move(0);
+    EXPECT_EQ(rows.text("question"), "theirs");
+    bank.execute("update questions set d = 9");
+    write();
+    EXPECT_EQ(bank.value("select question || answer1 || a || d from questions"), "theirsours59");
+}
+
 TEST(Sharing, ALockedFileIsReportedAfterTheWaitAndUsableAfterwards)
 {
     const Bank bank;
