@@ -1,4 +1,8 @@
+#include "admin/add_questions.h"
+#include "admin/change_password.h"
+#include "admin/console.h"
 #include "admin/login.h"
+#include "admin/messages.h"
 #include "game/orv.h"
 #include "narrator/host.h"
 #include "shell/back.h"
@@ -37,9 +41,16 @@ int main(int argc, char** argv)
     screens.add("rules", [&] { return std::make_unique<shell::Rules>(services); });
     screens.add("thank", [&] { return std::make_unique<shell::Thank>(services); });
     screens.add("back", [&] { return std::make_unique<shell::Back>(services); });
-    screens.add(
-        "orv", [&] { return std::make_unique<game::Orv>(services, makeHost); }, "back");
+    screens.add("orv", [&] { return std::make_unique<game::Orv>(services, makeHost); }, {.behind = "back"});
     screens.add("login", [&] { return std::make_unique<admin::Login>(services); });
+    screens.add("admin", [&] { return std::make_unique<admin::Console>(services); });
+    const toolkit::Screens::Place console{.inside = "admin"};
+    screens.add(
+        "addquestions", [&] { return std::make_unique<admin::AddQuestions>(services); }, console);
+    screens.add(
+        "messages", [&] { return std::make_unique<admin::Messages>(services); }, console);
+    screens.add(
+        "changepassword", [&] { return std::make_unique<admin::ChangePassword>(services); }, console);
     screens.onAllClosed(&QApplication::quit);
 
     screens.show("userselect");

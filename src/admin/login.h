@@ -1,22 +1,32 @@
 #pragma once
 
-#include "toolkit/form.h"
+#include "admin/admin_form.h"
+#include "db/connection.h"
 
 namespace admin {
 
-/// The administrator's login.
-class Login final : public toolkit::Form
+/// The administrator's login: opens the console to whoever gives the name and password of an account.
+class Login final : public AdminForm
 {
 public:
-    explicit Login(toolkit::Services services)
-        : Form({.name = "login",
-                .caption = "Orvanta",
-                .width = 7050,
-                .height = 2595,
-                .border = toolkit::Border::FixedSingle},
-               services)
-    {
-    }
+    explicit Login(toolkit::Services services);
+
+protected:
+    void Form_Load() override;
+    void Form_Activate() override { focus(username); }
+
+private:
+    bool login_username_KeyPress(QChar character);
+    bool login_password_KeyPress(QChar character);
+    void login_login_Click();
+    void login_exit_Click();
+    void openBank();
+
+    std::unique_ptr<db::Connection> connection;
+    db::Recordset accounts; ///< found by the last check
+
+    toolkit::TextBox* username;
+    toolkit::TextBox* password;
 };
 
 } // namespace admin

@@ -74,7 +74,7 @@ void Orv::addFrontControls()
     lifelinetimer = timer("lifelinetimer", 1000ms, false);
     flash         = timer("flash", 100ms, false);
     mws           = button("mws",       {8790, 120, 250, 6015}, "M Y W  I  N N  I  N G S T A T U S      ", {.font = verdana(8.25), .background = violet, .tab = 8});
-    stage         = textBox("stage",    {9120, 120, 2055, 6255}, state.stagetext, {.font = medium, .colour = QColor(255, 255, 0), .background = violet, .tab = 3});
+    stage         = textArea("stage",    {9120, 120, 2055, 6255}, state.stagetext, {.font = medium, .colour = QColor(255, 255, 0), .background = violet, .tab = 3});
     LL            = button("LL",        {0, 6240, 8655, 255}, "L I F E L I N E S", {.font = medium, .background = violet, .tab = 0});
 }
 

@@ -22,7 +22,7 @@ Rules::Rules(toolkit::Services services)
     // clang-format off
     label("Label1", {240, 240, 4935, 495}, "The Rules of the Game",
           {.font = verdana(14.25, Weight::Bold), .colour = QColor(255, 192, 192), .background = navy});
-    auto* Text1 = textBox("Text1", {240, 720, 7455, 5295}, rulesText(),
+    auto* Text1 = textArea("Text1", {240, 720, 7455, 5295}, rulesText(),
                           {.font = verdana(9.75), .colour = QColor(192, 255, 192), .background = navy, .tab = 0});
     accept = checkBox("accept", {360, 6120, 255, 255}, "Accept The Rules", {.tab = 3});
     label("Label2", {720, 6120, 2175, 255}, "I Accept the Rules", consent);

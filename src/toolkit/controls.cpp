@@ -128,6 +128,15 @@ void Button::setBackground(const QColor& colour)
     setPalette(changed);
 }
 
+// Its access key presses it at once, even where a menu of the window has the same letter.
+bool Button::event(QEvent* event)
+{
+    if (event->type() != QEvent::Shortcut)
+        return QPushButton::event(event);
+    click();
+    return true;
+}
+
 void Button::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

@@ -63,6 +63,7 @@ public:
     void setBackground(const QColor& colour);
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -8,6 +8,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <utility>
 
 namespace toolkit {
 
@@ -17,6 +18,8 @@ Qt::WindowFlags flagsFor(Border border)
 {
     if (border == Border::None)
         return Qt::Window | Qt::FramelessWindowHint;
+    if (border == Border::Sizable)
+        return Qt::Window;
     return Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
            Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
 }
@@ -44,7 +47,8 @@ Form::Form(FormSettings settings, Services services)
         resize(pixels(opening).size());
     else
         setBounds(opening);
-    setFixedSize(size());
+    if (settings_.border != Border::Sizable)
+        setFixedSize(size());
 }
 
 TwipRect Form::openingBounds() const
@@ -146,6 +150,25 @@ void Form::onChange(QCheckBox* control, std::function<void()> handler)
     connect(control, &QCheckBox::toggled, this, [this, handler = std::move(handler)] { run(handler); });
 }
 
+void Form::onChange(TextBox* control, std::function<void()> handler)
+{
+    connect(control, &QLineEdit::textChanged, this, [this, handler = std::move(handler)] { run(handler); });
+}
+
+void Form::onChange(ChoiceList* control, std::function<void()> handler)
+{
+    control->onChosen = [this, handler = std::move(handler)] { run(handler); };
+}
+
+void Form::onKeyPress(TextBox* control, std::function<bool(QChar)> handler)
+{
+    control->onKeyPress = [this, handler = std::move(handler)](QChar character) {
+        bool passes = true;
+        run([&] { passes = handler(character); });
+        return passes;
+    };
+}
+
 void Form::onTick(Timer* control, std::function<void()> handler)
 {
     control->onTick([this, handler = std::move(handler)] { run(handler); });
@@ -154,6 +177,11 @@ void Form::onTick(Timer* control, std::function<void()> handler)
 void Form::onGotFocus(QWidget* control, std::function<void()> handler)
 {
     gotFocus_.emplace_back(control, std::move(handler));
+}
+
+void Form::onLostFocus(QWidget* control, std::function<void()> handler)
+{
+    lostFocus_.emplace_back(control, std::move(handler));
 }
 
 void Form::focus(QWidget* control)
@@ -167,11 +195,15 @@ void Form::focusMoved(QWidget* control)
 {
     if (focused_ == control)
         return;
-    focused_ = control;
-    for (const auto& [watched, handler] : gotFocus_) {
-        if (watched == control)
-            run(handler);
-    }
+    const QWidget* const former = std::exchange(focused_, control);
+    const auto tell = [this](const FocusHandlers& handlers, const QWidget* whose) {
+        for (const auto& [watched, handler] : handlers) {
+            if (watched == whose)
+                run(handler);
+        }
+    };
+    tell(lostFocus_, former);
+    tell(gotFocus_, control);
 }
 
 void Form::slide(std::initializer_list<SlideSteps> stretches)
@@ -208,7 +240,7 @@ void Form::slide(std::initializer_list<SlideSteps> stretches)
 
 bool Form::event(QEvent* event)
 {
-    if (event->type() == QEvent::WindowActivate && screens().activated(this))
+    if (event->type() == QEvent::WindowActivate && isWindow() && screens().activated(this))
         activate();
     return QWidget::event(event);
 }

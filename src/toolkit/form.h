@@ -1,9 +1,12 @@
 #pragma once
 
+#include "toolkit/choice_list.h"
 #include "toolkit/controls.h"
 #include "toolkit/services.h"
+#include "toolkit/text_box.h"
 
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QPlainTextEdit>
 #include <QWidget>
 
@@ -12,7 +15,7 @@
 
 namespace toolkit {
 
-enum class Border { None, FixedSingle };
+enum class Border { None, FixedSingle, Sizable };
 enum class Placement { ScreenCentre, WindowDefault };
 
 struct FormSettings
@@ -33,6 +36,7 @@ struct Look
     std::optional<QColor> colour = {};     ///< of the text
     std::optional<QColor> background = {}; ///< a label with one is opaque
     bool centred = false;
+    bool rightAligned = false;
     bool middle = false; ///< centred from top to bottom
     bool sizedToText = false;
     bool bordered = false;
@@ -60,6 +64,10 @@ public:
     void unload();
     void closed();
     [[nodiscard]] bool isClosed() const { return closed_; }
+    /// Puts the window of `child` on show inside this one, in front of its siblings.
+    virtual void showInside(Form& child) { child.show(); }
+    /// Gives the first control in the tab order the focus.
+    void focusFirst();
 
 protected:
     // The events of the screen.
@@ -88,8 +96,12 @@ protected:
     Label* label(const QString& name, const TwipRect& place, const QString& text, const Look& look);
     Button* button(const QString& name, const TwipRect& place, const QString& text, const Look& look);
     QCheckBox* checkBox(const QString& name, const TwipRect& place, const QString& text, const Look& look);
-    QPlainTextEdit* textBox(const QString& name, const TwipRect& place, const QString& text,
-                            const Look& look);
+    QPlainTextEdit* textArea(const QString& name, const TwipRect& place, const QString& text,
+                             const Look& look);
+    /// Empty at first; at most `limit` code points can be typed into it.
+    TextBox* textBox(const QString& name, const TwipRect& place, qsizetype limit, const Look& look);
+    ChoiceList* choiceList(const QString& name, const TwipRect& place, const Look& look);
+    QGroupBox* frame(const QString& name, const TwipRect& place, const QString& text);
     Picture* picture(const QString& name, const TwipRect& place, const QString& resource);
     Shape* shape(const QString& name, const TwipRect& place, const Shape::Look& look, bool hidden = false);
     Line* line(const QString& name, TwipPoint from, TwipPoint to, const QColor& colour, int width,
@@ -103,10 +115,17 @@ protected:
     void onClick(Button* control, std::function<void()> handler);
     void onMouseMove(Label* control, std::function<void()> handler);
     void onChange(QCheckBox* control, std::function<void()> handler);
+    /// The handlers run for changes by a handler as well as by the user.
+    void onChange(TextBox* control, std::function<void()> handler);
+    void onChange(ChoiceList* control, std::function<void()> handler);
+    /// The handler is given each character typed into the box and returns false to discard it.
+    void onKeyPress(TextBox* control, std::function<bool(QChar)> handler);
     void onTick(Timer* control, std::function<void()> handler);
-    /// The handler runs when the focus moves to the control, by a handler or by the user; not when the window
-    /// is merely activated again after a box or another program had the keyboard.
+    /// The handlers run when the focus moves to the control, or from it to another control of the form, by a
+    /// handler or by the user; not when another window, a box or a list that drops down has the keyboard for
+    /// a while.
     void onGotFocus(QWidget* control, std::function<void()> handler);
+    void onLostFocus(QWidget* control, std::function<void()> handler);
     void focus(QWidget* control);
     void setDefaultButton(Button* control) { defaultButton_ = control; }
 
@@ -141,7 +160,9 @@ private:
     std::vector<std::pair<int, QWidget*>> tabs_;
     std::vector<QWidget*> lifted_;
     std::vector<Timer*> timers_;
-    std::vector<std::pair<QWidget*, std::function<void()>>> gotFocus_;
+    using FocusHandlers = std::vector<std::pair<QWidget*, std::function<void()>>>;
+    FocusHandlers gotFocus_;
+    FocusHandlers lostFocus_;
     QWidget* focused_ = nullptr;
     Button* defaultButton_ = nullptr;
     bool closed_ = false;

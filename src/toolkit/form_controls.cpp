@@ -34,7 +34,9 @@ Label* Form::label(const QString& name, const TwipRect& place, const QString& te
     if (look.background)
         control->setBackground(*look.background);
     control->setOpaque(look.background.has_value());
-    control->setAlignment((look.centred ? Qt::AlignHCenter : Qt::AlignLeft) |
+    control->setAlignment((look.centred        ? Qt::AlignHCenter
+                           : look.rightAligned ? Qt::AlignRight
+                                               : Qt::AlignLeft) |
                           (look.middle ? Qt::AlignVCenter : Qt::AlignTop));
     control->setBordered(look.bordered);
     control->setText(text);
@@ -60,8 +62,8 @@ QCheckBox* Form::checkBox(const QString& name, const TwipRect& place, const QStr
     return control;
 }
 
-QPlainTextEdit* Form::textBox(const QString& name, const TwipRect& place, const QString& text,
-                              const Look& look)
+QPlainTextEdit* Form::textArea(const QString& name, const TwipRect& place, const QString& text,
+                               const Look& look)
 {
     auto* control = add(new QPlainTextEdit(text, this), name, place);
     applyLook(control, look);
@@ -73,6 +75,26 @@ QPlainTextEdit* Form::textBox(const QString& name, const TwipRect& place, const 
     control->setPalette(colours);
     control->setTabChangesFocus(true);
     return control;
+}
+
+TextBox* Form::textBox(const QString& name, const TwipRect& place, qsizetype limit, const Look& look)
+{
+    auto* control = add(new TextBox(this), name, place);
+    applyLook(control, look);
+    control->setLimit(limit);
+    return control;
+}
+
+ChoiceList* Form::choiceList(const QString& name, const TwipRect& place, const Look& look)
+{
+    auto* control = add(new ChoiceList(this), name, place);
+    applyLook(control, look);
+    return control;
+}
+
+QGroupBox* Form::frame(const QString& name, const TwipRect& place, const QString& text)
+{
+    return add(new QGroupBox(text, this), name, place);
 }
 
 Picture* Form::picture(const QString& name, const TwipRect& place, const QString& resource)
@@ -114,6 +136,11 @@ void Form::controlsDone()
     std::ranges::stable_sort(tabs_, {}, &std::pair<int, QWidget*>::first);
     for (std::size_t place = 1; place < tabs_.size(); ++place)
         setTabOrder(tabs_[place - 1].second, tabs_[place].second);
+    focusFirst();
+}
+
+void Form::focusFirst()
+{
     if (!tabs_.empty())
         tabs_.front().second->setFocus();
 }

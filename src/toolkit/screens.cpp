@@ -15,9 +15,9 @@ Screens::~Screens()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-void Screens::add(const QString& name, Factory factory, const QString& behind)
+void Screens::add(const QString& name, Factory factory, const Place& place)
 {
-    screens_[name] = {std::move(factory), behind, nullptr, false};
+    screens_[name] = {std::move(factory), place, nullptr, false};
 }
 
 Form* Screens::find(const QString& name) const
@@ -42,8 +42,12 @@ void Screens::show(const QString& name)
 void Screens::present(const Screen& screen)
 {
     Form* form = screen.form.get();
+    if (Form* parent = find(screen.place.inside)) {
+        parent->showInside(*form);
+        return;
+    }
     if (!form->isVisible()) {
-        Form* backdrop = find(screen.behind);
+        Form* backdrop = find(screen.place.behind);
         if (backdrop)
             backdrop->show();
         form->show();
@@ -64,6 +68,10 @@ void Screens::close(const QString& name)
     if (!screen.form || screen.closing)
         return;
     screen.closing = true;
+    for (const auto& [child, other] : screens_) {
+        if (other.place.inside == name)
+            close(child);
+    }
     screen.form->unload();
     screen.closing = false;
     const auto form = std::move(screen.form);

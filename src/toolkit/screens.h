@@ -20,8 +20,14 @@ public:
 
     ~Screens() override;
 
-    /// `behind`, if given, names a screen that always stays behind this one on the desktop.
-    void add(const QString& name, Factory factory, const QString& behind = {});
+    /// Names of the screens to which a screen's place is bound.
+    struct Place
+    {
+        QString behind = {}; ///< always stays behind the screen on the desktop
+        QString inside = {}; ///< holds the window of the screen, and takes it along when it is closed
+    };
+    void add(const QString& name, Factory factory, const Place& place);
+    void add(const QString& name, Factory factory) { add(name, std::move(factory), Place{}); }
 
     /// Makes and loads the screen unless it is open (or loading), then makes it visible and active. A screen
     /// that closed itself while it was loading stays closed.
@@ -47,7 +53,7 @@ private:
     struct Screen
     {
         Factory factory;
-        QString behind;
+        Place place;
         std::unique_ptr<Form, DeleteLater> form;
         bool closing = false;
     };

@@ -6,6 +6,7 @@
 #include <QFontMetrics>
 #include <QStringList>
 
+#include <algorithm>
 #include <numeric>
 
 namespace toolkit {
@@ -16,6 +17,7 @@ namespace {
 constexpr int smallestPixels = 8;
 // More characters than any box of these screens can show; laying out a book would only cost time.
 constexpr qsizetype mostCharacters = 2000;
+constexpr double systemPoints = 8.25;
 
 // Asking for a family that is not there makes Qt read every alias of every font.
 QFont sized(const QString& family, double points)
@@ -34,6 +36,30 @@ bool fits(const QString& text, const QFont& font, QSize size, int flags)
 }
 
 } // namespace
+
+QFont systemFont()
+{
+    QFont font;
+    font.setPixelSize(pixels(systemPoints * twipsPerPoint));
+    return font;
+}
+
+QString trimmed(const QString& text)
+{
+    qsizetype start = 0;
+    qsizetype end = text.size();
+    while (start < end && text[start] == QChar::Space)
+        ++start;
+    while (end > start && text[end - 1] == QChar::Space)
+        --end;
+    return text.sliced(start, end - start);
+}
+
+qsizetype codePoints(QStringView text)
+{
+    return text.size() -
+           std::count_if(text.begin(), text.end(), [](QChar unit) { return unit.isLowSurrogate(); });
+}
 
 QFont verdana(double points, Weight weight)
 {

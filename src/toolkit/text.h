@@ -15,6 +15,14 @@ enum class Weight { Normal, Bold };
 [[nodiscard]] QFont verdana(double points, Weight weight = Weight::Normal);
 [[nodiscard]] QFont arialBlack(double points);
 
+/// The desktop's own font in the size that screens without a font of their own were laid out for.
+[[nodiscard]] QFont systemFont();
+
+/// Without the blanks (U+0020) at its ends.
+[[nodiscard]] QString trimmed(const QString& text);
+
+[[nodiscard]] qsizetype codePoints(QStringView text);
+
 /// A text laid out for a box: the font made smaller as far as needed, the end left out if that is not enough.
 struct FittedText
 {

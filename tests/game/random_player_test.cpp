@@ -55,8 +55,8 @@ public:
         const auto makeHost = [this](QWidget&) {
             return std::make_unique<support::RecordingHost>(hostRequests_, false);
         };
-        screens_.add(
-            "orv", [=, this] { return std::make_unique<Orv>(services_, makeHost); }, "back");
+        screens_.add("orv", [=, this] { return std::make_unique<Orv>(services_, makeHost); },
+                     {.behind = "back"});
         for (const char* name : {"back", "thank"})
             screens_.add(name, [=, this] {
                 return std::make_unique<Form>(toolkit::FormSettings{.name = name}, services_);

@@ -27,8 +27,8 @@ ShowTest::ShowTest()
     const auto makeHost = [this](QWidget&) {
         return std::make_unique<support::RecordingHost>(desk.hostRequests, hostMissing);
     };
-    desk.screens.add(
-        "orv", [this, makeHost] { return std::make_unique<Orv>(desk.services, makeHost); }, "back");
+    desk.screens.add("orv", [this, makeHost] { return std::make_unique<Orv>(desk.services, makeHost); },
+                     {.behind = "back"});
     desk.screens.add("back", [this] { return std::make_unique<Backdrop>(desk.services); });
     desk.screens.add("thank", [this] {
         return std::make_unique<Form>(toolkit::FormSettings{.name = "thank"}, desk.services);

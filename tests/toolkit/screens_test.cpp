@@ -46,8 +46,9 @@ class ScreensTest : public testing::Test
 protected:
     void add(const QString& name, Probe::Script script = {}, const QString& behind = {})
     {
-        desk.screens.add(
-            name, [=, this] { return std::make_unique<Probe>(name, desk.services, log, script); }, behind);
+        desk.screens.add(name,
+                         [=, this] { return std::make_unique<Probe>(name, desk.services, log, script); },
+                         {.behind = behind});
     }
     std::string takeLog()
     {

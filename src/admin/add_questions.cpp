@@ -1,0 +1,259 @@
+#include "admin/add_questions.h"
+
+#include "toolkit/screens.h"
+
+namespace admin {
+
+using toolkit::trimmed;
+using Icon = toolkit::Dialogs::Icon;
+
+namespace {
+
+constexpr int questionLimit = 100;
+constexpr int answerLimit = 25;
+constexpr std::array answerFields = {"answer1", "answer2", "answer3", "answer4"};
+constexpr std::array tallyFields = {"a", "b", "c", "d"};
+
+} // namespace
+
+AddQuestions::AddQuestions(toolkit::Services services)
+    : Editor({.name = "addquestions",
+              .caption = "Add Questions",
+              .width = 7035,
+              .height = 5910,
+              .border = toolkit::Border::Sizable},
+             services,
+             {.table = "questions",
+              .fields = {"question_id", "question", "answer1", "answer2", "answer3", "answer4",
+                         "correct_answer", "Level", "a", "b", "c", "d"},
+              .one = "question"})
+{
+    // clang-format off
+    label("Label9", {240, 120, 5070, 195},
+          "These questions appear to the constantant randomly according to level.", {.sizedToText = true});
+    label("Label7", {240, 480, 840, 195}, "Question ID", {});
+    questionid = textBox("questionid", {1200, 480, 855, 285}, toolkit::TextBox::noLimit, {.tab = 17});
+    label("Label1", {240, 840, 630, 195}, "Question", {});
+    question = textBox("question", {1200, 840, 3615, 285}, questionLimit, {.tab = 0});
+    for (std::size_t i = 0; i < answers.size(); ++i) {
+        const double top = 1320 + 480 * static_cast<double>(i);
+        const int number = static_cast<int>(i) + 1;
+        label(QStringLiteral("Label%1").arg(number + 1), {240, top, 615, 195},
+              QStringLiteral("Answer%1").arg(number), {});
+        answers[i] = textBox(answerFields[i], {1200, top, 1935, 285}, answerLimit, {.tab = number});
+    }
+    line("Line1", {240, 3360}, {3960, 3360}, palette().color(QPalette::WindowText), 1);
+    label("Label6", {240, 3600, 1080, 195}, "Correct Answer", {});
+    correctanswer = choiceList("correctanswer", {1680, 3600, 1815, 315}, {.tab = 5});
+    label("Label8", {240, 4080, 1095, 255}, "Level:", {});
+    level = choiceList("level", {1680, 4080, 1815, 315}, {.tab = 6});
+    cmdadd = button("cmdadd", {240, 4560, 855, 255}, "&ADD", {.tab = 7});
+    cmdsave = button("cmdsave", {1320, 4560, 975, 255}, "&SAVE", {.tab = 8});
+    cmdupdate = button("cmdupdate", {2520, 4560, 975, 255}, "&UPDATE", {.tab = 9});
+    cmddelete = button("cmddelete", {3720, 4560, 975, 255}, "&DELETE", {.tab = 10});
+    cmdcancel = button("cmdcancel", {4920, 4560, 855, 255}, "&CANCEL", {.tab = 11});
+    cmdfirst = button("cmdfirst", {240, 4920, 855, 255}, "<<", {.tab = 12});
+    cmdprevious = button("cmdprevious", {1320, 4920, 975, 255}, "<", {.tab = 13});
+    cmdnext = button("cmdnext", {2520, 4920, 975, 255}, ">", {.tab = 14});
+    cmdlast = button("cmdlast", {3720, 4920, 975, 255}, ">>", {.tab = 15});
+    cmdexit = button("cmdexit", {4920, 4920, 855, 255}, "E&XIT", {.tab = 16});
+    // clang-format on
+    controlsDone();
+    questionid->setEnabled(false);
+    cmdcancel->setEnabled(false);
+    level->setSorted();
+    connectControls();
+}
+
+void AddQuestions::connectControls()
+{
+    onChange(question, [this] { compare("question", question->text()); });
+    for (std::size_t i = 0; i < answers.size(); ++i)
+        onChange(answers[i], [this, i] { addquestions_answer_Change(i); });
+    onLostFocus(answers.back(), [this] { fillcorrectanswers(); });
+    onGotFocus(correctanswer, [this] { fillcorrectanswers(); });
+    onChange(correctanswer, [this] { compare("correct_answer", correctanswer->chosen()); });
+    onChange(level, [this] { compare("level", level->chosen()); });
+
+    onClick(cmdfirst, [this] { addquestions_cmdfirst_Click(); });
+    onClick(cmdprevious, [this] { addquestions_cmdprevious_Click(); });
+    onClick(cmdnext, [this] { addquestions_cmdnext_Click(); });
+    onClick(cmdlast, [this] { addquestions_cmdlast_Click(); });
+    onClick(cmdadd, [this] { addquestions_cmdadd_Click(); });
+    onClick(cmdsave, [this] { addquestions_cmdsave_Click(); });
+    onClick(cmdupdate, [this] { addquestions_cmdupdate_Click(); });
+    onClick(cmddelete, [this] { addquestions_cmddelete_Click(); });
+    onClick(cmdcancel, [this] { addquestions_cmdcancel_Click(); });
+    onClick(cmdexit, [this] { addquestions_cmdexit_Click(); });
+}
+
+void AddQuestions::Form_Load()
+{
+    modified = false;
+    openRows(db::statements::allQuestions());
+}
+
+void AddQuestions::displayrecord()
+{
+    const auto stored = [this](const char* field) { return hasRow() ? rows.text(field) : QString(); };
+    questionid->setText(stored("question_id"));
+    question->setText(stored("question"));
+    for (std::size_t i = 0; i < answers.size(); ++i)
+        answers[i]->setText(stored(answerFields[i]));
+    correctanswer->clear();
+    level->clear();
+    for (const char* entry : {"1", "2", "3"})
+        level->append(entry);
+    if (!hasRow())
+        return;
+    for (const char* field : answerFields)
+        correctanswer->append(stored(field));
+    correctanswer->choose(stored("correct_answer"));
+    level->choose(stored("level"));
+}
+
+void AddQuestions::fillcorrectanswers()
+{
+    correctanswer->clear();
+    for (const toolkit::TextBox* answer : answers)
+        correctanswer->append(answer->text());
+}
+
+void AddQuestions::compare(const char* field, const QString& shown)
+{
+    if (!adding && hasRow() && trimmed(rows.text(field)) != trimmed(shown))
+        modified = true;
+}
+
+void AddQuestions::addquestions_answer_Change(std::size_t index)
+{
+    fillcorrectanswers();
+    compare(answerFields[index], answers[index]->text());
+}
+
+void AddQuestions::checkmodified()
+{
+    if (!adding && modified && confirm("The Current Record has been modified do you wish to Update it?"))
+        addquestions_cmdupdate_Click();
+    modified = false;
+}
+
+void AddQuestions::addquestions_cmdfirst_Click()
+{
+    checkmodified();
+    moveFirst();
+}
+
+void AddQuestions::addquestions_cmdprevious_Click()
+{
+    checkmodified();
+    movePrevious();
+}
+
+void AddQuestions::addquestions_cmdnext_Click()
+{
+    checkmodified();
+    moveNext();
+}
+
+void AddQuestions::addquestions_cmdlast_Click()
+{
+    checkmodified();
+    moveLast();
+}
+
+void AddQuestions::addquestions_cmdadd_Click()
+{
+    adding = true; // so that emptying the boxes does not count as a change
+    for (toolkit::TextBox* box : {questionid, question})
+        box->clear();
+    for (toolkit::TextBox* answer : answers)
+        answer->clear();
+    correctanswer->clear();
+    level->append("");
+    level->setCurrentIndex(0);
+    setAdding(true);
+    focus(question);
+}
+
+QuestionEntry AddQuestions::entered() const
+{
+    QuestionEntry entry;
+    entry.question = question->text();
+    for (std::size_t i = 0; i < answers.size(); ++i)
+        entry.answers[i] = answers[i]->text();
+    entry.correctAnswer = correctanswer->chosen();
+    entry.level = level->chosen();
+    return entry;
+}
+
+bool AddQuestions::check(const QuestionEntry& entry)
+{
+    const QString faults = faultsOf(entry);
+    if (!faults.isEmpty())
+        notice(faults);
+    return faults.isEmpty();
+}
+
+void AddQuestions::setFields(const QuestionEntry& entry)
+{
+    rows.set("question", trimmed(entry.question));
+    for (std::size_t i = 0; i < answerFields.size(); ++i)
+        rows.set(answerFields[i], trimmed(entry.answers[i]));
+    rows.set("correct_answer", trimmed(entry.correctAnswer));
+    rows.set("level", entry.level);
+}
+
+void AddQuestions::addquestions_cmdsave_Click()
+{
+    if (!requireAdding())
+        return;
+    const QuestionEntry entry = entered();
+    if (!check(entry))
+        return;
+    rows.AddNew();
+    setFields(entry);
+    for (const char* tally : tallyFields)
+        rows.set(tally, 1);
+    rows.Update();
+    questionid->setText(rows.text("question_id"));
+    notice("Successfully Saved");
+    setAdding(false);
+}
+
+void AddQuestions::addquestions_cmdupdate_Click()
+{
+    if (!requireRow())
+        return;
+    const QuestionEntry entry = entered();
+    if (!check(entry))
+        return;
+    setFields(entry);
+    rows.Update();
+    modified = false;
+    notice("Record Updated", Icon::Information);
+}
+
+void AddQuestions::addquestions_cmddelete_Click()
+{
+    if (!requireRow() || !confirm("Are you sure ?"))
+        return;
+    rows.Delete();
+    rows.MoveFirst();
+    displayrecord();
+    notice("Successfully deleted");
+}
+
+void AddQuestions::addquestions_cmdcancel_Click()
+{
+    displayrecord();
+    setAdding(false);
+}
+
+void AddQuestions::addquestions_cmdexit_Click()
+{
+    checkmodified();
+    screens().close("addquestions");
+}
+
+} // namespace admin

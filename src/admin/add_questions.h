@@ -1,0 +1,56 @@
+#pragma once
+
+#include "admin/editor.h"
+#include "admin/entry_checks.h"
+
+namespace admin {
+
+/// The question editor: shows the bank one question at a time, in the order of their numbers.
+class AddQuestions final : public Editor
+{
+public:
+    explicit AddQuestions(toolkit::Services services);
+
+protected:
+    void Form_Load() override;
+
+private:
+    void connectControls();
+    void displayrecord();
+    void displayrow() override { displayrecord(); }
+    void fillcorrectanswers();
+    void checkmodified();
+
+    /// Notes whether what a control shows is something else than its field of the current row.
+    void compare(const char* field, const QString& shown);
+    [[nodiscard]] QuestionEntry entered() const;
+    /// The checks before a question is written; tells the owner what they found.
+    [[nodiscard]] bool check(const QuestionEntry& entry);
+    void setFields(const QuestionEntry& entry);
+
+    void addquestions_answer_Change(std::size_t index);
+    void addquestions_correctanswer_Change();
+    void addquestions_cmdfirst_Click();
+    void addquestions_cmdprevious_Click();
+    void addquestions_cmdnext_Click();
+    void addquestions_cmdlast_Click();
+    void addquestions_cmdadd_Click();
+    void addquestions_cmdsave_Click();
+    void addquestions_cmdupdate_Click();
+    void addquestions_cmddelete_Click();
+    void addquestions_cmdcancel_Click();
+    void addquestions_cmdexit_Click();
+
+    /// A shown value was changed since modified was last cleared; matters only while browsing.
+    bool modified = false;
+
+    toolkit::TextBox* questionid;
+    toolkit::TextBox* question;
+    std::array<toolkit::TextBox*, 4> answers;
+    toolkit::ChoiceList* correctanswer;
+    toolkit::ChoiceList* level;
+    toolkit::Button* cmddelete;
+    toolkit::Button* cmdexit;
+};
+
+} // namespace admin

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "admin/admin_form.h"
+#include "db/connection.h"
+
+namespace admin {
+
+/// What the two editors share: rows of their own that four buttons walk along, and the mode in which the
+/// boxes hold a new row that is not in the table yet. A form of this kind that cannot open its rows closes
+/// itself again.
+class Editor : public AdminForm
+{
+protected:
+    /// The table of the rows.
+    struct Kind
+    {
+        const char* table;
+        QStringList fields;
+        const char* one; ///< what a row is called in messages
+    };
+
+    Editor(toolkit::FormSettings settings, toolkit::Services services, Kind kind);
+
+    void openRows(const db::Query& query);
+    /// There is a row to be shown: the table is not empty.
+    [[nodiscard]] bool hasRow() const;
+    /// As hasRow(); tells the owner if there is none.
+    [[nodiscard]] bool requireRow();
+
+    // The moves of the four buttons, which end by showing the row.
+    void moveFirst();
+    void moveLast();
+    void moveNext();
+    void movePrevious();
+
+    /// Tells SAVE while browsing what is missing; false then.
+    [[nodiscard]] bool requireAdding();
+    /// Turns the mode with the buttons that go with it.
+    void setAdding(bool adding);
+
+    /// Fills the boxes from the current row, or empties them if there is none.
+    virtual void displayrow() = 0;
+
+    db::Recordset rows;
+    bool adding = false;
+
+    toolkit::Button* cmdadd = nullptr;
+    toolkit::Button* cmdsave = nullptr;
+    toolkit::Button* cmdupdate = nullptr;
+    toolkit::Button* cmdcancel = nullptr;
+    toolkit::Button* cmdfirst = nullptr;
+    toolkit::Button* cmdprevious = nullptr;
+    toolkit::Button* cmdnext = nullptr;
+    toolkit::Button* cmdlast = nullptr;
+
+private:
+    void go(const std::function<void()>& move);
+
+    Kind kind_;
+    std::unique_ptr<db::Connection> connection_;
+};
+
+} // namespace admin

@@ -1,0 +1,85 @@
+#include "toolkit/text_box.h"
+
+#include "toolkit/text.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QValidator>
+
+#include <algorithm>
+
+namespace toolkit {
+
+/// QLineEdit's own limit counts UTF-16 units and cuts what the program sets.
+class TextBox::Limit final : public QValidator
+{
+public:
+    explicit Limit(TextBox& box) : QValidator(&box), box_(box) {}
+
+    State validate(QString& input, int& position) const override
+    {
+        if (codePoints(input) <= std::max(box_.limit_, box_.room_))
+            return Acceptable;
+        box_.rejected_ = input;
+        box_.rejectedEnd_ = position;
+        return Invalid;
+    }
+
+private:
+    TextBox& box_;
+};
+
+TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
+{
+    setMaxLength(std::numeric_limits<int>::max());
+    setValidator(new Limit(*this));
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { room_ = codePoints(text); });
+    // The rejected change is undone only after the signal.
+    connect(this, &QLineEdit::inputRejected, this, &TextBox::enterWhatFits, Qt::QueuedConnection);
+}
+
+void TextBox::setMasked()
+{
+    setEchoMode(Password);
+    setStyleSheet(QStringLiteral("lineedit-password-character: 42"));
+}
+
+void TextBox::setText(const QString& text)
+{
+    room_ = codePoints(text);
+    QLineEdit::setText(text);
+}
+
+// Of a pasted text that is too long, the beginning is taken.
+void TextBox::enterWhatFits()
+{
+    const qsizetype start = hasSelectedText() ? selectionStart() : cursorPosition();
+    qsizetype free = std::max(limit_, room_) - room_ + codePoints(selectedText());
+    const QString entered = rejected_.mid(start, rejectedEnd_ - start);
+    rejected_.clear();
+    qsizetype fits = 0;
+    for (; free > 0 && fits < entered.size(); --free)
+        fits += entered[fits].isHighSurrogate() ? 2 : 1;
+    if (fits > 0)
+        insert(entered.first(std::min(fits, entered.size())));
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event)
+{
+    if (onKeyPress && !event->text().isEmpty() && !onKeyPress(event->text().front()))
+        return;
+    QLineEdit::keyPressEvent(event);
+}
+
+// Some keyboards go through an input method for every key.
+void TextBox::inputMethodEvent(QInputMethodEvent* event)
+{
+    if (onKeyPress) {
+        QString typed = event->commitString();
+        typed.removeIf([this](QChar character) { return !onKeyPress(character); });
+        event->setCommitString(typed, event->replacementStart(), event->replacementLength());
+    }
+    QLineEdit::inputMethodEvent(event);
+}
+
+} // namespace toolkit

@@ -1,0 +1,163 @@
+#include "owner.h"
+
+#include "admin/add_questions.h"
+#include "admin/change_password.h"
+#include "admin/console.h"
+#include "admin/login.h"
+#include "admin/messages.h"
+
+#include <QTest>
+
+namespace admin {
+
+using toolkit::ChoiceList;
+using toolkit::Form;
+using toolkit::TextBox;
+
+namespace {
+
+/// Three questions, the second with an answer key and a level that no list has; two messages; one account.
+constexpr const char* content = R"(
+delete from questions; delete from locking;
+insert into questions values (1, 'One?', 'a', 'b', 'c', 'd', 'b', '1', 1, 1, 1, 1),
+    (2, 'Two?', 'e', 'f', null, 'h', 'F', '9', 1, 2, 3, 4), (7, 'Seven?', ' i', 'j', 'k', 'i', 'i', '3', 9, 9, 9, 9);
+insert into locking values ('sure?'), (' really? ');
+insert into users values ('owner', 'Secret word'), ('twin', 'same'), ('twin', 'same');
+)";
+
+class Plain final : public Form
+{
+public:
+    using Form::Form;
+};
+
+} // namespace
+
+std::string ListeningDialogs::take()
+{
+    const std::string text = log_.join('\n').toStdString();
+    log_.clear();
+    return text;
+}
+
+void ListeningDialogs::notice(QWidget*, const QString& title, const QString& text, Icon icon)
+{
+    const char* const sign = icon == Icon::Information ? "(i) " : icon == Icon::Exclamation ? "(!) " : "";
+    log_ << title + ": " + sign + text;
+    if (onBox)
+        onBox(text);
+}
+
+bool ListeningDialogs::confirm(QWidget*, const QString& title, const QString& text)
+{
+    log_ << title + ": " + text;
+    EXPECT_FALSE(answers.empty()) << "unexpected: " << text.toStdString();
+    const bool yes = answers.starts_with('y');
+    answers.erase(0, 1);
+    return yes;
+}
+
+Owner::Owner()
+{
+    bank.execute(content);
+    const toolkit::Screens::Place inside{.inside = "admin"};
+    add("login", [this] { return std::make_unique<Login>(services); });
+    add("admin", [this] { return std::make_unique<Console>(services); });
+    add(
+        "addquestions", [this] { return std::make_unique<AddQuestions>(services); }, inside);
+    add(
+        "messages", [this] { return std::make_unique<Messages>(services); }, inside);
+    add(
+        "changepassword", [this] { return std::make_unique<ChangePassword>(services); }, inside);
+    add("userselect",
+        [this] { return std::make_unique<Plain>(toolkit::FormSettings{.name = "userselect"}, services); });
+}
+
+void Owner::add(const QString& name, const toolkit::Screens::Factory& factory,
+                const toolkit::Screens::Place& place)
+{
+    screens.add(name, factory, place);
+}
+
+void Owner::open(std::initializer_list<const char*> names)
+{
+    screens.show("admin");
+    QApplication::setActiveWindow(&form("admin"));
+    for (const char* name : names)
+        screens.show(name);
+}
+
+Form& Owner::form(const QString& name) const
+{
+    Form* found = screens.find(name);
+    if (!found)
+        throw std::out_of_range("not open: " + name.toStdString());
+    return *found;
+}
+
+void Owner::run(const QString& screen, const QString& steps)
+{
+    for (const QString& step : steps.split("; ", Qt::SkipEmptyParts)) {
+        if (const auto equals = step.indexOf('='); equals > 0) {
+            auto& box = control<TextBox>(screen, step.left(equals));
+            box.setFocus();
+            box.selectAll();
+            box.insert(step.mid(equals + 1));
+        } else if (const auto place = step.indexOf('#'); place > 0) {
+            auto& list = control<ChoiceList>(screen, step.left(place));
+            list.setFocus();
+            list.setCurrentIndex(step.mid(place + 1).toInt());
+        } else {
+            QTest::mouseClick(&control<toolkit::Button>(screen, step), Qt::LeftButton);
+        }
+    }
+}
+
+std::string Owner::shown(const QString& screen) const
+{
+    if (screen == "messages")
+        return control<TextBox>(screen, "message").text().toStdString();
+    QStringList texts;
+    for (const char* box : {"questionid", "question", "answer1", "answer2", "answer3", "answer4"})
+        texts << control<TextBox>(screen, box).text();
+    for (const char* name : {"correctanswer", "level"}) {
+        const auto& list = control<ChoiceList>(screen, name);
+        QStringList entries;
+        for (int i = 0; i < list.count(); ++i)
+            entries << (i == list.currentIndex() ? "*" : "") + list.itemText(i);
+        texts << entries.join(',');
+    }
+    return texts.join('|').toStdString();
+}
+
+std::string Owner::buttons(const QString& screen) const
+{
+    QStringList names;
+    for (const auto* button : form(screen).findChildren<toolkit::Button*>()) {
+        if (button->isEnabled())
+            names << button->objectName().sliced(3);
+    }
+    names.sort();
+    return names.join(' ').toStdString();
+}
+
+std::string Owner::focused(const QString& screen) const
+{
+    const QWidget* widget = form(screen).focusWidget();
+    return widget ? widget->objectName().toStdString() : "";
+}
+
+std::string Owner::questions() const
+{
+    return bank.value(
+        "select group_concat(question_id || '|' || question || '|' || answer1 || '|' || answer2 || '|' ||"
+        " coalesce(answer3, 'null') || '|' || answer4 || '|' || correct_answer || '|' || Level || '|'"
+        " || a || b || c || d, char(10)) from questions");
+}
+
+std::string Owner::messages() const
+{
+    return bank.value("select group_concat(message, '|') from locking");
+}
+
+} // namespace admin
