@@ -28,22 +28,24 @@ AddQuestions::AddQuestions(toolkit::Services services)
                          "correct_answer", "Level", "a", "b", "c", "d"},
               .one = "question"})
 {
+    QFont narrow = font(); // the box beside it is near
+    narrow.setPixelSize(narrow.pixelSize() - 1);
     // clang-format off
     label("Label9", {240, 120, 5070, 195},
           "These questions appear to the constantant randomly according to level.", {.sizedToText = true});
-    label("Label7", {240, 480, 840, 195}, "Question ID", {});
+    label("Label7", {240, 480, 840, 195}, "Question ID", {.font = narrow, .sizedToText = true});
     questionid = textBox("questionid", {1200, 480, 855, 285}, toolkit::TextBox::noLimit, {.tab = 17});
-    label("Label1", {240, 840, 630, 195}, "Question", {});
+    label("Label1", {240, 840, 630, 195}, "Question", {.sizedToText = true});
     question = textBox("question", {1200, 840, 3615, 285}, questionLimit, {.tab = 0});
     for (std::size_t i = 0; i < answers.size(); ++i) {
         const double top = 1320 + 480 * static_cast<double>(i);
         const int number = static_cast<int>(i) + 1;
         label(QStringLiteral("Label%1").arg(number + 1), {240, top, 615, 195},
-              QStringLiteral("Answer%1").arg(number), {});
+              QStringLiteral("Answer%1").arg(number), {.sizedToText = true});
         answers[i] = textBox(answerFields[i], {1200, top, 1935, 285}, answerLimit, {.tab = number});
     }
     line("Line1", {240, 3360}, {3960, 3360}, palette().color(QPalette::WindowText), 1);
-    label("Label6", {240, 3600, 1080, 195}, "Correct Answer", {});
+    label("Label6", {240, 3600, 1080, 195}, "Correct Answer", {.sizedToText = true});
     correctanswer = choiceList("correctanswer", {1680, 3600, 1815, 315}, {.tab = 5});
     label("Label8", {240, 4080, 1095, 255}, "Level:", {});
     level = choiceList("level", {1680, 4080, 1815, 315}, {.tab = 6});

@@ -3,6 +3,7 @@
 #include "toolkit/author.h"
 #include "toolkit/screens.h"
 
+#include <QApplication>
 #include <QIcon>
 
 namespace shell {
@@ -59,7 +60,7 @@ UserSelect::UserSelect(toolkit::Services services)
     Timer1 = timer("Timer1", 10ms, false);
     // clang-format on
     controlsDone();
-    setWindowIcon(applicationIcon());
+    QApplication::setWindowIcon(applicationIcon());
     email->setCursor(Qt::PointingHandCursor);
     site->setCursor(Qt::PointingHandCursor);
 

@@ -1,6 +1,8 @@
 #include "toolkit/choice_list.h"
 
+#include <QAbstractItemView>
 #include <QScopedValueRollback>
+#include <QStylePainter>
 #include <QWheelEvent>
 
 namespace toolkit {
@@ -35,6 +37,26 @@ void ChoiceList::append(const QString& text)
 void ChoiceList::choose(const QString& text)
 {
     setCurrentIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+}
+
+void ChoiceList::showPopup()
+{
+    constexpr int margins = 24;
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) + margins);
+    QComboBox::showPopup();
+}
+
+// The style would cut a long text in the middle of a letter.
+void ChoiceList::paintEvent(QPaintEvent*)
+{
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, field.width() - 2);
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 
 // A turn of the wheel while the pointer passes would choose unseen.

@@ -24,6 +24,8 @@ public:
     std::function<void()> onChosen;
 
 protected:
+    void showPopup() override;
+    void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:

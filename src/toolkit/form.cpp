@@ -255,7 +255,8 @@ bool Form::eventFilter(QObject* watched, QEvent* event)
 void Form::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    setGround(*windowHandle(), palette().color(QPalette::Window));
+    if (isWindow())
+        setGround(*windowHandle(), palette().color(QPalette::Window));
 }
 
 // The window system asks; whether and when the window goes is the screen's business.

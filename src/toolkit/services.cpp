@@ -1,6 +1,7 @@
 #include "toolkit/services.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QProcess>
@@ -11,6 +12,7 @@ namespace {
 
 // A box grows with its text and would push its buttons off the screen.
 constexpr qsizetype longestBoxText = 800;
+constexpr int narrowestBox = 180;
 
 QString shortened(const QString& text)
 {
@@ -22,6 +24,9 @@ int show(QWidget* owner, const QString& title, const QString& text, QMessageBox:
 {
     QMessageBox box(icon, title, shortened(text), buttons, owner);
     box.setTextFormat(Qt::PlainText);
+    // Wide enough for its title.
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(narrowestBox, 0), grid->rowCount(), 0, 1, grid->columnCount());
     return box.exec();
 }
 

@@ -48,6 +48,7 @@ void TextBox::setText(const QString& text)
 {
     room_ = codePoints(text);
     QLineEdit::setText(text);
+    home(false); // a long text is read from its beginning
 }
 
 // Of a pasted text that is too long, the beginning is taken.
@@ -66,6 +67,11 @@ void TextBox::enterWhatFits()
 
 void TextBox::keyPressEvent(QKeyEvent* event)
 {
+    // An access key that nothing has would be typed.
+    if (event->modifiers() == Qt::AltModifier && !event->text().isEmpty()) {
+        event->ignore();
+        return;
+    }
     if (onKeyPress && !event->text().isEmpty() && !onKeyPress(event->text().front()))
         return;
     QLineEdit::keyPressEvent(event);

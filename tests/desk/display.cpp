@@ -77,7 +77,7 @@ void Display::type(const QString& text)
         tap(letter.unicode());
 }
 
-void Display::tap(std::uint32_t symbol)
+void Display::tap(std::uint32_t symbol, std::uint32_t held)
 {
     const xcb_setup_t* setup = xcb_get_setup(connection_);
     const auto keys = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
@@ -98,8 +98,12 @@ void Display::tap(std::uint32_t symbol)
     const std::uint8_t shift = find(shiftSymbol, 0);
     if (shifted != 0)
         fake(XCB_KEY_PRESS, shift);
+    if (held != 0)
+        fake(XCB_KEY_PRESS, find(held, 0));
     fake(XCB_KEY_PRESS, plain + shifted);
     fake(XCB_KEY_RELEASE, plain + shifted);
+    if (held != 0)
+        fake(XCB_KEY_RELEASE, find(held, 0));
     if (shifted != 0)
         fake(XCB_KEY_RELEASE, shift);
     xcb_flush(connection_);

@@ -27,8 +27,17 @@ public:
     void click(QPoint point, int times = 1);
     /// Presses and releases the keys of a text of Latin letters, digits and blanks.
     void type(const QString& text);
-    enum Key : std::uint32_t { Tab = 0xff09, Return = 0xff0d, Escape = 0xff1b };
+    enum Key : std::uint32_t {
+        Tab = 0xff09,
+        Return = 0xff0d,
+        Escape = 0xff1b,
+        Down = 0xff54,
+        End = 0xff57,
+        BackSpace = 0xff08
+    };
     void press(Key key) { tap(key); }
+    /// Presses a letter while Alt is held down.
+    void pressAlt(char letter) { tap(static_cast<std::uint32_t>(letter), alt); }
 
     /// Where a window stands; an empty rectangle if there is no such window.
     [[nodiscard]] QRect place(Window window) const;
@@ -49,7 +58,8 @@ public:
 
 private:
     void fake(std::uint8_t type, std::uint8_t detail, QPoint point = {});
-    void tap(std::uint32_t symbol);
+    static constexpr std::uint32_t alt = 0xffe9;
+    void tap(std::uint32_t symbol, std::uint32_t held = 0);
     void send(Window receiver, Window subject, const char* message, std::uint32_t value, std::uint32_t mask);
     [[nodiscard]] xcb_atom_t atom(const char* name) const;
     /// The window's ancestor that is a child of the root, or the window itself.

@@ -24,7 +24,7 @@ QJsonArray rectangle(const QWidget& widget)
 
 QString shownText(const QWidget& widget)
 {
-    for (const char* name : {"plainText", "text"}) {
+    for (const char* name : {"plainText", "text", "currentText"}) {
         const QVariant text = widget.property(name);
         if (text.isValid())
             return text.toString();
