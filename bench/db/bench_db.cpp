@@ -1,6 +1,7 @@
 // Prints what drawing, reading and walking questions cost on a small bank and on one of a million
 // questions. The bound of the draw is a ratio to a floor that is measured in the same run.
 
+#include "../measure.h"
 #include "db/connection.h"
 
 #include <QTemporaryDir>
@@ -18,42 +19,7 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-constexpr int many = 1'000'000;
-constexpr int few = 300;
-
-double milliseconds(const std::function<void()>& work)
-{
-    const auto start = Clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-QString makeBank(const QTemporaryDir& directory, const QString& name, int questions, bool withIndex)
-{
-    QString path = directory.filePath(name);
-    SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    database.exec(
-        "pragma synchronous = off; begin;"
-        "create table questions (question_id integer primary key, question text, answer1 text, answer2 text,"
-        " answer3 text, answer4 text, correct_answer text, Level text, a integer, b integer, c integer,"
-        " d integer)");
-    database.exec(
-        "with recursive n(i) as (select 1 union all select i + 1 from n where i < " +
-        std::to_string(questions) +
-        ") insert into questions select i, 'What is the answer to the question with the number ' || i || '?',"
-        " 'first ' || i, 'second ' || i, 'third ' || i, 'fourth ' || i, 'first ' || i,"
-        " cast(1 + i % 3 as text), 1, 1, 1, 1 from n");
-    database.exec(withIndex ? "create index levels on questions (Level); commit" : "commit");
-    return path;
-}
+using namespace bench;
 
 // One pass over the ids of a level, as fast as the engine can make it.
 int floorPass(sqlite3* engine)

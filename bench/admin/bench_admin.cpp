@@ -1,0 +1,115 @@
+// Prints what the question editor costs on a small bank and on one of a million questions: opening it, the
+// moves, and a save with the durable write that belongs to it. Each line ends with the ratio of the two.
+
+#include "../measure.h"
+#include "admin/add_questions.h"
+#include "toolkit/desktop.h"
+#include "toolkit/screens.h"
+
+#include <QApplication>
+#include <QDir>
+
+#include <cstdio>
+#include <fstream>
+#include <map>
+
+namespace {
+
+using namespace bench;
+
+constexpr int rounds = 25;
+
+class NoDialogs final : public toolkit::Dialogs
+{
+public:
+    void notice(QWidget*, const QString& title, const QString& text, Icon icon) override
+    {
+        if (icon == Icon::Exclamation)
+            std::printf("%s: %s\n", qPrintable(title), qPrintable(text));
+    }
+    [[nodiscard]] bool confirm(QWidget*, const QString&, const QString&) override { return false; }
+    [[nodiscard]] QString input(QWidget*, const QString&, const QString&, const QString&) override
+    {
+        return {};
+    }
+};
+
+class NoRandom final : public toolkit::Random
+{
+public:
+    void reseed() override {}
+    float next() override { return 0; }
+};
+
+double residentMiB()
+{
+    double pages = 0;
+    double ignored = 0;
+    std::ifstream("/proc/self/statm") >> ignored >> pages;
+    return pages * 4096 / (1 << 20);
+}
+
+/// The median times in milliseconds by what was done.
+std::map<std::string, double> measure(toolkit::Services services, const QString& bank)
+{
+    QDir::setCurrent(QFileInfo(bank).path());
+    QFile::remove("orv.orv");
+    QFile::rename(bank, "orv.orv");
+    std::map<std::string, std::vector<double>> times;
+    for (int round = 0; round < rounds; ++round) {
+        times["open"].push_back(milliseconds([&] { services.screens.show("addquestions"); }));
+        toolkit::Form& form = *services.screens.find("addquestions");
+        const auto press = [&](const char* what, const char* button) {
+            auto* control = form.findChild<toolkit::Button*>(button);
+            times[what].push_back(milliseconds([&] {
+                control->click();
+                QApplication::processEvents();
+            }));
+        };
+        press("last", "cmdlast");
+        press("previous", "cmdprevious");
+        press("next", "cmdnext");
+        form.findChild<toolkit::TextBox*>("question")->setText(QStringLiteral("Changed %1").arg(round));
+        press("update", "cmdupdate");
+        press("first", "cmdfirst");
+        form.findChild<toolkit::Button*>("cmdadd")->click();
+        for (const char* box : {"question", "answer1", "answer2", "answer3", "answer4"})
+            form.findChild<toolkit::TextBox*>(box)->setText(box);
+        for (const char* list : {"correctanswer", "level"})
+            form.findChild<toolkit::ChoiceList*>(list)->setCurrentIndex(2);
+        press("save", "cmdsave");
+        services.screens.close("addquestions");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    std::map<std::string, double> medians;
+    for (const auto& [what, values] : times)
+        medians[what] = median(values);
+    medians["memory, MiB"] = residentMiB();
+    return medians;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    toolkit::silenceLibraryWarnings();
+    const QApplication application(argc, argv);
+    NoDialogs dialogs;
+    NoRandom random;
+    toolkit::DesktopBrowser browser;
+    toolkit::DesktopBeeper beeper;
+    toolkit::SystemClock clock;
+    toolkit::Screens screens;
+    const toolkit::Services services{screens, dialogs, random, browser, beeper, clock};
+    screens.add("addquestions", [&] { return std::make_unique<admin::AddQuestions>(services); });
+
+    const QTemporaryDir directory;
+    const auto small = measure(services, makeBank(directory, "few", few, true));
+    const auto large = measure(services, makeBank(directory, "many", many, true));
+    std::printf("%-12s %12s %12s %8s   (ms, the median of %d)\n", "", "300", "1,000,000", "ratio", rounds);
+    for (const auto& [what, value] : small)
+        std::printf("%-12s %12.2f %12.2f %8.2f\n", what.c_str(), value, large.at(what),
+                    large.at(what) / value);
+    return 0;
+}
