@@ -67,6 +67,7 @@ public:
         else
             edit(desks_[static_cast<std::size_t>(pick(2))]);
         compare();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
     std::string lastActions;
