@@ -5,6 +5,7 @@
 #include "admin/messages.h"
 #include "game/orv.h"
 #include "narrator/host.h"
+#include "narrator/speaker.h"
 #include "shell/back.h"
 #include "shell/mainscreen.h"
 #include "shell/rules.h"
@@ -32,10 +33,11 @@ int main(int argc, char** argv)
     toolkit::DesktopBrowser browser;
     toolkit::DesktopBeeper beeper;
     toolkit::SystemClock clock;
-    toolkit::Screens screens; // goes first, with the forms that use the others
+    const auto speaker = narrator::makeSpeaker(); // one for all games, so that muting lasts
+    toolkit::Screens screens;                     // goes first, with the forms that use the others
     const toolkit::Services services{screens, dialogs, random, browser, beeper, clock};
 
-    const auto makeHost = [&clock](QWidget& form) { return narrator::makeCharacters(form, clock); };
+    const auto makeHost = [&](QWidget& form) { return narrator::makeCharacters(form, clock, speaker.get()); };
     screens.add("userselect", [&] { return std::make_unique<shell::UserSelect>(services); });
     screens.add("mainscreen", [&] { return std::make_unique<shell::MainScreen>(services); });
     screens.add("rules", [&] { return std::make_unique<shell::Rules>(services); });

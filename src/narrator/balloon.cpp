@@ -1,5 +1,6 @@
 #include "narrator/balloon.h"
 
+#include "narrator/balloon_access.h"
 #include "narrator/balloon_text.h"
 
 #include <QPaintEvent>
@@ -18,7 +19,7 @@ constexpr int tailWidth = 20;
 constexpr int edge = 2;
 constexpr int leastWidth = 120;
 constexpr double corner = 16;
-constexpr int dotsHeight = 8; ///< for the dots that say that the text goes on
+constexpr qsizetype longestPage = 2'000; ///< characters; no room takes more
 
 const QColor edgeColour(0x0b, 0x4d, 0x5f);
 const QColor paperColour(0xff, 0xfd, 0xf3);
@@ -37,34 +38,35 @@ Balloon::Balloon(const QRect& room, QWidget* parent) : QLabel(parent), room_(roo
     font.setPixelSize(15);
     setFont(font);
     layout_.setFont(font);
+    setAccessibleName(QStringLiteral("Host says"));
+    describeBalloons();
     hide();
 }
 
-bool Balloon::say(const QString& text, double read)
+bool Balloon::say(const QString& text, qsizetype said)
 {
-    const bool changed = text != given_;
-    if (changed) {
-        given_ = text;
-        setText(shownText(text));
-        pageEnd_ = 0;
-    }
-    const QString words = this->text();
-    if (words.isEmpty()) {
-        const bool shown = isVisibleTo(parentWidget());
-        hide();
-        return shown;
-    }
-    const auto position = static_cast<qsizetype>(read * static_cast<double>(words.size()));
-    if (!changed && (position < pageEnd_ || pageEnd_ == words.size())) {
+    if (text == given_ && said == said_) {
         return false;
     }
-    do {
-        turnPage();
-    } while (position >= pageEnd_ && pageEnd_ < words.size());
-    fitTo(words.mid(pageStart_, pageEnd_ - pageStart_));
-    show();
-    update();
-    return true;
+    const bool fresh = text != given_ || said < said_;
+    if (fresh) {
+        given_ = text;
+        whole_ = shownText(text);
+        top_ = 0;
+        fitToPage();
+    }
+    said_ = said;
+    const QString before = this->text();
+    const QString words = shownText(text.first(std::clamp<qsizetype>(said, 0, text.size())));
+    if (words != before) {
+        setText(words);
+        scrollTo(words.size());
+        announceWords(*this, before);
+        update();
+    }
+    const bool shown = isVisibleTo(parentWidget());
+    setVisible(!words.isEmpty());
+    return shown == words.isEmpty() || (shown && fresh);
 }
 
 QPainterPath Balloon::outline() const
@@ -89,31 +91,36 @@ void Balloon::paintEvent(QPaintEvent*)
     painter.setBrush(paperColour);
     painter.drawPath(outline().translated(-pos()));
     painter.setPen(inkColour);
-    layout_.draw(&painter, QPointF(padding, padding));
-    if (pageEnd_ >= text().size()) {
-        return;
+    QTextLayout::FormatRange toCome;
+    toCome.start = static_cast<int>(text().size() - top_);
+    toCome.length = static_cast<int>(layout_.text().size()) - toCome.start;
+    toCome.format.setForeground(Qt::transparent);
+    layout_.draw(&painter, QPointF(padding, padding), {toCome});
+}
+
+void Balloon::scrollTo(qsizetype end)
+{
+    if (end - top_ > longestPage) {
+        top_ = whole_.lastIndexOf(u' ', end - longestPage / 2) + 1; // not line by line all the way
+        top_ = std::max(top_, end - longestPage);
+        fitting_ = layOut();
     }
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(edgeColour);
-    const QPointF last(width() - padding - 2, height() - tailHeight - 8);
-    for (int i = 0; i < 3; ++i) {
-        painter.drawEllipse(last - QPointF(8 * i, 0), 2, 2);
+    while (end > top_ + fitting_ && layout_.lineCount() > 1) {
+        top_ += layout_.lineAt(0).textLength();
+        fitting_ = layOut();
     }
 }
 
-void Balloon::turnPage()
+void Balloon::fitToPage()
 {
-    pageStart_ = pageEnd_;
-    pageEnd_ = pageEnd(text(), pageStart_, [this](const QString& page) { return layOut(page); });
-}
-
-void Balloon::fitTo(const QString& page)
-{
-    layOut(page);
+    fitting_ = layOut();
     const bool centred = layout_.lineCount() <= 3;
     double widest = 0;
     for (int i = 0; i < layout_.lineCount(); ++i) {
         widest = std::max(widest, layout_.lineAt(i).naturalTextWidth());
+    }
+    if (fitting_ < whole_.size()) {
+        widest = room_.width();
     }
     const int width =
         std::clamp(static_cast<int>(std::ceil(widest)) + 2 * padding, leastWidth, room_.width());
@@ -124,21 +131,27 @@ void Balloon::fitTo(const QString& page)
     }
     const int height =
         static_cast<int>(std::ceil(layout_.boundingRect().height())) + 2 * padding + tailHeight;
-    setGeometry(room_.center().x() - width / 2, room_.bottom() + 1 - height, width, height);
+    setGeometry(room_.x() + (room_.width() - width) / 2, room_.bottom() + 1 - height, width, height);
 }
 
-qsizetype Balloon::layOut(const QString& page)
+qsizetype Balloon::layOut()
 {
-    QString shown = page;
-    while (shown.endsWith(u' ')) {
-        shown.chop(1);
+    const QString page = whole_.mid(top_, longestPage);
+    const qsizetype fitting = breakLines(page);
+    if (fitting < page.size()) {
+        breakLines(page.first(fitting));
     }
+    return fitting;
+}
+
+qsizetype Balloon::breakLines(const QString& page)
+{
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout_.setTextOption(option);
-    layout_.setText(shown);
+    layout_.setText(page);
     layout_.beginLayout();
-    const double bottom = room_.height() - 2 * padding - tailHeight - dotsHeight;
+    const double bottom = room_.height() - 2 * padding - tailHeight;
     double y = 0;
     qsizetype fitting = 0;
     for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
@@ -151,7 +164,7 @@ qsizetype Balloon::layOut(const QString& page)
         fitting = line.textStart() + line.textLength();
     }
     layout_.endLayout();
-    return fitting == shown.size() ? page.size() : fitting;
+    return fitting;
 }
 
 } // namespace narrator

@@ -6,17 +6,18 @@
 
 namespace narrator {
 
-/// The balloon with the words being said. Its text is all of them; what does not fit is shown page by
-/// page as the reading goes on. Hidden while nothing is said.
+/// The balloon with the words being said, which come one by one: its text is what has been said so far.
+/// It has its size from the first word on; lines that do not fit are scrolled up. Hidden while nothing
+/// is said. A screen reader is told its words.
 class Balloon final : public QLabel
 {
 public:
     /// The balloon keeps within `room`, standing on the middle of its lower edge.
     Balloon(const QRect& room, QWidget* parent);
 
-    /// `text` as it was given to be said; `read` is the share of it that has been read. Returns whether
+    /// `text` as it was given to be said, of which the first `said` characters have been. Returns whether
     /// the outline has changed.
-    bool say(const QString& text, double read);
+    bool say(const QString& text, qsizetype said);
 
     /// In coordinates of the parent.
     [[nodiscard]] QPainterPath outline() const;
@@ -25,15 +26,20 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void turnPage();
-    void fitTo(const QString& page);
-    /// Lays `page` out and returns the number of characters that fit.
-    qsizetype layOut(const QString& page);
+    void begin(const QString& text);
+    void showWords(const QString& words);
+    void scrollTo(qsizetype end);
+    void fitToPage();
+    /// Lays out what begins at the top line and returns the number of characters that fit.
+    qsizetype layOut();
+    qsizetype breakLines(const QString& page);
 
     QRect room_;
     QString given_;
-    qsizetype pageStart_ = 0;
-    qsizetype pageEnd_ = 0;
+    QString whole_;         ///< what will be shown in the end
+    qsizetype said_ = 0;    ///< of given_
+    qsizetype top_ = 0;     ///< where the top line begins in whole_
+    qsizetype fitting_ = 0; ///< characters of whole_ that fit from there on
     QTextLayout layout_;
 };
 

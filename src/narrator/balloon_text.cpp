@@ -1,12 +1,8 @@
 #include "narrator/balloon_text.h"
 
-#include <algorithm>
-
 namespace narrator {
 
 namespace {
-
-constexpr qsizetype longestPage = 2'000;
 
 bool isBlank(QChar c)
 {
@@ -59,25 +55,6 @@ QString shownText(const QString& text)
         }
     }
     return shown;
-}
-
-qsizetype pageEnd(const QString& text, qsizetype start,
-                  const std::function<qsizetype(const QString&)>& fitting)
-{
-    const qsizetype left = text.size() - start;
-    const qsizetype fits =
-        std::clamp<qsizetype>(fitting(text.mid(start, longestPage)), 1, std::max<qsizetype>(left, 1));
-    if (fits >= left) {
-        return text.size();
-    }
-    // A last page of a few words would be gone before it is read.
-    if (left - fits < fits / 2) {
-        const qsizetype middle = text.lastIndexOf(u' ', start + left / 2);
-        if (middle > start && middle < start + fits) {
-            return middle + 1;
-        }
-    }
-    return start + fits;
 }
 
 } // namespace narrator

@@ -26,9 +26,10 @@ constexpr auto lookPeriod = 1s;
 class Host final : public Character
 {
 public:
-    Host(QWidget& form, toolkit::Clock& clock, const QString& path)
+    Host(QWidget& form, toolkit::Clock& clock, Speaker* speaker, const QString& path)
         : clock_(clock),
           figure_(readCharacterFile(path), path),
+          voice_(speaker),
           player_(
               figure_.rig(), voice_, [] { return QRandomGenerator::global()->generateDouble(); },
               clock.now()),
@@ -36,6 +37,14 @@ public:
           timer_(clock, idleFrame)
     {
         stage_->onVisibility([this] { update(); });
+        stage_->onSkip([this] {
+            player_.skip(clock_.now());
+            update();
+        });
+        if (speaker) {
+            stage_->showMuted(speaker->muted());
+            stage_->onMute([speaker](bool muted) { speaker->setMuted(muted); });
+        }
         timer_.onTick([this] { update(); });
     }
 
@@ -99,7 +108,7 @@ private:
 
     toolkit::Clock& clock_;
     Figure figure_;
-    SilentVoice voice_;
+    SpeakingVoice voice_;
     Player player_;
     QPointer<Stage> stage_;
     toolkit::Timer timer_;
@@ -109,7 +118,10 @@ private:
 class LoadedCharacters final : public Characters
 {
 public:
-    LoadedCharacters(QWidget& form, toolkit::Clock& clock) : form_(&form), clock_(clock) {}
+    LoadedCharacters(QWidget& form, toolkit::Clock& clock, Speaker* speaker)
+        : form_(&form), clock_(clock), speaker_(speaker)
+    {
+    }
 
     void Load(const QString& id, const QString& path) override
     {
@@ -119,7 +131,7 @@ public:
         if (!form_) {
             throw LoadFailure("the form of the host is gone");
         }
-        hosts_.emplace(id, std::make_unique<Host>(*form_, clock_, path));
+        hosts_.emplace(id, std::make_unique<Host>(*form_, clock_, speaker_, path));
     }
 
     Character& Item(const QString& id) override
@@ -134,14 +146,15 @@ public:
 private:
     QPointer<QWidget> form_;
     toolkit::Clock& clock_;
+    Speaker* speaker_;
     std::map<QString, std::unique_ptr<Host>> hosts_;
 };
 
 } // namespace
 
-std::unique_ptr<Characters> makeCharacters(QWidget& form, toolkit::Clock& clock)
+std::unique_ptr<Characters> makeCharacters(QWidget& form, toolkit::Clock& clock, Speaker* speaker)
 {
-    return std::make_unique<LoadedCharacters>(form, clock);
+    return std::make_unique<LoadedCharacters>(form, clock, speaker);
 }
 
 } // namespace narrator

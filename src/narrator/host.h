@@ -10,8 +10,11 @@ class Clock;
 
 namespace narrator {
 
-/// Characters whose host stands beside `form` and takes its time from `clock`, which must outlive them.
-/// Form and characters may go in any order.
-[[nodiscard]] std::unique_ptr<Characters> makeCharacters(QWidget& form, toolkit::Clock& clock);
+class Speaker;
+
+/// Characters whose host stands beside `form`, takes its time from `clock` and speaks through `speaker`;
+/// both must outlive them. Without a speaker the host is silent. Form and characters may go in any order.
+[[nodiscard]] std::unique_ptr<Characters> makeCharacters(QWidget& form, toolkit::Clock& clock,
+                                                         Speaker* speaker = nullptr);
 
 } // namespace narrator

@@ -51,16 +51,23 @@ void Player::stop(Milliseconds now)
     queue_.stop(now);
 }
 
+void Player::skip(Milliseconds now)
+{
+    queue_.advance(now);
+    if (!text_.isEmpty()) {
+        queue_.skip(now);
+    }
+}
+
 Frame Player::frame(Milliseconds now)
 {
     queue_.advance(now);
-    Frame frame{poseAt(rig_, motion_, sinceMs(motionStart_, now)), said_, 0};
+    Frame frame{poseAt(rig_, motion_, sinceMs(motionStart_, now)), text_, 0};
     addSines(rig_, frame.pose, static_cast<double>(now.count()));
     closeLids(rig_, frame.pose, lidsClosed(now));
-    if (!said_.isEmpty()) {
+    if (!text_.isEmpty()) {
         shapeMouth(rig_, frame.pose, voice_.mouth(now));
-        const Milliseconds start = voice_.firstWord(now).value_or(now);
-        frame.read = std::clamp(sinceMs(start, now) / sinceMs(0ms, reading_), 0.0, 1.0);
+        frame.said = voice_.said(now);
     }
     return frame;
 }
@@ -78,8 +85,8 @@ void Player::begin(const Request& request, Milliseconds start)
             turnTo(gesture, start);
         }
     } else if (reading_ = readingTime(request.text); reading_ > 0ms) {
-        said_ = request.text;
-        voice_.say(said_, start);
+        text_ = request.text;
+        voice_.say(text_, start);
     }
 }
 
@@ -89,7 +96,7 @@ std::optional<Player::Milliseconds> Player::ended(Milliseconds now)
     if (motion_.gesture) {
         end += Milliseconds(static_cast<qint64>(motion_.gesture->lengthMs));
     }
-    if (!said_.isEmpty()) {
+    if (!text_.isEmpty()) {
         const auto first = voice_.firstWord(now);
         const auto last = voice_.lastWord(now);
         if (!first || !last) {
@@ -105,10 +112,10 @@ void Player::finish(Milliseconds time)
     if (motion_.gesture) {
         turnTo(nullptr, time);
     }
-    if (!said_.isEmpty()) {
+    if (!text_.isEmpty()) {
         voice_.hush();
     }
-    said_.clear();
+    text_.clear();
 }
 
 void Player::turnTo(const Gesture* gesture, Milliseconds time)

@@ -16,8 +16,8 @@ namespace narrator {
 struct Frame
 {
     Pose pose;
-    QString said;    ///< the text being said as it was given, empty for none
-    double read = 0; ///< the share of it that has been read, 0 to 1
+    QString text;       ///< the one being said, as it was given; empty for none
+    qsizetype said = 0; ///< how many of its characters have been said
 };
 
 /// Turns requests and time into frames: the gesture or speech being carried out, with breathing,
@@ -33,6 +33,8 @@ public:
     void play(const QString& gesture, Milliseconds now);
     void speak(const QString& text, Milliseconds now);
     void stop(Milliseconds now);
+    /// Ends the text being said, if there is one; the next request begins.
+    void skip(Milliseconds now);
 
     [[nodiscard]] Frame frame(Milliseconds now);
 
@@ -55,8 +57,8 @@ private:
     Milliseconds motionStart_;
     Milliseconds requestStart_;
     Milliseconds nextBlink_;
-    QString said_;
-    Milliseconds reading_{0}; ///< the time said_ takes to be read
+    QString text_;            ///< being said, empty for none
+    Milliseconds reading_{0}; ///< the time text_ takes to be read
 };
 
 /// How long a text stays: the longer of 1.5 s and the time its characters take to be read; nothing if

@@ -22,6 +22,18 @@ void RequestQueue::stop(std::chrono::milliseconds now)
     }
 }
 
+void RequestQueue::skip(std::chrono::milliseconds now)
+{
+    if (!std::exchange(running_, false)) {
+        return;
+    }
+    performer_.finish(now);
+    if (!waiting_.empty()) {
+        next(now);
+        advance(now);
+    }
+}
+
 void RequestQueue::advance(std::chrono::milliseconds now)
 {
     while (running_) {

@@ -42,6 +42,8 @@ public:
 
     void add(Request request, std::chrono::milliseconds now);
     void stop(std::chrono::milliseconds now);
+    /// Ends the request being carried out; the next one begins.
+    void skip(std::chrono::milliseconds now);
     void advance(std::chrono::milliseconds now);
 
     [[nodiscard]] bool idle() const { return !running_; }

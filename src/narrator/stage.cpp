@@ -3,9 +3,11 @@
 #include "narrator/balloon.h"
 #include "narrator/clicks.h"
 #include "narrator/compositor.h"
+#include "narrator/mute_sign.h"
 #include "narrator/placement.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -79,6 +81,8 @@ Stage::Stage(QWidget& form, Figure& figure)
     const QSize size = stageSize(figure.rig());
     setFixedSize(size);
     balloon_ = new Balloon(QRect(2, 2, size.width() - 4, balloonHeight - 2), this);
+    mute_ = new MuteSign(this);
+    mute_->move(size.width() - sideMargin - mute_->width(), size.height() - mute_->height() - footroom);
     form.installEventFilter(this);
     hide();
 }
@@ -94,6 +98,8 @@ void Stage::leave()
     entered_ = false;
     figure_ = nullptr;
     visibility_ = {};
+    skip_ = {};
+    mute_->disconnect();
     hide();
 }
 
@@ -105,9 +111,19 @@ void Stage::present(const Frame& frame)
         drawFigure();
         update(QRect(0, balloonHeight, width(), height() - balloonHeight));
     }
-    if (balloon_->say(frame.said, frame.read) || (moved && !composited_)) {
+    if (balloon_->say(frame.text, frame.said) || (moved && !composited_)) {
         updateShape();
     }
+}
+
+void Stage::onMute(std::function<void(bool)> handler)
+{
+    QObject::connect(mute_, &QAbstractButton::toggled, mute_, std::move(handler));
+}
+
+void Stage::showMuted(bool muted)
+{
+    mute_->setChecked(muted);
 }
 
 void Stage::lookAround()
@@ -135,6 +151,9 @@ bool Stage::eventFilter(QObject* watched, QEvent* event)
         if (!embedded()) {
             hide();
         }
+        break;
+    case QEvent::KeyPress: // that nothing on the form has taken
+        toggleMute(*static_cast<QKeyEvent*>(event));
         break;
     default:
         break;
@@ -181,8 +200,19 @@ void Stage::mouseReleaseEvent(QMouseEvent* event)
 {
     const bool click = pressed_ && !dragged_;
     pressed_.reset();
-    if (click) {
-        clickThrough(form_, event->globalPosition().toPoint(), event->button());
+    if (!click || clickThrough(form_, event->globalPosition().toPoint(), event->button())) {
+        return;
+    }
+    if (balloon_->isVisible() && balloon_->geometry().contains(event->position().toPoint()) && skip_) {
+        skip_();
+    }
+}
+
+void Stage::toggleMute(const QKeyEvent& key)
+{
+    const bool plain = !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (entered_ && key.key() == Qt::Key_M && plain && !key.isAutoRepeat()) {
+        mute_->click();
     }
 }
 
@@ -248,6 +278,7 @@ void Stage::updateShape()
         const QPainterPath outline = balloon_->outline();
         shape += QRegion(outline.united(grown.createStroke(outline)).toFillPolygon().toPolygon());
     }
+    shape += mute_->geometry();
     if (shape != shape_) {
         shape_ = shape;
         setMask(shape);

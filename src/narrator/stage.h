@@ -14,6 +14,7 @@
 namespace narrator {
 
 class Balloon;
+class MuteSign;
 
 /// The host's window beside the game form: the figure with the balloon above it. It goes where the form
 /// goes and is hidden with it. Where windows cannot be placed it is a child over the form's lower right
@@ -36,6 +37,11 @@ public:
 
     /// Called when the stage comes to be seen or is hidden.
     void onVisibility(std::function<void()> handler) { visibility_ = std::move(handler); }
+    /// Called when the user has had enough of the text in the balloon.
+    void onSkip(std::function<void()> handler) { skip_ = std::move(handler); }
+    /// Called when the user wants the host silent, or not any longer.
+    void onMute(std::function<void(bool)> handler);
+    void showMuted(bool muted);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -47,6 +53,7 @@ protected:
 
 private:
     [[nodiscard]] bool embedded() const { return !isWindow(); }
+    void toggleMute(const QKeyEvent& key);
     void showWithForm();
     void follow();
     void drawFigure();
@@ -56,7 +63,9 @@ private:
     QWidget& form_;
     Figure* figure_;
     Balloon* balloon_;
+    MuteSign* mute_;
     std::function<void()> visibility_;
+    std::function<void()> skip_;
     bool entered_ = false;
     bool composited_ = true;
     std::optional<Pose> pose_;

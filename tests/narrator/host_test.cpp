@@ -75,8 +75,10 @@ TEST(Host, speaks_while_the_form_is_seen)
     game.host().Speak(QStringLiteral("Well?"));
     EXPECT_EQ(game.said(), "");
     game.clock.advance(800ms);
+    EXPECT_EQ(game.said(), "Question");
+    game.clock.advance(1300ms);
     EXPECT_EQ(game.said(), "Question is… Who?");
-    game.clock.advance(1500ms);
+    game.clock.advance(200ms);
     EXPECT_EQ(game.said(), "Well?");
     game.host().Stop();
     EXPECT_EQ(game.said(), "");
