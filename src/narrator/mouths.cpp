@@ -21,13 +21,15 @@ struct Row
 using enum MouthShape;
 
 constexpr std::array rows = {
-    Row{"pau", Rest}, Row{"m", M},     Row{"b", M},     Row{"p", M},     Row{"f", F},     Row{"v", F},
-    Row{"t", T},      Row{"d", T},     Row{"n", T},     Row{"l", T},     Row{"th", T},    Row{"dh", T},
-    Row{"s", S},      Row{"z", S},     Row{"sh", S},    Row{"zh", S},    Row{"ch", S},    Row{"jh", S},
-    Row{"eh", E},     Row{"ey", E},    Row{"ih", E},    Row{"iy", E},    Row{"y", E},     Row{"k", E},
-    Row{"g", E},      Row{"ng", E},    Row{"hh", E},    Row{"ax", E},    Row{"aa", A},    Row{"ae", A},
-    Row{"ah", A},     Row{"ao", O},    Row{"uw", U},    Row{"uh", U},    Row{"w", U},     Row{"r", U},
-    Row{"er", U},     Row{"ay", A, E}, Row{"aw", A, U}, Row{"ow", O, U}, Row{"oy", O, E},
+    Row{"pau", Rest},  Row{"m", M},     Row{"b", M},     Row{"p", M},     Row{"f", F},     Row{"v", F},
+    Row{"t", T},       Row{"d", T},     Row{"n", T},     Row{"l", T},     Row{"th", T},    Row{"dh", T},
+    Row{"s", S},       Row{"z", S},     Row{"sh", S},    Row{"zh", S},    Row{"ch", S},    Row{"jh", S},
+    Row{"eh", E},      Row{"ey", E},    Row{"ih", E},    Row{"iy", E},    Row{"y", E},     Row{"k", E},
+    Row{"g", E},       Row{"ng", E},    Row{"hh", E},    Row{"ax", E},    Row{"aa", A},    Row{"ae", A},
+    Row{"ah", A},      Row{"ao", O},    Row{"uw", U},    Row{"uh", U},    Row{"w", U},     Row{"r", U},
+    Row{"er", U},      Row{"ay", A, E}, Row{"aw", A, U}, Row{"ow", O, U}, Row{"oy", O, E}, Row{"h#", Rest},
+    Row{"brth", Rest}, Row{"em", M},    Row{"el", T},    Row{"en", T},    Row{"nx", T},    Row{"dx", T},
+    Row{"hv", E},      Row{"axr", U},
 };
 
 bool mustShow(MouthShape shape)
@@ -37,11 +39,11 @@ bool mustShow(MouthShape shape)
 
 } // namespace
 
-SoundShapes shapesOf(std::string_view segment)
+std::optional<SoundShapes> shapesOf(std::string_view segment)
 {
     for (const Row& row : rows) {
         if (row.name == segment) {
-            return {row.first, row.second};
+            return SoundShapes{row.first, row.second};
         }
     }
     return {};
@@ -57,7 +59,7 @@ std::vector<MouthTime> mouthsOf(const std::vector<Segment>& segments)
     };
     std::chrono::milliseconds start{0};
     for (const Segment& segment : segments) {
-        const SoundShapes shapes = shapesOf(segment.name);
+        const SoundShapes shapes = shapesOf(segment.name).value_or(SoundShapes());
         add(start, shapes.first);
         if (shapes.second) {
             add(start + (segment.end - start) * changePercent / 100, *shapes.second);

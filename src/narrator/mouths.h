@@ -25,13 +25,14 @@ struct MouthTime
     bool operator==(const MouthTime&) const = default;
 };
 
-/// The shapes of one sound, the second one only where it changes; a name that is not known gives E.
+/// The shapes of one sound, the second one only where it changes; none for a name that is not
+/// known.
 struct SoundShapes
 {
     MouthShape first = MouthShape::E;
     std::optional<MouthShape> second;
 };
-[[nodiscard]] SoundShapes shapesOf(std::string_view segment);
+[[nodiscard]] std::optional<SoundShapes> shapesOf(std::string_view segment);
 
 /// The shapes of a row of sounds, without repetitions and without those too short to be seen; closed
 /// lips are always kept.

@@ -14,9 +14,9 @@ constexpr std::size_t longestFirst = 56; ///< takes less than 80 ms to make on a
 constexpr std::size_t leastPiece = 12;   ///< shorter ones sound chopped
 
 /// Words before which a speaker may well draw breath.
-constexpr std::array<std::string_view, 16> openers = {"and",  "but",  "or",    "that", "which", "who",
-                                                      "when", "with", "for",   "of",   "in",    "is",
-                                                      "are",  "than", "until", "shall"};
+constexpr std::array<std::string_view, 15> openers = {"and", "but",  "or",   "that",  "which",
+                                                      "who", "when", "with", "for",   "of",
+                                                      "in",  "is",   "are",  "until", "shall"};
 
 std::size_t lengthOf(const SpokenWord& word)
 {

@@ -18,10 +18,11 @@ namespace narrator {
 
 namespace {
 
-constexpr int sideMargin = 50; ///< for spread arms and for the balloon, which is wider than the figure
-constexpr int reach = 22;      ///< how far an arm gets out of the figure's own width
-constexpr int headroom = 6;    ///< between balloon and figure
-constexpr int footroom = 8;    ///< for the smoke below
+constexpr int sideMargin = 50;   ///< for spread arms and for the balloon, which is wider than the figure
+constexpr int reach = 22;        ///< how far an arm gets out of the figure's own width
+constexpr int headroom = 6;      ///< between balloon and figure
+constexpr int footroom = 8;      ///< for the smoke below
+constexpr int muteDistance = 46; ///< of the speaker sign from the middle of the smoke
 constexpr int balloonHeight = 164;
 constexpr int leastAlpha = 128; ///< without a compositor, what is fainter than this is not shown
 
@@ -82,7 +83,7 @@ Stage::Stage(QWidget& form, Figure& figure)
     setFixedSize(size);
     balloon_ = new Balloon(QRect(2, 2, size.width() - 4, balloonHeight - 2), this);
     mute_ = new MuteSign(this);
-    mute_->move(size.width() - sideMargin - mute_->width(), size.height() - mute_->height() - footroom);
+    mute_->move(size.width() / 2 + muteDistance, size.height() - mute_->height() - footroom);
     form.installEventFilter(this);
     hide();
 }
@@ -278,7 +279,7 @@ void Stage::updateShape()
         const QPainterPath outline = balloon_->outline();
         shape += QRegion(outline.united(grown.createStroke(outline)).toFillPolygon().toPolygon());
     }
-    shape += mute_->geometry();
+    shape += QRegion(mute_->geometry(), QRegion::Ellipse);
     if (shape != shape_) {
         shape_ = shape;
         setMask(shape);
