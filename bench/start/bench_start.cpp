@@ -4,6 +4,7 @@
 
 #include "display.h"
 #include "program.h"
+#include "server.h"
 
 #include <SQLiteCpp/Database.h>
 
@@ -17,11 +18,7 @@
 #include <stdexcept>
 #include <string>
 #include <thread>
-#include <utility>
 #include <vector>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 
@@ -89,7 +86,7 @@ void waitFor(const std::string& what, const std::function<bool()>& condition)
 class Desktop
 {
 public:
-    Desktop() : server_(serverCommand(), ".", pipe_.ends[1]), name_(nameFromServer()), manager_({"openbox"})
+    Desktop() : manager_({"openbox"})
     {
         waitFor("the window manager", [this] { return display_.isManaged(); });
     }
@@ -97,43 +94,9 @@ public:
     [[nodiscard]] Display& display() { return display_; }
 
 private:
-    struct Pipe
-    {
-        Pipe()
-        {
-            if (pipe2(ends, O_CLOEXEC) != 0)
-                throw std::runtime_error("there can be no pipe");
-        }
-        ~Pipe()
-        {
-            close(ends[0]);
-            close(ends[1]);
-        }
-        Pipe(const Pipe&) = delete;
-        Pipe& operator=(const Pipe&) = delete;
-        int ends[2] = {};
-    };
-
-    static std::vector<std::string> serverCommand()
-    {
-        return {"Xvfb", "-displayfd", "1", "-screen", "0", "1280x800x24", "-nolisten", "tcp"};
-    }
-
-    std::string nameFromServer()
-    {
-        std::string name = ":";
-        close(std::exchange(pipe_.ends[1], -1));
-        for (char digit = 0; read(pipe_.ends[0], &digit, 1) == 1 && digit != '\n';)
-            name += digit;
-        setenv("DISPLAY", name.c_str(), 1);
-        return name;
-    }
-
-    Pipe pipe_;
-    Program server_;
-    std::string name_;
+    start::Server server_;
     Program manager_;
-    Display display_{name_};
+    Display display_{server_.name()};
 };
 
 /// The newest window called `title`, once `count` of that name have come that are not among `known`.

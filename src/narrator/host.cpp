@@ -18,6 +18,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
+constexpr auto promptFrame = 16ms; ///< while the first word is to come
 constexpr auto busyFrame = 33ms;
 constexpr auto idleFrame = 83ms;
 constexpr auto lookPeriod = 1s;
@@ -93,12 +94,14 @@ private:
             return;
         }
         const auto now = clock_.now();
-        stage_->present(player_.frame(now));
+        const Frame frame = player_.frame(now);
+        stage_->present(frame);
         if (now >= nextLook_) {
             stage_->lookAround();
             nextLook_ = now + lookPeriod;
         }
-        const auto period = player_.idle(now) ? idleFrame : busyFrame;
+        const bool toCome = !frame.text.isEmpty() && frame.said == 0;
+        const auto period = player_.idle(now) ? idleFrame : toCome ? promptFrame : busyFrame;
         if (timer_.intervalAsDuration() != period) {
             timer_.setEnabled(false);
             timer_.setInterval(period);

@@ -12,7 +12,7 @@ using Milliseconds = std::chrono::milliseconds;
 namespace {
 
 constexpr qint64 charactersPerSecond = 15;
-constexpr auto mouthLead = 40ms; ///< lips move before they are heard
+constexpr auto lead = 40ms; ///< lips move, and words come, before they are heard
 constexpr auto soundPatience = 500ms;
 constexpr auto voicePatience = 2s;
 constexpr auto leap = 2s; ///< a text that was due longer ago is not said any more, only caught up with
@@ -104,7 +104,7 @@ qsizetype SpeakingVoice::said(Milliseconds now)
         return text_.size();
     }
     const bool begun = course_ == Course::Heard || course_ == Course::Unheard;
-    const WordTime* word = begun ? entryAt(times_.words, time_) : nullptr;
+    const WordTime* word = begun ? entryAt(times_.words, time_ + lead) : nullptr;
     return word ? word->end : 0;
 }
 
@@ -114,8 +114,8 @@ MouthShape SpeakingVoice::mouth(Milliseconds now)
     if (course_ != Course::Heard && course_ != Course::Unheard) {
         return MouthShape::Rest;
     }
-    const MouthTime* mouth = entryAt(times_.mouths, time_ + mouthLead);
-    return mouth && time_ + mouthLead < times_.length ? mouth->shape : MouthShape::Rest;
+    const MouthTime* mouth = entryAt(times_.mouths, time_ + lead);
+    return mouth && time_ + lead < times_.length ? mouth->shape : MouthShape::Rest;
 }
 
 void SpeakingVoice::follow(Milliseconds now)

@@ -3,7 +3,9 @@
 #include "support/doubles.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 
 #include <gtest/gtest.h>
@@ -88,6 +90,33 @@ TEST(Host, speaks_while_the_form_is_seen)
     game.clock.advance(1s);
     game.form->show();
     EXPECT_EQ(game.said(), "Is anybody there?");
+}
+
+TEST(Host, is_muted_by_its_sign_and_by_a_key_that_no_field_takes)
+{
+    Game game;
+    auto* sign = game.form->findChild<QAbstractButton*>(QStringLiteral("mute"));
+    EXPECT_EQ(sign->accessibleName().toStdString(), "Mute the host");
+    EXPECT_TRUE(game.stage()->rect().contains(sign->geometry()));
+    QLineEdit field(game.form.get());
+    const auto press = [](QWidget& widget, Qt::KeyboardModifiers held) {
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_M, held, QStringLiteral("m"));
+        QApplication::sendEvent(&widget, &key);
+    };
+    const struct
+    {
+        QWidget& widget;
+        Qt::KeyboardModifiers held;
+        bool mute;
+    } table[]{{*game.button, Qt::NoModifier, true},
+              {*game.form, Qt::ControlModifier, true},
+              {field, Qt::NoModifier, true},
+              {*game.form, Qt::NoModifier, false},
+              {*game.form, Qt::ShiftModifier, true}};
+    for (const auto& [widget, held, mute] : table) {
+        press(widget, held);
+        EXPECT_EQ(sign->isChecked(), mute);
+    }
 }
 
 TEST(Host, lets_the_form_have_its_clicks)

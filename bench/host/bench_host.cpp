@@ -1,0 +1,269 @@
+// Prints what the host costs: shares of one core, all threads of the program counted, the time until it is
+// heard and until it is silent, and what it adds to the start and the memory of a game. Sound goes through
+// ALSA to a device that takes it in real time and plays nothing.
+
+#include "program.h"
+#include "server.h"
+
+#include "narrator/alsa_device.h"
+#include "narrator/flite_synthesiser.h"
+#include "narrator/host.h"
+#include "narrator/speaker.h"
+#include "toolkit/clock.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QLabel>
+#include <QTimer>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <sys/resource.h>
+
+namespace {
+
+using namespace std::chrono_literals;
+using SteadyClock = std::chrono::steady_clock;
+using Time = SteadyClock::time_point;
+
+constexpr auto busySpan = 20s;
+constexpr auto quietSpan = 10s;
+constexpr int texts = 21;
+
+const QString genie = QStringLiteral("genie");
+const QString longText = QStringLiteral(
+    "Your question is,,Which of these rivers, all of which begin in the mountains of the north and carry the "
+    "melting snow of spring far down into the plains, was the one that the emperor had to cross with all his "
+    "elephants on the way to his last battle,,the four options are,,A,Indus,B,Ganges,C,Jhelum,D,Brahmaputra");
+
+/// When the device was given the first sound that is not silence, and when it was last cut off.
+struct Ear
+{
+    std::atomic<Time> sound;
+    std::atomic<Time> silence;
+};
+
+class HeardDevice final : public narrator::SoundDevice
+{
+public:
+    HeardDevice(std::unique_ptr<narrator::SoundDevice> device, Ear& ear)
+        : device_(std::move(device)), ear_(ear)
+    {
+    }
+
+    bool write(std::span<const std::int16_t> samples) override
+    {
+        const bool done = device_->write(samples);
+        if (ear_.sound.load() == Time() &&
+            std::ranges::any_of(samples, [](int sample) { return sample != 0; }))
+            ear_.sound = SteadyClock::now();
+        return done;
+    }
+    std::chrono::milliseconds delay() override { return device_->delay(); }
+    void drop() override
+    {
+        device_->drop();
+        ear_.silence = SteadyClock::now();
+    }
+    void drain() override { device_->drain(); }
+
+private:
+    std::unique_ptr<narrator::SoundDevice> device_;
+    Ear& ear_;
+};
+
+double milliseconds(SteadyClock::duration span)
+{
+    return std::chrono::duration<double, std::milli>(span).count();
+}
+
+double cpuSeconds()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+double residentMebibytes()
+{
+    std::ifstream sums("/proc/self/smaps_rollup");
+    for (std::string word; sums >> word;) {
+        double kilobytes = 0;
+        if (word == "Rss:" && sums >> kilobytes)
+            return kilobytes / 1024;
+    }
+    return 0;
+}
+
+void pass(std::chrono::milliseconds span)
+{
+    QEventLoop loop;
+    QTimer::singleShot(span, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// Serves events until `done`; how long that took.
+double until(const std::function<bool()>& done)
+{
+    const Time start = SteadyClock::now();
+    while (!done() && SteadyClock::now() - start < 10s)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 5);
+    return milliseconds(SteadyClock::now() - start);
+}
+
+double shareOfCore(std::chrono::milliseconds span)
+{
+    const double before = cpuSeconds();
+    pass(span);
+    return 100 * (cpuSeconds() - before) / (milliseconds(span) / 1000);
+}
+
+void print(const char* what, double value, const char* bound, const char* unit)
+{
+    std::printf("%-52s %7.1f %-3s  %s\n", what, value, unit, bound);
+    std::fflush(stdout);
+}
+
+void printTimes(const char* what, std::vector<double> times, const char* bound)
+{
+    std::ranges::sort(times);
+    std::printf("%-52s %7.1f ms   %s, worst of %zu: %.1f\n", what, times[times.size() / 2], bound,
+                times.size(), times.back());
+    std::fflush(stdout);
+}
+
+/// What is painted of a widget and its window is finished.
+class FirstPaint final : public QObject
+{
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        painted = painted || (event->type() == QEvent::Paint && watched->objectName() == u"host");
+        return false;
+    }
+    bool painted = false;
+};
+
+class Show
+{
+public:
+    Show()
+    {
+        form_.resize(620, 460);
+        form_.show();
+        pass(500ms);
+    }
+
+    void measure()
+    {
+        load();
+        shares();
+        delays();
+        print("memory with the host, above that without", residentMebibytes() - memoryBefore_, "at most 40",
+              "MiB");
+    }
+
+private:
+    [[nodiscard]] narrator::Character& host() { return characters_->Item(genie); }
+
+    void load()
+    {
+        memoryBefore_ = residentMebibytes();
+        FirstPaint paint;
+        qApp->installEventFilter(&paint);
+        const Time start = SteadyClock::now();
+        speaker_ = narrator::makeSpeaker(narrator::makeFliteSynthesiser, [this] {
+            std::unique_ptr<narrator::SoundDevice> device = narrator::openAlsaDevice();
+            if (device)
+                device = std::make_unique<HeardDevice>(std::move(device), ear_);
+            return device;
+        });
+        characters_ = narrator::makeCharacters(form_, clock_, speaker_.get());
+        characters_->Load(genie, QStringLiteral(GENIE));
+        host().Show();
+        until([&] { return paint.painted; });
+        print("loading and first painting", milliseconds(SteadyClock::now() - start), "at most 60", "ms");
+    }
+
+    void shares()
+    {
+        pass(1s);
+        print("share of a core at rest", shareOfCore(quietSpan), "at most 3", "%");
+        for (int i = 0; i < 9; ++i) {
+            host().Play(QStringLiteral("Explain"));
+            host().Speak(longText);
+        }
+        pass(1s);
+        print("share of a core, speaking and gesturing", shareOfCore(busySpan), "at most 12", "%");
+        host().Stop();
+        form_.hide();
+        pass(1s);
+        print("share of a core, hidden", shareOfCore(quietSpan), "0", "%");
+        form_.show();
+        pass(1s);
+    }
+
+    void delays()
+    {
+        std::vector<double> words;
+        std::vector<double> sounds;
+        std::vector<double> silences;
+        auto* balloon = form_.findChild<QLabel*>(QStringLiteral("balloon"));
+        for (int i = 0; i < texts; ++i) {
+            ear_.sound = Time();
+            const Time spoken = SteadyClock::now();
+            host().Speak(longText);
+            words.push_back(until([&] { return balloon->isVisible(); }));
+            until([this] { return ear_.sound.load() != Time(); });
+            sounds.push_back(milliseconds(ear_.sound.load() - spoken));
+            pass(std::chrono::milliseconds(300 + 37 * i));
+            const Time stopped = SteadyClock::now();
+            host().Stop();
+            until([&] { return ear_.silence.load() > stopped; });
+            silences.push_back(milliseconds(ear_.silence.load() - stopped));
+        }
+        printTimes("Speak of 300 characters to the first word", words, "at most 100");
+        printTimes("Speak of 300 characters to the first sound", sounds, "at most 100");
+        printTimes("Stop to silence", silences, "at most 50");
+    }
+
+    toolkit::SystemClock clock_;
+    Ear ear_;
+    QWidget form_;
+    std::unique_ptr<narrator::Speaker> speaker_;
+    std::unique_ptr<narrator::Characters> characters_;
+    double memoryBefore_ = 0;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        const start::PrivateDirectory directory;
+        const auto configuration = directory.path() / "sound.conf";
+        std::ofstream(configuration) << "pcm.default { type null }\n";
+        setenv("ALSA_CONFIG_PATH", configuration.c_str(), 1);
+        setenv("XDG_RUNTIME_DIR", directory.path().c_str(), 1);
+        setenv("QT_QPA_PLATFORM", "xcb", 1);
+        const start::Server server;
+        const QApplication application(argc, argv);
+        std::printf("%s build, text of %d characters\n", HOST_BUILD, static_cast<int>(longText.size()));
+        Show().measure();
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "bench_host: %s\n", failure.what());
+    }
+    return 0;
+}
