@@ -82,10 +82,16 @@ Stage::Stage(QWidget& form, Figure& figure)
     const QSize size = stageSize(figure.rig());
     setFixedSize(size);
     balloon_ = new Balloon(QRect(2, 2, size.width() - 4, balloonHeight - 2), this);
-    mute_ = new MuteSign(this);
-    mute_->move(size.width() / 2 + muteDistance, size.height() - mute_->height() - footroom);
+    // As a child of the form the stage lets every click through, so the sign stands beside it.
+    mute_ = new MuteSign(embedded() ? &form : this);
+    placeMute();
     form.installEventFilter(this);
     hide();
+}
+
+Stage::~Stage()
+{
+    delete mute_;
 }
 
 void Stage::enter()
@@ -100,7 +106,9 @@ void Stage::leave()
     figure_ = nullptr;
     visibility_ = {};
     skip_ = {};
-    mute_->disconnect();
+    if (mute_) {
+        mute_->disconnect();
+    }
     hide();
 }
 
@@ -165,7 +173,13 @@ bool Stage::eventFilter(QObject* watched, QEvent* event)
 bool Stage::event(QEvent* event)
 {
     const bool done = QWidget::event(event);
-    if ((event->type() == QEvent::Show || event->type() == QEvent::Hide) && visibility_) {
+    if (event->type() != QEvent::Show && event->type() != QEvent::Hide) {
+        return done;
+    }
+    if (mute_) {
+        placeMute();
+    }
+    if (visibility_) {
         visibility_();
     }
     return done;
@@ -238,6 +252,7 @@ void Stage::follow()
 {
     if (embedded()) {
         move(form_.width() - width(), form_.height() - height());
+        placeMute();
         return;
     }
     const QRect available = form_.screen()->availableGeometry();
@@ -247,6 +262,14 @@ void Stage::follow()
     if (place != pos()) {
         move(place);
     }
+}
+
+void Stage::placeMute()
+{
+    const QPoint place(width() / 2 + muteDistance, height() - mute_->height() - footroom);
+    mute_->move(embedded() ? pos() + place : place);
+    mute_->setVisible(!embedded() || !isHidden());
+    mute_->raise();
 }
 
 void Stage::drawFigure()

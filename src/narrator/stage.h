@@ -3,6 +3,7 @@
 #include "narrator/figure.h"
 #include "narrator/player.h"
 
+#include <QAbstractButton>
 #include <QImage>
 #include <QPointer>
 #include <QRegion>
@@ -14,7 +15,6 @@
 namespace narrator {
 
 class Balloon;
-class MuteSign;
 
 /// The host's window beside the game form: the figure with the balloon above it. It goes where the form
 /// goes and is hidden with it. Where windows cannot be placed it is a child over the form's lower right
@@ -24,6 +24,9 @@ class Stage final : public QWidget
 public:
     /// The form owns the stage; the figure must outlive it or be left alone by a last `leave`.
     Stage(QWidget& form, Figure& figure);
+    ~Stage() override;
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
 
     /// From now on the host is to be seen whenever the form is.
     void enter();
@@ -56,6 +59,7 @@ private:
     void toggleMute(const QKeyEvent& key);
     void showWithForm();
     void follow();
+    void placeMute();
     void drawFigure();
     void updateShape();
     [[nodiscard]] QRegion figureShape() const;
@@ -63,7 +67,7 @@ private:
     QWidget& form_;
     Figure* figure_;
     Balloon* balloon_;
-    MuteSign* mute_;
+    QPointer<QAbstractButton> mute_;
     std::function<void()> visibility_;
     std::function<void()> skip_;
     bool entered_ = false;
