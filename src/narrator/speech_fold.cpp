@@ -93,7 +93,7 @@ std::string foldedCharacter(char32_t character)
         appendSigned(letters, control ? ' ' : static_cast<char>(character));
         return letters;
     }
-    const auto found = std::ranges::lower_bound(table, character, {}, &Folded::character);
+    const Folded* const found = std::ranges::lower_bound(table, character, {}, &Folded::character);
     if (found != table.end() && found->character == character) {
         return std::string(found->letters);
     }

@@ -17,24 +17,19 @@ constexpr std::array small = {"zero",    "one",     "two",       "three",    "fo
 constexpr std::array tens = {"",      "",      "twenty",  "thirty", "forty",
                              "fifty", "sixty", "seventy", "eighty", "ninety"};
 
-struct Unit
-{
-    std::uint64_t size;
-    const char* name;
-};
-// The voice does not know the word lakh.
-constexpr std::array units = {Unit{10'000'000, "crore"}, Unit{100'000, "lack"}, Unit{1'000, "thousand"},
-                              Unit{100, "hundred"}};
-
 void append(std::vector<std::string>& words, std::uint64_t number)
 {
-    for (const Unit& unit : units) {
-        if (number >= unit.size) {
-            append(words, number / unit.size);
-            words.emplace_back(unit.name);
-            number %= unit.size;
+    const auto part = [&words, &number](std::uint64_t size, const char* name) {
+        if (number >= size) {
+            append(words, number / size);
+            words.emplace_back(name);
+            number %= size;
         }
-    }
+    };
+    part(10'000'000, "crore");
+    part(100'000, "lack"); // the voice does not know the word lakh
+    part(1'000, "thousand");
+    part(100, "hundred");
     if (number >= small.size()) {
         words.emplace_back(tens.at(number / 10));
         number %= 10;
