@@ -91,11 +91,26 @@ void Balloon::paintEvent(QPaintEvent*)
     painter.setBrush(paperColour);
     painter.drawPath(outline().translated(-pos()));
     painter.setPen(inkColour);
-    QTextLayout::FormatRange toCome;
-    toCome.start = static_cast<int>(text().size() - top_);
-    toCome.length = static_cast<int>(layout_.text().size()) - toCome.start;
-    toCome.format.setForeground(Qt::transparent);
-    layout_.draw(&painter, QPointF(padding, padding), {toCome});
+    drawWords(painter);
+}
+
+/// Draws the laid out lines as far as they have been said.
+void Balloon::drawWords(QPainter& painter) const
+{
+    const auto end = static_cast<int>(text().size() - top_);
+    for (int i = 0; i < layout_.lineCount(); ++i) {
+        const QTextLine line = layout_.lineAt(i);
+        if (line.textStart() >= end) {
+            return;
+        }
+        if (line.textStart() + line.textLength() > end) {
+            const double from = line.cursorToX(line.textStart());
+            const double to = line.cursorToX(end);
+            const QRectF said(std::min(from, to), line.y(), std::abs(to - from), line.height());
+            painter.setClipRect(said.translated(padding, padding).adjusted(-1, 0, 1, 0));
+        }
+        line.draw(&painter, QPointF(padding, padding));
+    }
 }
 
 void Balloon::scrollTo(qsizetype end)

@@ -26,8 +26,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    void begin(const QString& text);
-    void showWords(const QString& words);
+    void drawWords(QPainter& painter) const;
     void scrollTo(qsizetype end);
     void fitToPage();
     /// Lays out what begins at the top line and returns the number of characters that fit.
