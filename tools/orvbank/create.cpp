@@ -32,30 +32,21 @@ CREATE TABLE users (username TEXT, password TEXT);
 CREATE TABLE locking (message TEXT);
 )";
 
-template <typename... Values>
-void insert(SQLite::Statement& statement, const Values&... values)
-{
-    SQLite::bind(statement, values...);
-    statement.exec();
-    statement.reset();
-}
-
 void fill(SQLite::Database& database, const Bank& bank, const Account& account)
 {
-    SQLite::Statement question(database,
-                               "INSERT INTO questions (question, answer1, answer2, answer3, answer4,"
-                               " correct_answer, Level) VALUES (?, ?, ?, ?, ?, ?, ?)");
-    for (const Question& q : bank.questions) {
-        insert(question, q.text.toStdString(), q.options[0].toStdString(), q.options[1].toStdString(),
-               q.options[2].toStdString(), q.options[3].toStdString(), q.rightOption().toStdString(),
-               q.level.toStdString());
+    Insertion questions(SQLite::Statement(database, sql::insertQuestion));
+    for (const Question& question : bank.questions) {
+        questions.add(question);
     }
-    SQLite::Statement prompt(database, "INSERT INTO locking VALUES (?)");
-    for (const Prompt& p : bank.prompts) {
-        insert(prompt, p.message.toStdString());
+    SQLite::Statement prompts(database, sql::insertPrompt);
+    for (const Prompt& prompt : bank.prompts) {
+        SQLite::bind(prompts, prompt.message.toStdString());
+        prompts.exec();
+        prompts.reset();
     }
-    SQLite::Statement user(database, "INSERT INTO users VALUES (?, ?)");
-    insert(user, account.name, account.password);
+    SQLite::Statement user(database, sql::insertAccount);
+    SQLite::bind(user, account.name, account.password);
+    user.exec();
 }
 
 } // namespace

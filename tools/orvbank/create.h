@@ -1,17 +1,8 @@
 #pragma once
 
-#include "bank/question.h"
-
-#include <filesystem>
+#include "bank/store.h"
 
 namespace bank {
-
-/// An account of the administration console.
-struct Account
-{
-    std::string name;
-    std::string password;
-};
 
 /// Makes the quiz database `file` (SQLite 3) out of a bank that obeys the rules, with one account.
 /// Throws Failure, and leaves nothing behind, if the file exists already or cannot be written.

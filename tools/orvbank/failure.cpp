@@ -4,11 +4,12 @@ namespace bank {
 
 void Complaints::add(const Place& place, const QString& reason)
 {
-    QString where = QString::fromStdString(place.file);
-    if (place.line > 0) {
-        where += QStringLiteral(":%1").arg(place.line);
-    }
-    lines_ << where + QStringLiteral(": ") + reason;
+    lines_ << place.text() + QStringLiteral(": ") + reason;
+}
+
+void Complaints::warn(const Place& place, const QString& reason)
+{
+    warnings_ << place.text() + QStringLiteral(": warning: ") + reason;
 }
 
 void Complaints::throwIfAny() const

@@ -20,14 +20,21 @@ public:
 class Complaints
 {
 public:
+    /// Complains in a line "file:line:column: reason".
     void add(const Place& place, const QString& reason);
-    [[nodiscard]] bool empty() const { return lines_.empty(); }
+    /// The same for what is no fault but worth a look.
+    void warn(const Place& place, const QString& reason);
 
-    /// Throws a Failure of one line "file:line: reason" per complaint, if there is any.
+    [[nodiscard]] bool empty() const { return lines_.empty(); }
+    [[nodiscard]] const QStringList& lines() const { return lines_; }
+    [[nodiscard]] const QStringList& warnings() const { return warnings_; }
+
+    /// Throws a Failure with all lines, if there is any.
     void throwIfAny() const;
 
 private:
     QStringList lines_;
+    QStringList warnings_;
 };
 
 } // namespace bank

@@ -1,36 +1,12 @@
 #include "bank/lines.h"
 
+#include "bank/text.h"
+
 #include <QFile>
 #include <QStringDecoder>
 
-#include <algorithm>
-
 namespace bank {
 namespace {
-
-bool isControl(char32_t c)
-{
-    const auto category = QChar::category(c);
-    return category == QChar::Other_Control || category == QChar::Separator_Line ||
-           category == QChar::Separator_Paragraph;
-}
-
-QString decoded(const QByteArray& bytes, const Place& place, Complaints& complaints)
-{
-    // Each line is decoded by itself: a character cut off at the end of one is an error of that line.
-    QStringDecoder decoder(QStringDecoder::Utf8,
-                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
-    QString text = decoder(bytes);
-    if (decoder.hasError()) {
-        complaints.add(place, QStringLiteral("the line is not valid UTF-8"));
-    }
-    const auto points = text.toUcs4();
-    const auto control = std::find_if(points.begin(), points.end(), isControl);
-    if (control != points.end()) {
-        complaints.add(place, QStringLiteral("control character U+%1").arg(*control, 4, 16, QChar(u'0')));
-    }
-    return text.trimmed();
-}
 
 QByteArray contentOf(const std::filesystem::path& path)
 {
@@ -38,8 +14,7 @@ QByteArray contentOf(const std::filesystem::path& path)
     const bool opened = file.open(QIODevice::ReadOnly);
     QByteArray content = opened ? file.readAll() : QByteArray();
     if (!opened || file.error() != QFileDevice::NoError) {
-        throw Failure(QStringLiteral("%1 cannot be read: %2")
-                          .arg(QString::fromStdString(path.string()), file.errorString()));
+        throw Failure(QStringLiteral("%1 cannot be read: %2").arg(nameOf(path), file.errorString()));
     }
     if (content.startsWith("\xEF\xBB\xBF")) {
         content.remove(0, 3);
@@ -47,21 +22,47 @@ QByteArray contentOf(const std::filesystem::path& path)
     return content;
 }
 
+std::optional<QString> decoded(QByteArrayView bytes)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8,
+                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
+    QString text = decoder(bytes);
+    return decoder.hasError() ? std::nullopt : std::optional(text);
+}
+
 } // namespace
+
+QString nameOf(const std::filesystem::path& file)
+{
+    return QString::fromStdString(file.string());
+}
+
+QString readText(const std::filesystem::path& file, Complaints& complaints)
+{
+    const QByteArray content = contentOf(file);
+    if (auto text = decoded(content)) {
+        return *std::move(text);
+    }
+    Place place{nameOf(file)};
+    for (const QByteArray& line : content.split('\n')) {
+        ++place.line;
+        if (!decoded(line)) {
+            complaints.add(place, QStringLiteral("the line is not valid UTF-8; save the file as UTF-8"));
+        }
+    }
+    return QString::fromUtf8(content);
+}
 
 std::vector<Line> readLines(const std::filesystem::path& file, Complaints& complaints)
 {
     std::vector<Line> lines;
-    Place place{file.string()};
-    for (auto bytes : contentOf(file).split('\n')) {
+    const QString content = readText(file, complaints);
+    Place place{nameOf(file)};
+    for (const QStringView line : QStringView(content).split(u'\n')) {
+        const QStringView text = line.trimmed();
         ++place.line;
-        if (bytes.endsWith('\r')) {
-            bytes.chop(1);
-        }
-        const QString text = decoded(bytes, place, complaints);
-        if (!text.startsWith(u'#')) {
-            lines.push_back({place, text});
-        }
+        place.column = static_cast<int>(text.data() - line.data()) + 1;
+        lines.push_back({place, text.toString()});
     }
     return lines;
 }

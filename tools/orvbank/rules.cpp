@@ -1,8 +1,10 @@
 #include "bank/rules.h"
 
+#include "bank/text.h"
+
+#include <QHash>
+
 #include <algorithm>
-#include <iterator>
-#include <map>
 
 namespace bank {
 namespace {
@@ -10,39 +12,77 @@ namespace {
 constexpr qsizetype maxQuestionLength = 100;
 constexpr qsizetype maxOptionLength = 25;
 constexpr qsizetype maxPromptLength = 100;
-constexpr qsizetype questionsPerLevel = 5; // as many as one game draws
+constexpr double leastShare = 0.22;
+constexpr double mostShare = 0.28;
 
-const QStringList levels{QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")};
-const QStringList letters{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C"), QStringLiteral("D")};
-
-QString folded(const QString& text)
+bool isOption(Field field)
 {
-    return text.normalized(QString::NormalizationForm_C).simplified().toCaseFolded();
+    return field >= Field::A && field <= Field::D;
+}
+
+/// The field as a complaint calls it.
+QString title(Field field)
+{
+    return isOption(field) ? QStringLiteral("option ") + nameOf(field) : nameOf(field);
+}
+
+QString missing(Field field, const Question& question)
+{
+    if (field == Field::Right && !question.key.isEmpty()) {
+        return QStringLiteral("the right answer \"%1\" is none of the options").arg(question.key);
+    }
+    return title(field) +
+           (isOption(field) ? QStringLiteral(" is missing, four are needed") : QStringLiteral(" is missing"));
 }
 
 QString tooLong(const QString& what, const QString& text, qsizetype limit)
 {
-    const auto length = text.toUcs4().size();
-    return length <= limit
+    const auto points = text.size() <= limit ? 0 : length(text);
+    return points <= limit
                ? QString()
-               : QStringLiteral("%1 has %2 characters, at most %3 fit").arg(what).arg(length).arg(limit);
+               : QStringLiteral("%1 has %2 characters, at most %3 fit").arg(what).arg(points).arg(limit);
 }
 
-QString choiceReason(const QString& field, const QString& value, const QStringList& choices)
+QString notPlain(const QString& what, const QString& text)
 {
-    return choices.contains(value) ? QString()
-                                   : QStringLiteral("%1 \"%2\" is none of %3")
-                                         .arg(field, value, choices.join(QStringLiteral(", ")));
+    if (const auto stray = strayCharacter(text)) {
+        return *stray == u'\n' || *stray == u'\r'
+                   ? QStringLiteral("%1 holds a line break, but must be one line").arg(what)
+                   : QStringLiteral("%1 holds the control character U+%2")
+                         .arg(what)
+                         .arg(static_cast<uint>(*stray), 4, 16, QChar(u'0'));
+    }
+    return !text.isEmpty() && (text.front().isSpace() || text.back().isSpace())
+               ? QStringLiteral("%1 has a blank at an end").arg(what)
+               : QString();
+}
+
+QString wrongValue(Field field, const Question& question)
+{
+    const QString& text = question.at(field);
+    switch (field) {
+    case Field::Level:
+        return isLevel(text) ? QString() : QStringLiteral("level \"%1\" is none of 1, 2, 3").arg(text);
+    case Field::Right:
+        return question.rightIndex() >= 0 ? QString()
+                                          : QStringLiteral("right \"%1\" is none of A, B, C, D").arg(text);
+    case Field::Question:
+        return tooLong(title(field), text, maxQuestionLength);
+    default:
+        return isOption(field) ? tooLong(title(field), text, maxOptionLength) : QString();
+    }
 }
 
 void addEqualOptions(const Question& question, std::vector<Breach>& found)
 {
-    for (qsizetype later = 1; later < letters.size(); ++later) {
-        for (qsizetype earlier = 0; earlier < later; ++earlier) {
-            const QString text = folded(question.options.at(static_cast<std::size_t>(later)));
-            if (!text.isEmpty() && text == folded(question.options.at(static_cast<std::size_t>(earlier)))) {
-                found.push_back({letters.at(later), QStringLiteral("options %1 and %2 are equal")
-                                                        .arg(letters.at(earlier), letters.at(later))});
+    std::array<QString, 4> texts;
+    std::transform(question.options.begin(), question.options.end(), texts.begin(), folded);
+    for (std::size_t later = 1; later < texts.size(); ++later) {
+        for (std::size_t earlier = 0; earlier < later; ++earlier) {
+            if (!texts.at(later).isEmpty() && texts.at(later) == texts.at(earlier)) {
+                found.push_back({optionFields.at(later),
+                                 QStringLiteral("options %1 and %2 are equal")
+                                     .arg(nameOf(optionFields.at(earlier)), nameOf(optionFields.at(later)))});
             }
         }
     }
@@ -52,64 +92,67 @@ template <typename Item>
 void complainOfRepeats(const std::vector<Item>& items, QString Item::*text, const QString& what,
                        Complaints& complaints)
 {
-    std::map<QString, Place> seen;
+    QHash<QString, const Item*> seen;
+    seen.reserve(static_cast<qsizetype>(items.size()));
     for (const Item& item : items) {
-        const auto [first, isNew] = seen.try_emplace(folded(item.*text), item.place);
-        if (!isNew && !first->first.isEmpty()) {
-            complaints.add(item.place, QStringLiteral("the same %1 stands in %2:%3")
-                                           .arg(what, QString::fromStdString(first->second.file),
-                                                QString::number(first->second.line)));
+        const QString same = folded(item.*text);
+        if (const auto* const first = seen.value(same)) {
+            complaints.add(item.place,
+                           QStringLiteral("the same %1 stands in %2").arg(what, first->place.text()));
+        } else if (!same.isEmpty()) {
+            seen.insert(same, &item);
         }
     }
 }
 
 } // namespace
 
-std::vector<Breach> breaches(const Question& question)
+bool isLevel(const QString& text)
 {
-    struct Text
-    {
-        QString field;
-        QString value;
-        QString reason;
-    };
-    std::vector<Text> texts{
-        {QStringLiteral("level"), question.level,
-         choiceReason(QStringLiteral("level"), question.level, levels)},
-        {QStringLiteral("topic"), question.topic, {}},
-        {QStringLiteral("question"), question.text,
-         tooLong(QStringLiteral("question"), question.text, maxQuestionLength)},
-    };
-    for (qsizetype i = 0; i < letters.size(); ++i) {
-        const QString& option = question.options.at(static_cast<std::size_t>(i));
-        texts.push_back({letters.at(i), option,
-                         tooLong(QStringLiteral("option ") + letters.at(i), option, maxOptionLength)});
-    }
-    texts.push_back({QStringLiteral("right"), question.right,
-                     choiceReason(QStringLiteral("right"), question.right, letters)});
-    texts.push_back({QStringLiteral("why"), question.why, {}});
+    return std::any_of(levels.begin(), levels.end(),
+                       [&](const char* level) { return text == QLatin1String(level); });
+}
 
+std::vector<Breach> breaches(const Question& question, Texts demanded)
+{
     std::vector<Breach> found;
-    for (const Text& text : texts) {
-        const bool isOption = letters.contains(text.field);
-        if (text.value.isEmpty()) {
-            found.push_back(
-                {text.field, isOption
-                                 ? QStringLiteral("option %1 is missing, four are needed").arg(text.field)
-                                 : QStringLiteral("%1 is missing").arg(text.field)});
-        } else if (!text.reason.isEmpty()) {
-            found.push_back({text.field, text.reason});
+    for (std::size_t i = 0; i < fieldNames.size(); ++i) {
+        const auto field = static_cast<Field>(i);
+        const QString& text = question.at(field);
+        const bool optional = demanded == Texts::Played && (field == Field::Topic || field == Field::Why);
+        if (text.isEmpty()) {
+            if (!optional) {
+                found.push_back({field, missing(field, question)});
+            }
+            continue;
+        }
+        for (const QString& reason : {wrongValue(field, question), notPlain(title(field), text)}) {
+            if (!reason.isEmpty()) {
+                found.push_back({field, reason});
+            }
         }
     }
     addEqualOptions(question, found);
     return found;
 }
 
+void checkQuestion(const Question& question, Texts demanded, const std::function<Place(Field)>& placeOf,
+                   Complaints& complaints)
+{
+    for (const Breach& breach : breaches(question, demanded)) {
+        complaints.add(placeOf(breach.field), breach.reason);
+    }
+}
+
 void checkPrompt(const Prompt& prompt, Complaints& complaints)
 {
-    const QString reason = tooLong(QStringLiteral("prompt"), prompt.message, maxPromptLength);
-    if (!reason.isEmpty()) {
-        complaints.add(prompt.place, reason);
+    const QString what = QStringLiteral("prompt");
+    const QString& text = prompt.message;
+    for (const QString& reason : {text.isEmpty() ? QStringLiteral("the prompt is empty") : QString(),
+                                  tooLong(what, text, maxPromptLength), notPlain(what, text)}) {
+        if (!reason.isEmpty()) {
+            complaints.add(prompt.place, reason);
+        }
     }
 }
 
@@ -119,20 +162,52 @@ void checkRepeats(const Bank& bank, Complaints& complaints)
     complainOfRepeats(bank.prompts, &Prompt::message, QStringLiteral("prompt"), complaints);
 }
 
-void checkEnough(const Bank& bank, const std::string& source, Complaints& complaints)
+void checkEnough(const Bank& bank, const Place& source, Complaints& complaints)
 {
-    for (const QString& level : levels) {
+    for (const char* const name : levels) {
+        const QString level = QLatin1String(name);
         const auto count = std::count_if(bank.questions.begin(), bank.questions.end(),
                                          [&](const Question& question) { return question.level == level; });
         if (count < questionsPerLevel) {
-            complaints.add({source}, QStringLiteral("level %1 has %2 questions, a game needs %3")
-                                         .arg(level)
-                                         .arg(count)
-                                         .arg(questionsPerLevel));
+            complaints.add(source, QStringLiteral("level %1 has %2 questions, a game needs %3")
+                                       .arg(level)
+                                       .arg(count)
+                                       .arg(questionsPerLevel));
         }
     }
+}
+
+void checkPrompts(const Bank& bank, const Place& source, Complaints& complaints)
+{
     if (bank.prompts.empty()) {
-        complaints.add({source}, QStringLiteral("there is no prompt, a game needs at least one"));
+        complaints.warn(source, QStringLiteral("there is no prompt, the host has nothing to say before an "
+                                               "answer is locked"));
+    }
+}
+
+void checkBalance(const Bank& bank, const Place& source, Complaints& complaints)
+{
+    for (const char* const name : levels) {
+        const QString level = QLatin1String(name);
+        std::array<int, 4> counts{};
+        int all = 0;
+        for (const Question& question : bank.questions) {
+            if (question.level == level && question.rightIndex() >= 0) {
+                ++counts.at(static_cast<std::size_t>(question.rightIndex()));
+                ++all;
+            }
+        }
+        for (std::size_t i = 0; i < counts.size() && all >= balanceFrom; ++i) {
+            const double share = static_cast<double>(counts.at(i)) / all;
+            if (share < leastShare || share > mostShare) {
+                complaints.add(source,
+                               QStringLiteral("level %1: %2 is the right letter of %3 % of %4 questions, "
+                                              "22 to 28 % are wanted")
+                                   .arg(level, nameOf(optionFields.at(i)))
+                                   .arg(100 * share, 0, 'f', 1)
+                                   .arg(all));
+            }
+        }
     }
 }
 

@@ -1,0 +1,114 @@
+#include "bank/export.h"
+
+#include "bank/lines.h"
+#include "bank/new_file.h"
+#include "bank/rules.h"
+#include "bank/writers.h"
+
+#include <QFile>
+
+#include <algorithm>
+
+namespace bank {
+namespace {
+
+void requireSound(const std::vector<Question>& questions)
+{
+    Complaints complaints;
+    for (const Question& question : questions) {
+        checkQuestion(
+            question, Texts::Played, [&](Field) { return question.place; }, complaints);
+    }
+    if (!complaints.empty()) {
+        throw Failure(complaints.lines().join(u'\n') +
+                      QStringLiteral("\nNothing was exported: only CSV holds questions with such faults"));
+    }
+}
+
+/// Removes the questions whose text Aiken would take for an option or an answer.
+void removeMisleading(std::vector<Question>& questions, Complaints& complaints)
+{
+    std::erase_if(questions, [&](const Question& question) {
+        const bool holds = writers::aikenHolds(question);
+        if (!holds) {
+            complaints.warn(question.place,
+                            QStringLiteral("is left out, Aiken would take its text for an option or "
+                                           "an answer"));
+        }
+        return !holds;
+    });
+}
+
+void requireOneLevel(const std::vector<Question>& questions)
+{
+    const auto differs = [&](const Question& question) { return question.level != questions.front().level; };
+    if (std::any_of(questions.begin(), questions.end(), differs)) {
+        throw Failure(QStringLiteral("Aiken holds no levels: export one at a time with --level"));
+    }
+}
+
+void warnOfLosses(const std::vector<Question>& questions, const Place& target, Format format,
+                  Complaints& complaints)
+{
+    if (format == Format::Csv) {
+        for (const Question& question : questions) {
+            if (question.right.isEmpty()) {
+                complaints.warn(
+                    question.place,
+                    QStringLiteral("\"right\" is left empty, the right answer \"%1\" is none of the options")
+                        .arg(question.key));
+            }
+        }
+        return;
+    }
+    const auto isPlayed = [](const Question& question) { return question.tallies != Question().tallies; };
+    if (std::any_of(questions.begin(), questions.end(), isPlayed)) {
+        complaints.warn(target,
+                        QStringLiteral("how often the options were chosen is left out, only CSV holds it"));
+    }
+    if (format == Format::Aiken) {
+        complaints.warn(target,
+                        QStringLiteral("the level is left out, Aiken does not hold it; import with --level"));
+    }
+}
+
+QByteArray contentOf(const std::vector<Question>& questions, Format format)
+{
+    switch (format) {
+    case Format::Csv:
+        return writers::csv(questions);
+    case Format::Gift:
+        return writers::gift(questions);
+    case Format::Aiken:
+        return writers::aiken(questions);
+    case Format::Text:
+        return writers::records(questions);
+    }
+    return {};
+}
+
+} // namespace
+
+Exported exportQuestions(std::vector<Question> questions, const std::filesystem::path& target, Format format)
+{
+    Complaints complaints;
+    NewFile newFile(target);
+    if (format != Format::Csv) {
+        requireSound(questions);
+    }
+    if (format == Format::Aiken) {
+        requireOneLevel(questions);
+        removeMisleading(questions, complaints);
+    }
+    warnOfLosses(questions, {nameOf(target)}, format, complaints);
+    QFile file(newFile.temporary());
+    const QByteArray content = contentOf(questions, format);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush()) {
+        throw Failure(QStringLiteral("%1 cannot be written: %2").arg(nameOf(target), file.errorString()));
+    }
+    file.close();
+    newFile.publish();
+    return {questions.size(), complaints.warnings()};
+}
+
+} // namespace bank
