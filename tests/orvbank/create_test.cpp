@@ -72,8 +72,6 @@ TEST(Create, LeavesNothingBehindWhenItFails)
     std::ostringstream printed;
     EXPECT_EQ(create(folder, printed, "nowhere"), 1);
     EXPECT_EQ(printed.str(), folder.path("nowhere") + " cannot be read: No such file or directory\n");
-    const char* const program = "orvbank";
-    EXPECT_EQ(bank::run(1, &program, printed, printed), 2) << "wrong usage";
     EXPECT_EQ(folder.names(), QStringList("data"));
 }
 

@@ -1,11 +1,15 @@
 #pragma once
 
+#include "bank/command.h"
+
 #include <QByteArrayList>
 #include <QDir>
 #include <QTemporaryDir>
 
 #include <fstream>
+#include <sstream>
 #include <string>
+#include <vector>
 
 /// A question that obeys every rule, unless `text` takes the place of one of its nine lines.
 inline std::string record(const std::string& level, const std::string& question, qsizetype line = 2,
@@ -46,6 +50,30 @@ public:
     [[nodiscard]] QStringList names() const
     {
         return QDir(directory_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+
+    /// Runs orvbank, of whose arguments those with a point or "data" are files of this folder. Returns its
+    /// exit code and all that it printed, without the path of this folder.
+    [[nodiscard]] std::pair<int, std::string> run(const std::vector<std::string>& arguments) const
+    {
+        std::vector<std::string> words{"orvbank"};
+        for (const std::string& word : arguments) {
+            words.push_back(word.find('.') != std::string::npos || word == "data" ? path(word) : word);
+        }
+        std::vector<const char*> argv;
+        for (const std::string& word : words) {
+            argv.push_back(word.c_str());
+        }
+        std::ostringstream printed;
+        const int code = bank::run(static_cast<int>(argv.size()), argv.data(), printed, printed);
+        return {code, QString::fromStdString(printed.str()).remove(directory_.path() + '/').toStdString()};
+    }
+
+    [[nodiscard]] std::string content(const std::string& name) const
+    {
+        std::ostringstream content;
+        content << std::ifstream(path(name), std::ios::binary).rdbuf();
+        return content.str();
     }
 
     [[nodiscard]] std::string path(const std::string& name) const

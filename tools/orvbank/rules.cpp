@@ -21,9 +21,11 @@ bool isOption(Field field)
 }
 
 /// The field as a complaint calls it.
-QString title(Field field)
+const char* title(Field field)
 {
-    return isOption(field) ? QStringLiteral("option ") + nameOf(field) : nameOf(field);
+    constexpr std::array titles = {"level",    "topic",    "question", "option A", "option B",
+                                   "option C", "option D", "right",    "why"};
+    return titles.at(static_cast<std::size_t>(field));
 }
 
 QString missing(Field field, const Question& question)
@@ -35,25 +37,27 @@ QString missing(Field field, const Question& question)
            (isOption(field) ? QStringLiteral(" is missing, four are needed") : QStringLiteral(" is missing"));
 }
 
-QString tooLong(const QString& what, const QString& text, qsizetype limit)
+QString tooLong(const char* what, const QString& text, qsizetype limit)
 {
     const auto points = text.size() <= limit ? 0 : length(text);
-    return points <= limit
-               ? QString()
-               : QStringLiteral("%1 has %2 characters, at most %3 fit").arg(what).arg(points).arg(limit);
+    return points <= limit ? QString()
+                           : QStringLiteral("%1 has %2 characters, at most %3 fit")
+                                 .arg(QLatin1String(what))
+                                 .arg(points)
+                                 .arg(limit);
 }
 
-QString notPlain(const QString& what, const QString& text)
+QString notPlain(const char* what, const QString& text)
 {
     if (const auto stray = strayCharacter(text)) {
         return *stray == u'\n' || *stray == u'\r'
-                   ? QStringLiteral("%1 holds a line break, but must be one line").arg(what)
+                   ? QStringLiteral("%1 holds a line break, but must be one line").arg(QLatin1String(what))
                    : QStringLiteral("%1 holds the control character U+%2")
-                         .arg(what)
+                         .arg(QLatin1String(what))
                          .arg(static_cast<uint>(*stray), 4, 16, QChar(u'0'));
     }
     return !text.isEmpty() && (text.front().isSpace() || text.back().isSpace())
-               ? QStringLiteral("%1 has a blank at an end").arg(what)
+               ? QStringLiteral("%1 has a blank at an end").arg(QLatin1String(what))
                : QString();
 }
 
@@ -126,9 +130,9 @@ std::vector<Breach> breaches(const Question& question, Texts demanded)
             }
             continue;
         }
-        for (const QString& reason : {wrongValue(field, question), notPlain(title(field), text)}) {
+        for (QString reason : {wrongValue(field, question), notPlain(title(field), text)}) {
             if (!reason.isEmpty()) {
-                found.push_back({field, reason});
+                found.push_back({field, std::move(reason)});
             }
         }
     }
@@ -146,7 +150,7 @@ void checkQuestion(const Question& question, Texts demanded, const std::function
 
 void checkPrompt(const Prompt& prompt, Complaints& complaints)
 {
-    const QString what = QStringLiteral("prompt");
+    const char* const what = "prompt";
     const QString& text = prompt.message;
     for (const QString& reason : {text.isEmpty() ? QStringLiteral("the prompt is empty") : QString(),
                                   tooLong(what, text, maxPromptLength), notPlain(what, text)}) {

@@ -25,8 +25,36 @@ std::optional<char32_t> strayCharacter(QStringView text)
     return std::nullopt;
 }
 
+namespace {
+
+/// Whether only letter case can tell the text from its folded form; most texts are like that.
+bool isPlain(QStringView text)
+{
+    QChar before = u' ';
+    for (const QChar c : text) {
+        if (c.unicode() < u' ' || c.unicode() > 0x7e || (c == u' ' && before == u' ')) {
+            return false;
+        }
+        before = c;
+    }
+    return before != u' ';
+}
+
+} // namespace
+
 QString folded(const QString& text)
 {
+    if (isPlain(text)) {
+        const auto isUpper = [](QChar c) { return c >= u'A' && c <= u'Z'; };
+        const auto upper = std::find_if(text.begin(), text.end(), isUpper);
+        QString lower = text;
+        for (qsizetype at = upper - text.begin(); at < text.size(); ++at) {
+            if (isUpper(text[at])) {
+                lower[at] = QChar(text[at].unicode() | 0x20);
+            }
+        }
+        return lower;
+    }
     return text.normalized(QString::NormalizationForm_C).simplified().toCaseFolded();
 }
 
