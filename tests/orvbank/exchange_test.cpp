@@ -141,7 +141,8 @@ TEST(Exchange, LeavesTheFileAloneUnlessAllIsWell)
         {"a.gift", "What?{=x ~y ~z}\n\nThis?\n",
          "a.gift:1:6: 3 options of which 1 are right; a bank holds only questions "
          "with four options of which one is right\na.gift:3:1: there are no answers in braces\n"},
-        {"a.gift", "What?{=x ~y ~z ~w}\n", "a.gift:1:1: level is missing\n"},
+        {"a.gift", "What?{=x ~y ~z ~w}\n",
+         "a.gift:1:1: level is missing\na.gift: --level gives a level to questions without\n"},
         {"a.aiken", "What?\nA. x\nB. y\nANSWER: A\n",
          "a.aiken:1:1: a question must be its text, four lines \"A. \" to "
          "\"D. \" and a line \"ANSWER: \"\n"},

@@ -13,6 +13,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <map>
 #include <ostream>
 
@@ -109,11 +110,13 @@ void check(Command& command)
     }
     command.tell(found.lines(), command.out);
     command.tell(found.warnings(), command.out);
-    const QString& subject = QString::fromStdString(command.file.empty() ? command.other : command.file);
+    const QString subject = QString::fromStdString(command.file.empty() ? command.other : command.file);
     if (found.empty()) {
         command.tell({subject + QStringLiteral(": no faults")}, command.out);
     } else {
-        command.tell({subject + QStringLiteral(": %1 faults").arg(found.lines().size())}, command.out);
+        const auto count = found.lines().size();
+        command.tell({subject + QStringLiteral(": %1 %2").arg(count).arg(count == 1 ? "fault" : "faults")},
+                     command.out);
         command.exitCode = Faulty;
     }
 }
@@ -127,12 +130,18 @@ void importSource(Command& command)
     if (intake.complaints.empty() && intake.bank.questions.empty()) {
         intake.complaints.add({nameOf(command.other)}, QStringLiteral("there are no questions in it"));
     }
+    const auto lacksLevel = [](const Question& question) { return question.level.isEmpty(); };
+    if (std::ranges::any_of(intake.bank.questions, lacksLevel)) {
+        intake.complaints.add({nameOf(command.other)},
+                              QStringLiteral("--level gives a level to questions without"));
+    }
     intake.complaints.throwIfAny();
     Store store(command.file);
     const std::size_t prompts = importQuestions(store, intake, command.import, command.progress);
     command.progress.clear();
     command.out << command.file << (command.import.dryRun ? " would take" : " has taken") << " in "
-                << intake.bank.questions.size() << " questions and " << prompts << " prompts"
+                << intake.bank.questions.size() << " questions"
+                << (prompts > 0 ? " and " + std::to_string(prompts) + " prompts" : "")
                 << (command.import.replace ? " in place of those it had" : "") << ".\n";
 }
 
