@@ -86,6 +86,10 @@ std::optional<QStringView> answerIn(QStringView line)
 
 void readAiken(const std::filesystem::path& file, Intake& intake)
 {
+    if (intake.level().isEmpty()) {
+        intake.complaints.add({nameOf(file)}, QStringLiteral("Aiken holds no levels; --level gives one"));
+        return;
+    }
     Block block;
     Line last;
     for (const Line& line : readLines(file, intake.complaints)) {
