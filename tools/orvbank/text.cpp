@@ -46,9 +46,8 @@ QString folded(const QString& text)
 {
     if (isPlain(text)) {
         const auto isUpper = [](QChar c) { return c >= u'A' && c <= u'Z'; };
-        const auto upper = std::find_if(text.begin(), text.end(), isUpper);
-        QString lower = text;
-        for (qsizetype at = upper - text.begin(); at < text.size(); ++at) {
+        QString lower = text; // shares the text until a letter changes
+        for (qsizetype at = 0; at < text.size(); ++at) {
             if (isUpper(text[at])) {
                 lower[at] = QChar(text[at].unicode() | 0x20);
             }
