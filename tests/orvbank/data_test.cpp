@@ -29,10 +29,10 @@ TEST(Data, IsAWellMixedBankOfSpeakableTexts)
         EXPECT_TRUE(QRegularExpression("^[ -~]*\\?$").match(text).hasMatch()) << text.toStdString();
     }
     for (const auto& [level, count] : counts) {
-        EXPECT_GE(count, 42) << level.toStdString();
+        EXPECT_GE(count, 150) << level.toStdString();
     }
     EXPECT_EQ(counts.size(), 3U);
-    EXPECT_GE(intake.bank.prompts.size(), 14U);
+    EXPECT_GE(intake.bank.prompts.size(), 24U);
 }
 
 } // namespace
