@@ -49,6 +49,11 @@ struct Command
     }
 };
 
+std::string counted(std::size_t number, const char* what)
+{
+    return std::to_string(number) + ' ' + what + (number == 1 ? "" : "s");
+}
+
 void create(Command& command)
 {
     Intake intake(Texts::Reviewed, {}, command.progress);
@@ -140,8 +145,8 @@ void importSource(Command& command)
     const std::size_t prompts = importQuestions(store, intake, command.import, command.progress);
     command.progress.clear();
     command.out << command.file << (command.import.dryRun ? " would take" : " has taken") << " in "
-                << intake.bank.questions.size() << " questions"
-                << (prompts > 0 ? " and " + std::to_string(prompts) + " prompts" : "")
+                << counted(intake.bank.questions.size(), "question")
+                << (prompts > 0 ? " and " + counted(prompts, "prompt") : "")
                 << (command.import.replace ? " in place of those it had" : "") << ".\n";
 }
 
@@ -156,7 +161,7 @@ void exportBank(Command& command)
     }
     const Exported written = exportQuestions(std::move(questions), command.other, format);
     command.tell(written.warnings, command.err);
-    command.out << written.questions << " questions were written to " << command.other << ".\n";
+    command.out << counted(written.questions, "question") << " went into " << command.other << ".\n";
 }
 
 void stats(Command& command)

@@ -1,6 +1,13 @@
 #include "bank/failure.h"
 
+#include <algorithm>
+
 namespace bank {
+namespace {
+
+constexpr qsizetype mostTold = 50; ///< a wrong file is wrong in every line
+
+} // namespace
 
 void Complaints::add(const Place& place, const QString& reason)
 {
@@ -14,9 +21,14 @@ void Complaints::warn(const Place& place, const QString& reason)
 
 void Complaints::throwIfAny() const
 {
-    if (!lines_.empty()) {
-        throw Failure(lines_.join(u'\n'));
+    if (lines_.empty()) {
+        return;
     }
+    QStringList told = lines_.first(std::min(lines_.size(), mostTold));
+    if (told.size() < lines_.size()) {
+        told << QStringLiteral("... and %1 more faults").arg(lines_.size() - told.size());
+    }
+    throw Failure(told.join(u'\n'));
 }
 
 } // namespace bank
