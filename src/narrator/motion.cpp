@@ -156,14 +156,21 @@ std::vector<QTransform> boneTransforms(const Rig& rig, const Pose& pose)
 
 std::vector<int> visibleDraws(const Rig& rig, const Pose& pose)
 {
+    std::vector<bool> flat;
+    flat.reserve(rig.bones.size());
+    for (std::size_t i = 0; i < rig.bones.size(); ++i) {
+        const int parent = rig.bones[i].parent;
+        const double width = pose.bones[i][static_cast<std::size_t>(Channel::ScaleX)];
+        const double height = pose.bones[i][static_cast<std::size_t>(Channel::ScaleY)];
+        flat.push_back(std::abs(width) < vanishing || std::abs(height) < vanishing ||
+                       (parent >= 0 && flat[static_cast<std::size_t>(parent)]));
+    }
     std::vector<int> shown;
     for (std::size_t i = 0; i < rig.draws.size(); ++i) {
         const Draw& draw = rig.draws[i];
         const bool held =
             draw.slot < 0 || pose.slots[static_cast<std::size_t>(draw.slot)] == static_cast<int>(i);
-        const bool flat = std::abs(channel(pose, draw.bone, Channel::ScaleX)) < vanishing ||
-                          std::abs(channel(pose, draw.bone, Channel::ScaleY)) < vanishing;
-        if (held && !flat) {
+        if (held && !flat[static_cast<std::size_t>(draw.bone)]) {
             shown.push_back(static_cast<int>(i));
         }
     }

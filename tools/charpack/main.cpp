@@ -45,12 +45,33 @@ narrator::Figure load(const std::string& path)
     return {narrator::readCharacterFile(name), name};
 }
 
-void draw(const std::string& path, const std::string& output, int poses)
+void save(const QImage& image, const std::string& path)
 {
-    narrator::Figure figure = load(path);
-    if (!drawSheet(figure, poses).save(QString::fromStdString(output))) {
-        throw std::runtime_error(output + ": the picture cannot be written");
+    if (!image.save(QString::fromStdString(path))) {
+        throw std::runtime_error(path + ": the picture cannot be written");
     }
+}
+
+struct DrawOptions
+{
+    std::string character;
+    std::string output;
+    std::string gesture; ///< empty for all
+    int poses = 6;
+    double zoom = 1;
+};
+
+void draw(const DrawOptions& options)
+{
+    narrator::Figure figure = load(options.character);
+    if (options.gesture.empty()) {
+        return save(drawSheet(figure, options.poses, options.zoom), options.output);
+    }
+    const narrator::Gesture* gesture = figure.rig().gesture(QString::fromStdString(options.gesture));
+    if (!gesture) {
+        throw std::runtime_error("there is no gesture " + options.gesture);
+    }
+    save(drawGesture(figure, *gesture, options.poses, options.zoom), options.output);
 }
 
 /// Returns the exit code of the command.
@@ -61,7 +82,7 @@ int run(int argc, char** argv)
     std::vector<std::string> sources;
     std::string output;
     std::string character;
-    int poses = 5;
+    DrawOptions drawing;
 
     CLI::App* joinCommand =
         app.add_subcommand("join", "Join a drawing, a rig and gestures into a character file");
@@ -71,10 +92,12 @@ int run(int argc, char** argv)
         ->expected(3, 100);
     CLI::App* checkCommand = app.add_subcommand("check", "Check a character file and name its first defect");
     checkCommand->add_option("character", character)->required();
-    CLI::App* drawCommand = app.add_subcommand("draw", "Draw a sheet of all gestures");
-    drawCommand->add_option("character", character)->required();
-    drawCommand->add_option("--output", output, "The picture, a PNG file")->required();
-    drawCommand->add_option("--poses", poses, "Poses of each gesture")->check(CLI::Range(1, 20));
+    CLI::App* drawCommand = app.add_subcommand("draw", "Draw the poses of a gesture, or of all");
+    drawCommand->add_option("character", drawing.character)->required();
+    drawCommand->add_option("--output", drawing.output, "The picture, a PNG file")->required();
+    drawCommand->add_option("--gesture", drawing.gesture, "Draw this one only");
+    drawCommand->add_option("--poses", drawing.poses, "Poses of each gesture")->check(CLI::Range(1, 20));
+    drawCommand->add_option("--zoom", drawing.zoom, "Times the size on screen")->check(CLI::Range(0.25, 4.0));
     CLI11_PARSE(app, argc, argv);
 
     if (*joinCommand) {
@@ -82,7 +105,7 @@ int run(int argc, char** argv)
     } else if (*checkCommand) {
         load(character);
     } else {
-        draw(character, output, poses);
+        draw(drawing);
     }
     return 0;
 }
