@@ -1,4 +1,5 @@
 #include "join.h"
+#include "palette.h"
 #include "sheet.h"
 
 #include "narrator/character.h"
@@ -6,6 +7,7 @@
 #include "narrator/figure.h"
 
 #include <CLI/CLI.hpp>
+#include <QDir>
 #include <QFile>
 #include <QSaveFile>
 
@@ -74,6 +76,27 @@ void draw(const DrawOptions& options)
     save(drawGesture(figure, *gesture, options.poses, options.zoom), options.output);
 }
 
+/// One picture for every gesture, one of the mouth shapes and one of everything, for the documents.
+void drawSheets(const std::string& path, const std::string& output)
+{
+    narrator::Figure figure = load(path);
+    const QDir folder(QString::fromStdString(output));
+    if (!folder.mkpath(QStringLiteral("."))) {
+        throw std::runtime_error(output + ": the folder cannot be made");
+    }
+    const auto keep = [&](const QImage& image, const QString& name) {
+        save(inFewColours(image), folder.filePath(name + QStringLiteral(".png")).toStdString());
+    };
+    keep(drawOverview(figure, 6, 0.75), QStringLiteral("overview"));
+    keep(drawMouths(figure), QStringLiteral("mouths"));
+    int number = 0;
+    for (const narrator::Gesture& gesture : figure.rig().gestures) {
+        // The number tells names apart where the case of letters does not count.
+        const QString place = QStringLiteral("%1-").arg(++number, 2, 10, QLatin1Char('0'));
+        keep(drawGesture(figure, gesture, 7, 0.8), place + gesture.name);
+    }
+}
+
 /// Returns the exit code of the command.
 int run(int argc, char** argv)
 {
@@ -98,12 +121,18 @@ int run(int argc, char** argv)
     drawCommand->add_option("--gesture", drawing.gesture, "Draw this one only");
     drawCommand->add_option("--poses", drawing.poses, "Poses of each gesture")->check(CLI::Range(1, 20));
     drawCommand->add_option("--zoom", drawing.zoom, "Times the size on screen")->check(CLI::Range(0.25, 4.0));
+    CLI::App* sheetsCommand =
+        app.add_subcommand("sheets", "Draw each gesture, the mouth shapes and an overview, a picture each");
+    sheetsCommand->add_option("character", character)->required();
+    sheetsCommand->add_option("--output", output, "The folder of the pictures")->required();
     CLI11_PARSE(app, argc, argv);
 
     if (*joinCommand) {
         join(sources, output);
     } else if (*checkCommand) {
         load(character);
+    } else if (*sheetsCommand) {
+        drawSheets(character, output);
     } else {
         draw(drawing);
     }

@@ -65,6 +65,42 @@ QImage drawGesture(narrator::Figure& figure, const narrator::Gesture& gesture, i
     return sheet.image();
 }
 
+QImage drawMouths(narrator::Figure& figure)
+{
+    constexpr double zoom = 2;
+    constexpr int columns = 3;
+    const narrator::Rig& rig = figure.rig();
+    const QSize face(rig.size.toSize().width() * 3 / 5, rig.size.toSize().height() / 2);
+    const QSize cell = face * zoom;
+    const int rows = (static_cast<int>(narrator::mouthShapeCount) + columns - 1) / columns;
+    QImage sheet(cell.width() * columns, cell.height() * rows, QImage::Format_ARGB32_Premultiplied);
+    sheet.fill(background);
+    for (int i = 0; i < static_cast<int>(narrator::mouthShapeCount); ++i) {
+        narrator::Pose pose = rig.rest;
+        narrator::shapeMouth(rig, pose, static_cast<narrator::MouthShape>(i));
+        QPainter painter(&sheet);
+        painter.setClipRect(QRect(QPoint(i % columns * cell.width(), i / columns * cell.height()), cell));
+        painter.translate(painter.clipBoundingRect().topLeft());
+        painter.scale(zoom, zoom);
+        painter.translate((face.width() - rig.size.width()) / 2, 0);
+        figure.paint(painter, pose, zoom);
+    }
+    return sheet;
+}
+
+QImage drawOverview(narrator::Figure& figure, int columns, double zoom)
+{
+    const narrator::Rig& rig = figure.rig();
+    const int count = static_cast<int>(rig.gestures.size());
+    Sheet sheet(rig, columns, (count + columns - 1) / columns, zoom);
+    for (int i = 0; i < count; ++i) {
+        const narrator::Gesture& gesture = rig.gestures[static_cast<std::size_t>(i)];
+        const narrator::Pose pose = narrator::poseAt(rig, {&gesture, rig.rest}, gesture.lengthMs / 2);
+        sheet.paint(figure, pose, i % columns, i / columns);
+    }
+    return sheet.image();
+}
+
 QImage drawSheet(narrator::Figure& figure, int poses, double zoom)
 {
     const std::vector<narrator::Gesture>& gestures = figure.rig().gestures;

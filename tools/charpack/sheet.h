@@ -9,5 +9,11 @@
 [[nodiscard]] QImage drawGesture(narrator::Figure& figure, const narrator::Gesture& gesture, int poses,
                                  double zoom);
 
+/// Every mouth shape, large, with the rest of the face around it.
+[[nodiscard]] QImage drawMouths(narrator::Figure& figure);
+
+/// The middle of every gesture, `columns` in a row.
+[[nodiscard]] QImage drawOverview(narrator::Figure& figure, int columns, double zoom);
+
 /// Every gesture of a character, a row of `poses` each.
 [[nodiscard]] QImage drawSheet(narrator::Figure& figure, int poses, double zoom);
