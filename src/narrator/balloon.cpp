@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace narrator {
 
@@ -65,6 +66,17 @@ bool Balloon::say(const QString& text, double read)
     show();
     update();
     return true;
+}
+
+void Balloon::setRoom(const QRect& room, int letterPixels)
+{
+    room_ = room;
+    QFont letters = font();
+    letters.setPixelSize(letterPixels);
+    setFont(letters);
+    layout_.setFont(letters);
+    const QString given = std::exchange(given_, {});
+    say(given, static_cast<double>(pageStart_) / static_cast<double>(std::max<qsizetype>(1, text().size())));
 }
 
 QPainterPath Balloon::outline() const

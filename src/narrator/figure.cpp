@@ -74,7 +74,7 @@ void Figure::rasterise(double density)
 
 void Figure::paint(QPainter& painter, const Pose& pose, double ratio)
 {
-    const double density = std::max(leastDensity, ratio);
+    const double density = std::max(leastDensity * std::min(ratio, 1.0), ratio);
     if (density != density_) {
         rasterise(density);
     }

@@ -84,6 +84,7 @@ private:
             return;
         }
         const auto now = clock_.now();
+        player_.see(stage_->sights());
         stage_->present(player_.frame(now));
         if (now >= nextLook_) {
             stage_->lookAround();

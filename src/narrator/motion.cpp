@@ -129,6 +129,14 @@ void closeLids(const Rig& rig, Pose& pose, double closed)
     }
 }
 
+void addLook(const Rig& rig, Pose& pose, const QPointF& sight)
+{
+    for (const Look& look : rig.looks) {
+        channel(pose, look.bone, Channel::X) += look.reach.x() * sight.x();
+        channel(pose, look.bone, Channel::Y) += look.reach.y() * sight.y();
+    }
+}
+
 void shapeMouth(const Rig& rig, Pose& pose, MouthShape shape)
 {
     if (shape != MouthShape::Rest) {

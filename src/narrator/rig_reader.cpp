@@ -151,6 +151,8 @@ void RigReader::start(const QString& name, const QXmlStreamAttributes& attribute
         idle({attributes, {u"bone"_s, u"ch"_s, u"amp"_s, u"ms"_s}, {u"phase"_s}});
     } else if (name == u"blink") {
         blink({attributes, {u"bone"_s, u"ch"_s, u"value"_s}, {}});
+    } else if (name == u"look") {
+        look({attributes, {u"bone"_s, u"x"_s, u"y"_s}, {}});
     } else if (name == u"mouth") {
         mouth({attributes, {u"shape"_s, u"part"_s}, {}});
     } else if (name == u"track") {
@@ -275,6 +277,15 @@ void RigReader::blink(const Fields& fields)
         throw Defect{u"there are more than %1 lids"_s.arg(maxBones)};
     }
     rig_.lids.push_back({bone, channel, fields.number(u"value"_s)});
+}
+
+void RigReader::look(const Fields& fields)
+{
+    if (rig_.looks.size() == maxBones) {
+        throw Defect{u"there are more than %1 looks"_s.arg(maxBones)};
+    }
+    rig_.looks.push_back(
+        {boneNamed(fields.text(u"bone"_s)), QPointF(fields.number(u"x"_s), fields.number(u"y"_s))});
 }
 
 void RigReader::mouth(const Fields& fields)

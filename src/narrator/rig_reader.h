@@ -32,6 +32,7 @@ private:
     void rest(const Fields& fields);
     void idle(const Fields& fields);
     void blink(const Fields& fields);
+    void look(const Fields& fields);
     void mouth(const Fields& fields);
     void gesture(const Fields& fields);
     void track(const Fields& fields);

@@ -4,59 +4,37 @@
 #include "narrator/clicks.h"
 #include "narrator/compositor.h"
 #include "narrator/placement.h"
+#include "narrator/silhouette.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 
-#include <utility>
+#include <algorithm>
 
 namespace narrator {
 
 namespace {
 
 constexpr int sideMargin = 50; ///< for spread arms and for the balloon, which is wider than the figure
-constexpr int reach = 22;      ///< how far an arm gets out of the figure's own width
-constexpr int headroom = 6;    ///< between balloon and figure
+constexpr int headroom = 12;   ///< for leaps
 constexpr int footroom = 8;    ///< for the smoke below
 constexpr int balloonHeight = 164;
-constexpr int leastAlpha = 128; ///< without a compositor, what is fainter than this is not shown
+constexpr int letterPixels = 15; ///< in the balloon
+constexpr int leastLetterPixels = 11;
+constexpr double eyeLevel = 0.29; ///< as a share of the figure's height
+constexpr double farAside = 250;  ///< from here on the eyes turn no further, in logical pixels
 
 constexpr Qt::WindowFlags hostWindowFlags =
     Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint;
 
-QSize stageSize(const Rig& rig)
+/// Of the figure with the room it needs around it, at full size.
+QSize figureArea(const Rig& rig)
 {
     const QSize figure = rig.size.toSize();
-    return {figure.width() + 2 * sideMargin, balloonHeight + headroom + figure.height() + footroom};
-}
-
-/// The pixels of `image` that are not faint, in its logical coordinates.
-QRegion opaqueRegion(const QImage& image)
-{
-    const double ratio = image.devicePixelRatio();
-    const QSize size = image.deviceIndependentSize().toSize();
-    const auto column = [&](int x) {
-        return std::min(static_cast<int>((x + 0.5) * ratio), image.width() - 1);
-    };
-    QList<QRect> runs;
-    for (int y = 0; y < size.height(); ++y) {
-        const int row = std::min(static_cast<int>((y + 0.5) * ratio), image.height() - 1);
-        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(row));
-        for (int x = 0; x < size.width(); ++x) {
-            const int start = x;
-            while (x < size.width() && qAlpha(line[column(x)]) >= leastAlpha) {
-                ++x;
-            }
-            if (x > start) {
-                runs.append(QRect(start, y, x - start, 1));
-            }
-        }
-    }
-    QRegion region;
-    region.setRects(runs.constData(), static_cast<int>(runs.size()));
-    return region;
+    return {figure.width() + 2 * sideMargin, headroom + figure.height() + footroom};
 }
 
 } // namespace
@@ -76,9 +54,8 @@ Stage::Stage(QWidget& form, Figure& figure)
     } else {
         setAttribute(Qt::WA_TranslucentBackground);
     }
-    const QSize size = stageSize(figure.rig());
-    setFixedSize(size);
-    balloon_ = new Balloon(QRect(2, 2, size.width() - 4, balloonHeight - 2), this);
+    balloon_ = new Balloon({}, this);
+    resizeTo(1);
     form.installEventFilter(this);
     hide();
 }
@@ -105,17 +82,29 @@ void Stage::present(const Frame& frame)
         drawFigure();
         update(QRect(0, balloonHeight, width(), height() - balloonHeight));
     }
-    if (balloon_->say(frame.said, frame.read) || (moved && !composited_)) {
+    if (balloon_->say(frame.said, frame.read) || moved) {
         updateShape();
     }
+}
+
+Sights Stage::sights() const
+{
+    const double level = balloonHeight + (height() - balloonHeight) * eyeLevel;
+    const QPointF eyes = mapToGlobal(QPointF(width() / 2.0, level));
+    const auto towards = [&](const QPointF& place) {
+        const QPointF way = (place - eyes) / farAside;
+        return QPointF(std::clamp(way.x(), -1.0, 1.0), std::clamp(way.y(), -1.0, 1.0));
+    };
+    return {towards(form_.mapToGlobal(QPointF(form_.width() / 2.0, form_.height() / 4.0))),
+            towards(QCursor::pos())};
 }
 
 void Stage::lookAround()
 {
     const bool composited = embedded() || compositorRuns();
-    if (std::exchange(composited_, composited) != composited) {
-        updateShape();
-    }
+    composited_ = composited;
+    figureShape_ = {};
+    updateShape();
     follow();
 }
 
@@ -173,7 +162,7 @@ void Stage::mouseMoveEvent(QMouseEvent* event)
     if (!dragged_) {
         return;
     }
-    offset_ = pos() + way - form_.frameGeometry().bottomRight();
+    offset_ = geometry().bottomLeft() + way - form_.frameGeometry().bottomRight();
     follow();
 }
 
@@ -191,7 +180,6 @@ void Stage::showWithForm()
     const bool wanted = entered_ && (embedded() || (form_.isVisible() && !form_.isMinimized()));
     if (wanted && !isVisible()) {
         lookAround();
-        updateShape();
         show();
         raise();
         // Some window managers put a window that appears late above an open message box.
@@ -205,17 +193,38 @@ void Stage::showWithForm()
 
 void Stage::follow()
 {
+    if (!figure_) {
+        return;
+    }
     if (embedded()) {
         move(form_.width() - width(), form_.height() - height());
         return;
     }
     const QRect available = form_.screen()->availableGeometry();
     const QRect frame = form_.frameGeometry();
-    const QPoint place = offset_ ? keptOnScreen(frame.bottomRight() + *offset_, size(), available)
-                                 : besideForm(frame, size(), available);
+    resizeTo(scaleBeside(frame, figureArea(figure_->rig()).width(), available));
+    const QPoint place =
+        offset_ ? keptOnScreen(frame.bottomRight() + *offset_ - QPoint(0, height() - 1), size(), available)
+                : besideForm(frame, size(), available);
     if (place != pos()) {
         move(place);
     }
+}
+
+void Stage::resizeTo(double scale)
+{
+    if (scale == scale_) {
+        return;
+    }
+    scale_ = scale;
+    const QSize area = figureArea(figure_->rig()) * scale;
+    setFixedSize(area.width(), balloonHeight + area.height());
+    balloon_->setRoom(QRect(2, 2, width() - 4, balloonHeight - 2),
+                      std::max(leastLetterPixels, static_cast<int>(letterPixels * scale)));
+    figureShape_ = {};
+    drawFigure();
+    updateShape();
+    update();
 }
 
 void Stage::drawFigure()
@@ -232,13 +241,14 @@ void Stage::drawFigure()
     }
     image_.fill(Qt::transparent);
     QPainter painter(&image_);
+    painter.scale(scale_, scale_);
     painter.translate(sideMargin, headroom);
-    figure_->paint(painter, *pose_, ratio);
+    figure_->paint(painter, *pose_, ratio * scale_);
 }
 
 void Stage::updateShape()
 {
-    if (embedded()) {
+    if (embedded() || image_.isNull()) {
         return;
     }
     QRegion shape = figureShape();
@@ -254,13 +264,16 @@ void Stage::updateShape()
     }
 }
 
-QRegion Stage::figureShape() const
+QRegion Stage::figureShape()
 {
-    if (!composited_ && !image_.isNull()) {
-        return opaqueRegion(image_).translated(0, balloonHeight);
+    if (!composited_) {
+        return exactSilhouette(image_).translated(0, balloonHeight);
     }
-    const int left = sideMargin - reach;
-    return {left, balloonHeight, width() - 2 * left, height() - balloonHeight};
+    const QRegion seen = roughSilhouette(image_).translated(0, balloonHeight);
+    if (!(seen - figureShape_).isEmpty()) {
+        figureShape_ = withRim(seen);
+    }
+    return figureShape_;
 }
 
 } // namespace narrator
