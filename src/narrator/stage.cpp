@@ -23,7 +23,7 @@ constexpr int headroom = 12;   ///< for leaps
 constexpr int footroom = 8;    ///< for the smoke below
 constexpr int balloonHeight = 164;
 constexpr int letterPixels = 15; ///< in the balloon
-constexpr int leastLetterPixels = 11;
+constexpr int leastLetterPixels = 12;
 constexpr double eyeLevel = 0.29; ///< as a share of the figure's height
 constexpr double farAside = 250;  ///< from here on the eyes turn no further, in logical pixels
 
@@ -180,6 +180,8 @@ void Stage::showWithForm()
     const bool wanted = entered_ && (embedded() || (form_.isVisible() && !form_.isMinimized()));
     if (wanted && !isVisible()) {
         lookAround();
+        // A window manager that minimised the host along with the form would minimise both again.
+        setWindowState(Qt::WindowNoState);
         show();
         raise();
         // Some window managers put a window that appears late above an open message box.
