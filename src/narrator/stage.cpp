@@ -148,7 +148,8 @@ void Stage::paintEvent(QPaintEvent*)
 
 void Stage::mousePressEvent(QMouseEvent* event)
 {
-    pressed_ = event->position().toPoint();
+    pressed_ = event->globalPosition().toPoint();
+    grabbed_ = geometry().bottomLeft();
     dragged_ = false;
 }
 
@@ -157,12 +158,13 @@ void Stage::mouseMoveEvent(QMouseEvent* event)
     if (!pressed_ || !(event->buttons() & Qt::LeftButton)) {
         return;
     }
-    const QPoint way = event->position().toPoint() - *pressed_;
+    // Where the pointer is on the stage says little: the stage has moved since the event was sent.
+    const QPoint way = event->globalPosition().toPoint() - *pressed_;
     dragged_ = dragged_ || way.manhattanLength() >= QApplication::startDragDistance();
     if (!dragged_) {
         return;
     }
-    offset_ = geometry().bottomLeft() + way - form_.frameGeometry().bottomRight();
+    offset_ = grabbed_ + way - form_.frameGeometry().bottomRight();
     follow();
 }
 

@@ -73,7 +73,8 @@ private:
     QRegion figureShape_; ///< with some room around the figure
     /// From the form's right lower corner to the stage's left one, once the user has moved the host.
     std::optional<QPoint> offset_;
-    std::optional<QPoint> pressed_; ///< where the mouse went down, relative to the stage
+    std::optional<QPoint> pressed_; ///< where on the screen the mouse went down
+    QPoint grabbed_;                ///< where the left lower corner was then
     bool dragged_ = false;
 };
 
