@@ -20,6 +20,7 @@ void perform(narrator::Figure& figure)
         pose = narrator::poseAt(rig, {&rig.gestures[i], pose}, rig.gestures[i].lengthMs / 2);
         narrator::addSines(rig, pose, 700);
         narrator::closeLids(rig, pose, 0.5);
+        narrator::addLook(rig, pose, {1, -1});
         narrator::shapeMouth(rig, pose, narrator::MouthShape::A);
         figure.paint(painter, pose, 1);
     }

@@ -77,15 +77,6 @@ bool isDigit(QChar c)
     return c >= u'0' && c <= u'9';
 }
 
-bool isWord(QStringView text)
-{
-    const auto fits = [](QChar c) {
-        return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || isDigit(c) || c == u'-' || c == u'.' ||
-               c == u'_';
-    };
-    return !text.isEmpty() && text.size() <= 64 && std::ranges::all_of(text, fits);
-}
-
 bool isColour(QStringView text)
 {
     const auto isHex = [](QChar c) {
@@ -142,6 +133,15 @@ bool isTransform(QStringView text)
 }
 
 } // namespace
+
+bool isWord(QStringView text)
+{
+    const auto fits = [](QChar c) {
+        return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || isDigit(c) || c == u'-' || c == u'.' ||
+               c == u'_';
+    };
+    return !text.isEmpty() && text.size() <= 64 && std::ranges::all_of(text, fits);
+}
 
 std::optional<double> plainNumber(QStringView text, double limit)
 {

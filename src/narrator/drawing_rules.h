@@ -18,6 +18,9 @@ struct Defect
     qint64 line = 0; ///< 0: the line being read
 };
 
+/// At most 64 Latin letters, digits, hyphens, dots and underscores.
+[[nodiscard]] bool isWord(QStringView text);
+
 /// A finite plain number within +-`limit`, or none.
 [[nodiscard]] std::optional<double> plainNumber(QStringView text, double limit = 10'000);
 

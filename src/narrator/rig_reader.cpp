@@ -306,6 +306,9 @@ void RigReader::gesture(const Fields& fields)
     const QString name = fields.text(u"name"_s);
     const bool alias = fields.has(u"same"_s);
     inside_ = alias ? Inside::Alias : Inside::Gesture;
+    if (!isWord(name)) {
+        throw Defect{u"\"%1\" is no name for a gesture"_s.arg(name.left(40))};
+    }
     if (rig_.gestureOfName.contains(name)) {
         throw Defect{u"the gesture \"%1\" is there twice"_s.arg(name.left(40))};
     }

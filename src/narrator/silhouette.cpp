@@ -3,8 +3,7 @@
 #include <QList>
 
 #include <algorithm>
-#include <cstddef>
-#include <vector>
+#include <cmath>
 
 namespace narrator {
 
@@ -60,22 +59,26 @@ QRegion exactSilhouette(const QImage& image)
 QRegion roughSilhouette(const QImage& image)
 {
     const double unit = square * image.devicePixelRatio();
-    const auto places = [unit](int pixels) { return static_cast<int>((pixels + unit - 1) / unit); };
-    std::vector<bool> filled;
+    const auto places = [unit](int pixels) { return static_cast<int>(std::ceil(pixels / unit)); };
+    const auto edge = [unit](int place, int pixels) {
+        return std::min(static_cast<int>(place * unit), pixels);
+    };
+    const int width = image.width();
+    const int height = image.height();
     QList<QRect> runs;
-    for (int row = 0; row < places(image.height()); ++row) {
-        filled.assign(static_cast<std::size_t>(places(image.width())), false);
-        const int end = std::min(static_cast<int>((row + 1) * unit), image.height());
-        for (int y = static_cast<int>(row * unit); y < end; ++y) {
-            const QRgb* line = lineOf(image, y);
-            for (int x = 0; x < image.width(); ++x) {
-                if (line[x] != 0) {
-                    filled[static_cast<std::size_t>(x / unit)] = true;
+    for (int row = 0; row < places(height); ++row) {
+        const int bottom = edge(row + 1, height);
+        addRuns(runs, row, places(width), square, [&](int column) {
+            const int left = edge(column, width);
+            const int right = edge(column + 1, width);
+            for (int y = edge(row, height); y < bottom; ++y) {
+                const QRgb* line = lineOf(image, y);
+                if (std::any_of(line + left, line + right, [](QRgb pixel) { return pixel != 0; })) {
+                    return true;
                 }
             }
-        }
-        addRuns(runs, row, static_cast<int>(filled.size()), square,
-                [&](int column) { return filled[static_cast<std::size_t>(column)]; });
+            return false;
+        });
     }
     return regionOf(runs);
 }
