@@ -35,9 +35,13 @@ Figure::Figure(CharacterFile file, const QString& name)
     const QRectF reach = box.adjusted(-box.width() / 2, -box.height() / 2, box.width() / 2, box.height() / 2);
     double sum = 0;
     for (const Draw& draw : rig().draws) {
-        const QRectF bounds = svg_->boundsOnElement(draw.part) & reach;
-        bounds_.push_back(bounds);
-        sum += bounds.width() * bounds.height() * std::pow(scale() * leastDensity, 2);
+        auto part = std::ranges::find(parts_, draw.part, &Part::id);
+        if (part == parts_.end()) {
+            const QRectF whole = svg_->boundsOnElement(draw.part);
+            part = parts_.insert(part, {whole, whole & reach, draw.part, {}});
+        }
+        partOfDraw_.push_back(static_cast<std::size_t>(part - parts_.begin()));
+        sum += part->bounds.width() * part->bounds.height() * std::pow(scale() * leastDensity, 2);
     }
     if (!std::isfinite(sum) || sum > maxPixels) {
         throw LoadFailure((name + QStringLiteral(": the parts of the drawing are too large")).toStdString());
@@ -54,21 +58,18 @@ double Figure::scale() const
 void Figure::rasterise(double density)
 {
     density_ = density;
-    images_.clear();
     const double factor = scale() * density;
-    for (std::size_t i = 0; i < bounds_.size(); ++i) {
-        const QRect area = pixels(bounds_[i], factor);
-        QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
-        if (!image.isNull()) {
-            image.fill(Qt::transparent);
-            QPainter painter(&image);
+    for (Part& part : parts_) {
+        const QRect area = pixels(part.bounds, factor);
+        part.image = QImage(area.size(), QImage::Format_ARGB32_Premultiplied);
+        if (!part.image.isNull()) {
+            part.image.fill(Qt::transparent);
+            QPainter painter(&part.image);
             painter.setRenderHint(QPainter::Antialiasing);
             painter.translate(-area.topLeft());
             painter.scale(factor, factor);
-            const QString& part = rig().draws[i].part;
-            svg_->render(&painter, part, svg_->boundsOnElement(part));
+            svg_->render(&painter, part.id, part.whole);
         }
-        images_.push_back(image);
     }
 }
 
@@ -87,9 +88,10 @@ void Figure::paint(QPainter& painter, const Pose& pose, double ratio)
     const std::vector<QTransform> bones = boneTransforms(rig(), pose);
     for (const int index : visibleDraws(rig(), pose)) {
         const auto i = static_cast<std::size_t>(index);
+        const Part& part = parts_[partOfDraw_[i]];
         painter.setWorldTransform(bones[static_cast<std::size_t>(rig().draws[i].bone)] * base);
-        const QRect area = pixels(bounds_[i], factor);
-        painter.drawImage(QRectF(QPointF(area.topLeft()) / factor, QSizeF(area.size()) / factor), images_[i]);
+        const QRect area = pixels(part.bounds, factor);
+        painter.drawImage(QRectF(QPointF(area.topLeft()) / factor, QSizeF(area.size()) / factor), part.image);
     }
     painter.restore();
 }
