@@ -15,7 +15,8 @@ namespace {
 
 // Turned images stay sharp only if they have more pixels than the screen.
 constexpr double leastDensity = 2;
-constexpr double maxPixels = 8'000'000; ///< of all parts together, at the least density
+constexpr double maxDensity = 4;
+constexpr double maxPixels = 2'500'000; ///< of all parts together, at the least density
 
 QRect pixels(const QRectF& bounds, double factor)
 {
@@ -41,6 +42,7 @@ Figure::Figure(CharacterFile file, const QString& name)
             part = parts_.insert(part, {whole, whole & reach, draw.part, {}});
         }
         partOfDraw_.push_back(static_cast<std::size_t>(part - parts_.begin()));
+        // Every draw is painted in each frame, whether it shares its part or not.
         sum += part->bounds.width() * part->bounds.height() * std::pow(scale() * leastDensity, 2);
     }
     if (!std::isfinite(sum) || sum > maxPixels) {
@@ -75,7 +77,7 @@ void Figure::rasterise(double density)
 
 void Figure::paint(QPainter& painter, const Pose& pose, double ratio)
 {
-    const double density = std::max(leastDensity * std::min(ratio, 1.0), ratio);
+    const double density = std::clamp(ratio, leastDensity * std::min(ratio, 1.0), maxDensity);
     if (density != density_) {
         rasterise(density);
     }

@@ -17,7 +17,8 @@ constexpr std::size_t maxDraws = 200;
 constexpr std::size_t maxGestures = 100;
 constexpr std::size_t maxTracks = 200;
 constexpr std::size_t maxSines = 64;
-constexpr qsizetype maxKeys = 64;
+constexpr qsizetype maxKeys = 64; ///< of a track
+constexpr qsizetype maxAllKeys = 20'000;
 constexpr double minGestureMs = 50;
 constexpr double maxGestureMs = 30'000;
 
@@ -379,14 +380,20 @@ int RigReader::drawInSlot(int slot, const QString& part) const
     throw Defect{u"\"%1\" is not drawn in this slot"_s.arg(part.left(40))};
 }
 
-std::vector<Key> RigReader::keys(const QString& text) const
+QStringList RigReader::keyTexts(const QString& text)
 {
     const QStringList entries = text.split(u';');
-    if (entries.size() > maxKeys) {
-        throw Defect{u"there are more than %1 keys"_s.arg(maxKeys)};
+    keys_ += entries.size();
+    if (entries.size() > maxKeys || keys_ > maxAllKeys) {
+        throw Defect{u"there are more than %1 keys, or %2 in all"_s.arg(maxKeys).arg(maxAllKeys)};
     }
+    return entries;
+}
+
+std::vector<Key> RigReader::keys(const QString& text)
+{
     std::vector<Key> keys;
-    for (const QString& entry : entries) {
+    for (const QString& entry : keyTexts(text)) {
         const QStringList words = entry.simplified().split(u' ');
         if (words.size() < 2 || words.size() > 3) {
             throw Defect{u"\"%1\" is no key"_s.arg(entry.left(40))};
@@ -403,14 +410,10 @@ std::vector<Key> RigReader::keys(const QString& text) const
     return keys;
 }
 
-std::vector<Step> RigReader::steps(const Steps& track, const QString& text) const
+std::vector<Step> RigReader::steps(const Steps& track, const QString& text)
 {
-    const QStringList entries = text.split(u';');
-    if (entries.size() > maxKeys) {
-        throw Defect{u"there are more than %1 keys"_s.arg(maxKeys)};
-    }
     std::vector<Step> steps;
-    for (const QString& entry : entries) {
+    for (const QString& entry : keyTexts(text)) {
         const QStringList words = entry.simplified().split(u' ');
         if (words.size() != 2) {
             throw Defect{u"\"%1\" is no key"_s.arg(entry.left(40))};
