@@ -57,7 +57,8 @@ double eased(Ease ease, double t)
         return t < 0.5 ? 4 * t * t * t : 1 - 4 * left * left * left;
     case Ease::Back: {
         constexpr double overshoot = 1.7;
-        return 1 - left * left * ((overshoot + 1) * left - overshoot);
+        const double ahead = 1 - t * t * (3 - 2 * t); // a soft start, for a limb with weight
+        return 1 - ahead * ahead * ((overshoot + 1) * ahead - overshoot);
     }
     case Ease::Hold:
         return t < 1 ? 0 : 1;

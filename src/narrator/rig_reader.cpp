@@ -382,7 +382,7 @@ int RigReader::drawInSlot(int slot, const QString& part) const
 
 QStringList RigReader::keyTexts(const QString& text)
 {
-    const QStringList entries = text.split(u';');
+    QStringList entries = text.split(u';');
     keys_ += entries.size();
     if (entries.size() > maxKeys || keys_ > maxAllKeys) {
         throw Defect{u"there are more than %1 keys, or %2 in all"_s.arg(maxKeys).arg(maxAllKeys)};

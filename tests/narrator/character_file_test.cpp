@@ -168,6 +168,6 @@ TEST(Genie, moves_in_another_way_for_every_name_and_waves_beside_the_head)
     };
     const QRect besideHead(155, 20, 44, 70);
     EXPECT_EQ(meanAlpha(rig.rest, besideHead), 0);
-    EXPECT_GT(meanAlpha(poseAt(rig, {rig.gesture(QStringLiteral("Greet")), rig.rest}, 320), besideHead), 25);
+    EXPECT_GT(meanAlpha(poseAt(rig, {rig.gesture(QStringLiteral("Greet")), rig.rest}, 560), besideHead), 25);
     EXPECT_GT(meanAlpha(rig.rest, QRect(80, 110, 40, 40)), 240);
 }

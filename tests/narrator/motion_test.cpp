@@ -22,7 +22,7 @@ TEST(Track, is_evaluated_at_between_and_beyond_its_keys)
         {100, 10, Ease::Linear}, {200, 20, Ease::Hold}, {300, {}, Ease::InOut}, {400, 50, Ease::Back}};
     const std::pair<double, double> table[]{
         {-5, 4},   {0, 4},     {50, 7},   {100, 10}, {150, 10},
-        {199, 10}, {200, 20},  {250, 10}, {300, 0},  {360, 50 * (1 - 0.16 * (2.7 * 0.4 - 1.7))},
+        {199, 10}, {200, 20},  {250, 10}, {300, 0},  {350, 50 * (1 - 0.25 * (2.7 * 0.5 - 1.7))},
         {400, 50}, {9000, 50},
     };
     for (const auto& [time, value] : table) {
