@@ -74,7 +74,9 @@ QRgb mean(const Box& box)
         }
         pixels += shade.pixels;
     }
-    const auto of = [&](std::size_t channel) { return static_cast<int>(sum.at(channel) / pixels); };
+    const auto of = [&](std::size_t channel) {
+        return static_cast<int>(sum.at(channel) / std::max(1L, pixels));
+    };
     return qRgb(of(0), of(1), of(2));
 }
 
@@ -95,6 +97,7 @@ QImage inFewColours(const QImage& image)
         }
     }
     std::vector<Shade> all;
+    all.reserve(shades.size());
     for (const auto& [key, shade] : shades) {
         all.push_back(shade);
     }
