@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <initializer_list>
 
 using namespace Qt::StringLiterals;
 
@@ -69,55 +70,33 @@ public:
     /// Carries out one command with as many numbers as it takes.
     void draw(QChar command, const std::array<double, 7>& n)
     {
-        const bool relative = command.isLower();
-        const QPointF origin = relative ? at_ : QPointF();
+        const QPointF origin = command.isLower() ? at_ : QPointF();
         const auto point = [&](std::size_t i) { return origin + QPointF(n.at(i), n.at(i + 1)); };
+        const QPointF mirrored =
+            2 * at_ - control_; // of the control point before, where a curve goes on smoothly
         switch (command.toUpper().unicode()) {
         case u'M':
-            at_ = start_ = point(0);
-            reach(at_);
-            break;
+            at_ = start_ = control_ = point(0);
+            return reach(at_);
         case u'Z':
-            lineTo(start_);
-            break;
+            return curveTo({start_});
         case u'H':
-            lineTo({origin.x() + n[0], at_.y()});
-            break;
+            return curveTo({QPointF(origin.x() + n[0], at_.y())});
         case u'V':
-            lineTo({at_.x(), origin.y() + n[0]});
-            break;
+            return curveTo({QPointF(at_.x(), origin.y() + n[0])});
         case u'C':
-            lineTo(point(0));
-            lineTo(point(2));
-            lineTo(point(4));
-            control_ = point(2);
-            return;
-        case u'S': // the first control point mirrors the one before
-            lineTo(2 * at_ - control_);
-            lineTo(point(0));
-            lineTo(point(2));
-            control_ = point(0);
-            return;
+            return curveTo({point(0), point(2), point(4)});
+        case u'S':
+            return curveTo({mirrored, point(0), point(2)});
         case u'Q':
-            lineTo(point(0));
-            lineTo(point(2));
-            control_ = point(0);
-            return;
-        case u'T': {
-            const QPointF mirrored = 2 * at_ - control_;
-            lineTo(mirrored);
-            lineTo(point(0));
-            control_ = mirrored;
-            return;
-        }
+            return curveTo({point(0), point(2)});
+        case u'T':
+            return curveTo({mirrored, point(0)});
         case u'A':
-            arcTo(std::abs(n[0]), std::abs(n[1]), point(5));
-            break;
+            return arcTo(std::abs(n[0]), std::abs(n[1]), point(5));
         default:
-            lineTo(point(0));
-            break;
+            return curveTo({point(0)});
         }
-        control_ = at_;
     }
 
     [[nodiscard]] Outline outline() const
@@ -126,12 +105,16 @@ public:
     }
 
 private:
-    void lineTo(const QPointF& to)
+    /// Past control points to the last of the points; to a single one straight on.
+    void curveTo(std::initializer_list<QPointF> points)
     {
-        length_ += std::hypot(to.x() - at_.x(), to.y() - at_.y());
-        ++corners_;
-        at_ = to;
-        reach(to);
+        for (const QPointF& point : points) {
+            control_ = points.size() > 1 ? at_ : point;
+            length_ += std::hypot(point.x() - at_.x(), point.y() - at_.y());
+            ++corners_;
+            at_ = point;
+            reach(point);
+        }
     }
 
     /// An arc is no longer than its whole ellipse, which grows if it is too small for the way.
@@ -145,7 +128,7 @@ private:
         reach(at_ + QPointF(2 * radius, 2 * radius));
         length_ += turn * radius;
         corners_ += pieces;
-        at_ = to;
+        at_ = control_ = to;
         reach(to);
     }
 
