@@ -3,7 +3,7 @@
 add_library(orvanta_options INTERFACE)
 target_compile_options(orvanta_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                        -Wno-sign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
-                       -Wno-restrict) # GCC 12 sees overlaps in std::string's operator+ that are none
+                       $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>) # GCC 12 sees overlaps in std::string's operator+ that are none
 if(ORVANTA_TESTS)
     target_compile_options(orvanta_options INTERFACE -Werror)
 endif()
@@ -13,6 +13,9 @@ if(ORVANTA_SANITIZE)
     target_compile_options(orvanta_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                            -fno-omit-frame-pointer -g1 -O1)
     target_link_options(orvanta_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(ORVANTA_FUZZ)
+    target_compile_options(orvanta_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 if(ORVANTA_TIDY)
     set(CMAKE_CXX_CLANG_TIDY clang-tidy --quiet --warnings-as-errors=* --extra-arg=-Wno-unknown-warning-option)

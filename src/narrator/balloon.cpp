@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace narrator {
 
@@ -67,6 +68,17 @@ bool Balloon::say(const QString& text, qsizetype said)
     const bool shown = isVisibleTo(parentWidget());
     setVisible(!words.isEmpty());
     return shown == words.isEmpty() || (shown && fresh);
+}
+
+void Balloon::setRoom(const QRect& room, int letterPixels)
+{
+    room_ = room;
+    QFont letters = font();
+    letters.setPixelSize(letterPixels);
+    setFont(letters);
+    layout_.setFont(letters);
+    const QString given = std::exchange(given_, {});
+    say(given, said_);
 }
 
 QPainterPath Balloon::outline() const

@@ -19,6 +19,9 @@ public:
     /// the outline has changed.
     bool say(const QString& text, qsizetype said);
 
+    /// Moves to another room, with letters of another size.
+    void setRoom(const QRect& room, int letterPixels);
+
     /// In coordinates of the parent.
     [[nodiscard]] QPainterPath outline() const;
 

@@ -4,6 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -13,10 +16,13 @@ namespace {
 
 constexpr qsizetype maxPathCharacters = 16'000;
 constexpr qsizetype maxAllPathCharacters = 512'000;
-// Stroking is what costs time. What is drawn may cost as much as this many numbers of an outline, an arc
-// and a circle as much as those of the curves that they are made of.
-constexpr int maxCost = 15'000;
-constexpr int costOfArc = 20;
+// Painting takes its time for the pixels that an outline encloses and, as the edges that cross a line of
+// pixels are kept in order one by one, for every edge as many steps as there are others beside it. All that
+// is drawn may cost as much as so many pixels, on a picture of the width below.
+constexpr double costOfStep = 16; ///< a pixel costs 1
+constexpr double maxCost = 50'000'000;
+constexpr double pictureWidth = 400;
+constexpr double maxReach = 1000; ///< what lies farther out is not painted
 constexpr double maxStrokeWidth = 40;
 
 enum class Kind { Number, Width, Numbers, Share, Paint, Colour, Word, Id, Path, Transform };
@@ -77,15 +83,6 @@ bool isDigit(QChar c)
     return c >= u'0' && c <= u'9';
 }
 
-bool isWord(QStringView text)
-{
-    const auto fits = [](QChar c) {
-        return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || isDigit(c) || c == u'-' || c == u'.' ||
-               c == u'_';
-    };
-    return !text.isEmpty() && text.size() <= 64 && std::ranges::all_of(text, fits);
-}
-
 bool isColour(QStringView text)
 {
     const auto isHex = [](QChar c) {
@@ -95,87 +92,42 @@ bool isColour(QStringView text)
            std::all_of(text.begin() + 1, text.end(), isHex);
 }
 
-bool isSeparator(QChar c)
+/// How much longer a line can become.
+double largestScale(const QTransform& transform)
 {
-    return c == u' ' || c == u',' || c == u'\n' || c == u'\t' || c == u'\r';
+    const double a = transform.m11();
+    const double b = transform.m12();
+    const double c = transform.m21();
+    const double d = transform.m22();
+    const double sum = a * a + b * b + c * c + d * d;
+    const double determinant = a * d - b * c;
+    return std::sqrt((sum + std::sqrt(std::max(0.0, sum * sum - 4 * determinant * determinant))) / 2);
 }
 
-/// Takes the number at the front of `text` off it; empty if there is none.
-QStringView takeNumber(QStringView& text)
+/// The outline of an element that is one by its name.
+std::optional<Outline> shape(const QString& name, const QXmlStreamAttributes& attributes)
 {
-    qsizetype end = !text.isEmpty() && (text[0] == u'-' || text[0] == u'+') ? 1 : 0;
-    while (end < text.size() && isDigit(text[end])) {
-        ++end;
+    constexpr int pieces = 12; ///< a round one is made of
+    const auto number = [&](const QString& key, double otherwise = 0) {
+        return plainNumber(attributes.value(key)).value_or(otherwise);
+    };
+    if (name == u"rect") {
+        const QRectF box =
+            QRectF(number(u"x"_s), number(u"y"_s), number(u"width"_s), number(u"height"_s)).normalized();
+        return Outline{2 * (box.width() + box.height()), box, pieces};
     }
-    if (end < text.size() && text[end] == u'.') {
-        ++end;
+    if (name != u"circle" && name != u"ellipse") {
+        return {};
     }
-    while (end < text.size() && isDigit(text[end])) {
-        ++end;
-    }
-    const QStringView number = text.first(end);
-    text = text.sliced(end);
-    return number;
-}
-
-/// One or more of matrix(), translate(), rotate() and scale().
-bool isTransform(QStringView text)
-{
-    for (text = text.trimmed(); !text.isEmpty(); text = text.trimmed()) {
-        const qsizetype open = text.indexOf(u'(');
-        const qsizetype close = text.indexOf(u')');
-        if (open < 0 || close < open) {
-            return false;
-        }
-        const QStringView name = text.first(open).trimmed();
-        const auto numbers = plainNumbers(text.sliced(open + 1, close - open - 1));
-        const std::size_t count = numbers ? numbers->size() : 0;
-        const bool good = (name == u"matrix" && count == 6) ||
-                          ((name == u"translate" || name == u"scale") && (count == 1 || count == 2)) ||
-                          (name == u"rotate" && (count == 1 || count == 3));
-        if (!good) {
-            return false;
-        }
-        text = text.sliced(close + 1);
-    }
-    return true;
+    const double radius = std::abs(number(u"r"_s));
+    const double radiusX = std::abs(number(u"rx"_s, radius));
+    const double radiusY = std::abs(number(u"ry"_s, radius));
+    const QPointF centre(number(u"cx"_s), number(u"cy"_s));
+    const QPointF corner(radiusX, radiusY);
+    return Outline{4 * (radiusX + radiusY), QRectF(centre - corner, centre + corner), pieces};
 }
 
 } // namespace
-
-std::optional<double> plainNumber(QStringView text, double limit)
-{
-    QStringView rest = text;
-    if (takeNumber(rest).isEmpty() || !rest.isEmpty()) {
-        return {};
-    }
-    bool good = false;
-    const double value = text.toDouble(&good);
-    if (!good || !std::isfinite(value) || std::abs(value) > limit) {
-        return {};
-    }
-    return value;
-}
-
-std::optional<std::vector<double>> plainNumbers(QStringView text)
-{
-    std::vector<double> numbers;
-    for (qsizetype i = 0; i < text.size();) {
-        qsizetype end = i;
-        while (end < text.size() && !isSeparator(text[end])) {
-            ++end;
-        }
-        if (end > i) {
-            const auto number = plainNumber(text.sliced(i, end - i));
-            if (!number) {
-                return {};
-            }
-            numbers.push_back(*number);
-        }
-        i = end + 1;
-    }
-    return numbers;
-}
 
 void DrawingRules::element(const QString& name, const QXmlStreamAttributes& attributes, int depth,
                            qint64 line)
@@ -189,8 +141,11 @@ void DrawingRules::element(const QString& name, const QXmlStreamAttributes& attr
         }
         attribute(name, entry.name().toString(), entry.value(), line);
     }
-    if (name == u"circle" || name == u"ellipse" || name == u"rect") {
-        spend(costOfArc);
+    enter(attributes, depth);
+    if (const auto outline = shape(name, attributes)) {
+        spend(*outline, paints_.back());
+    } else if (name == u"path") {
+        spend(std::exchange(outline_, {}), paints_.back());
     }
     const QString id = attributes.value(u"id"_s).toString();
     if (id.isEmpty()) {
@@ -246,7 +201,7 @@ void DrawingRules::attribute(const QString& element, const QString& name, QStrin
         good = isWord(value);
         break;
     case Kind::Transform:
-        good = isTransform(value);
+        good = plainTransform(value).has_value();
         break;
     case Kind::Paint:
         return paint(value, line);
@@ -279,27 +234,55 @@ void DrawingRules::path(QStringView data)
     if (data.size() > maxPathCharacters || pathCharacters_ > maxAllPathCharacters) {
         throw Defect{u"the outlines are too long"_s};
     }
-    for (QStringView rest = data; !rest.isEmpty();) {
-        const QChar c = rest[0];
-        if (isSeparator(c) || u"MmLlHhVvCcSsQqTtAaZz"_s.contains(c)) {
-            spend(c == u'A' || c == u'a' ? costOfArc : 0);
-            rest = rest.sliced(1);
-            continue;
-        }
-        const QStringView number = takeNumber(rest);
-        if (!plainNumber(number)) {
-            throw Defect{
-                u"\"%1\" is no number of an outline"_s.arg(QStringView(number.data(), rest.end()).left(20))};
-        }
-        spend(1);
+    QStringView bad;
+    const auto outline = outlineOf(data, bad);
+    if (!outline) {
+        throw Defect{u"\"%1\" is no part of an outline"_s.arg(bad.left(20))};
     }
+    outline_ = *outline;
 }
 
-void DrawingRules::spend(int cost)
+void DrawingRules::enter(const QXmlStreamAttributes& attributes, int depth)
 {
-    cost_ += cost;
-    if (cost_ > maxCost) {
-        throw Defect{u"the drawing has too many outlines"_s};
+    paints_.resize(static_cast<std::size_t>(depth));
+    Paint paint = paints_.empty() ? Paint() : paints_.back();
+    if (const auto box = plainNumbers(attributes.value(u"viewBox"_s));
+        paints_.empty() && box && box->size() == 4) {
+        const double scale = pictureWidth / std::max(1.0, (*box)[2]);
+        paint.transform.scale(scale, scale);
+    }
+    if (const auto transform = plainTransform(attributes.value(u"transform"_s))) {
+        paint.transform = *transform * paint.transform;
+    }
+    if (attributes.hasAttribute(u"stroke"_s)) {
+        paint.stroked = attributes.value(u"stroke"_s) != u"none";
+    }
+    if (const auto width = plainNumber(attributes.value(u"stroke-width"_s))) {
+        paint.strokeWidth = std::abs(*width);
+    }
+    paints_.push_back(paint);
+}
+
+void DrawingRules::spend(const Outline& outline, const Paint& paint)
+{
+    if (outline.corners == 0) {
+        return;
+    }
+    const double scale = largestScale(paint.transform);
+    const double strokeWidth = paint.stroked ? paint.strokeWidth * scale : 0;
+    const QRectF box = paint.transform.mapRect(outline.box);
+    const double width = std::clamp(box.width() + strokeWidth, 1.0, maxReach);
+    const double height = std::clamp(box.height() + strokeWidth, 1.0, maxReach);
+    const auto painting = [&](double edges) {
+        return width * height + costOfStep * edges * std::min(edges / height, width);
+    };
+    const double length = outline.length * scale;
+    cost_ += painting(length);
+    if (paint.stroked) {
+        cost_ += painting(2 * length + outline.corners * strokeWidth * std::numbers::pi);
+    }
+    if (!(cost_ <= maxCost)) {
+        throw Defect{u"the drawing takes too long to paint"_s};
     }
 }
 

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "narrator/svg_values.h"
+
 #include <QHash>
 #include <QSet>
 #include <QString>
 #include <QStringView>
 #include <QXmlStreamReader>
 
-#include <optional>
 #include <vector>
 
 namespace narrator {
@@ -17,12 +18,6 @@ struct Defect
     QString text;
     qint64 line = 0; ///< 0: the line being read
 };
-
-/// A finite plain number within +-`limit`, or none.
-[[nodiscard]] std::optional<double> plainNumber(QStringView text, double limit = 10'000);
-
-/// Numbers separated by blanks or commas; none if one of them is no plain number.
-[[nodiscard]] std::optional<std::vector<double>> plainNumbers(QStringView text);
 
 /// Lets through only those drawing elements that are safe and cheap to paint. Throws Defect.
 class DrawingRules
@@ -41,14 +36,25 @@ private:
     void attribute(const QString& element, const QString& name, QStringView value, qint64 line);
     void paint(QStringView value, qint64 line);
     void path(QStringView data);
-    void spend(int cost);
+    /// What the children of an element inherit.
+    struct Paint
+    {
+        QTransform transform; ///< to the pixels of a picture of usual size
+        bool stroked = false;
+        double strokeWidth = 1;
+    };
+
+    void enter(const QXmlStreamAttributes& attributes, int depth);
+    void spend(const Outline& outline, const Paint& paint);
 
     QSet<QString> ids_;
     QSet<QString> parts_;
     QSet<QString> gradients_;
     QHash<QString, qint64> references_;
+    std::vector<Paint> paints_; ///< of the element being read and those around it
+    Outline outline_;           ///< of the element being read
     qsizetype pathCharacters_ = 0;
-    int cost_ = 0;
+    double cost_ = 0;
 };
 
 } // namespace narrator

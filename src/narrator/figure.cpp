@@ -15,7 +15,8 @@ namespace {
 
 // Turned images stay sharp only if they have more pixels than the screen.
 constexpr double leastDensity = 2;
-constexpr double maxPixels = 8'000'000; ///< of all parts together, at the least density
+constexpr double maxDensity = 4;
+constexpr double maxPixels = 2'500'000; ///< of all parts together, at the least density
 
 QRect pixels(const QRectF& bounds, double factor)
 {
@@ -35,9 +36,14 @@ Figure::Figure(CharacterFile file, const QString& name)
     const QRectF reach = box.adjusted(-box.width() / 2, -box.height() / 2, box.width() / 2, box.height() / 2);
     double sum = 0;
     for (const Draw& draw : rig().draws) {
-        const QRectF bounds = svg_->boundsOnElement(draw.part) & reach;
-        bounds_.push_back(bounds);
-        sum += bounds.width() * bounds.height() * std::pow(scale() * leastDensity, 2);
+        auto part = std::ranges::find(parts_, draw.part, &Part::id);
+        if (part == parts_.end()) {
+            const QRectF whole = svg_->boundsOnElement(draw.part);
+            part = parts_.insert(part, {whole, whole & reach, draw.part, {}});
+        }
+        partOfDraw_.push_back(static_cast<std::size_t>(part - parts_.begin()));
+        // Every draw is painted in each frame, whether it shares its part or not.
+        sum += part->bounds.width() * part->bounds.height() * std::pow(scale() * leastDensity, 2);
     }
     if (!std::isfinite(sum) || sum > maxPixels) {
         throw LoadFailure((name + QStringLiteral(": the parts of the drawing are too large")).toStdString());
@@ -54,27 +60,24 @@ double Figure::scale() const
 void Figure::rasterise(double density)
 {
     density_ = density;
-    images_.clear();
     const double factor = scale() * density;
-    for (std::size_t i = 0; i < bounds_.size(); ++i) {
-        const QRect area = pixels(bounds_[i], factor);
-        QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
-        if (!image.isNull()) {
-            image.fill(Qt::transparent);
-            QPainter painter(&image);
+    for (Part& part : parts_) {
+        const QRect area = pixels(part.bounds, factor);
+        part.image = QImage(area.size(), QImage::Format_ARGB32_Premultiplied);
+        if (!part.image.isNull()) {
+            part.image.fill(Qt::transparent);
+            QPainter painter(&part.image);
             painter.setRenderHint(QPainter::Antialiasing);
             painter.translate(-area.topLeft());
             painter.scale(factor, factor);
-            const QString& part = rig().draws[i].part;
-            svg_->render(&painter, part, svg_->boundsOnElement(part));
+            svg_->render(&painter, part.id, part.whole);
         }
-        images_.push_back(image);
     }
 }
 
 void Figure::paint(QPainter& painter, const Pose& pose, double ratio)
 {
-    const double density = std::max(leastDensity, ratio);
+    const double density = std::clamp(ratio, leastDensity * std::min(ratio, 1.0), maxDensity);
     if (density != density_) {
         rasterise(density);
     }
@@ -87,9 +90,10 @@ void Figure::paint(QPainter& painter, const Pose& pose, double ratio)
     const std::vector<QTransform> bones = boneTransforms(rig(), pose);
     for (const int index : visibleDraws(rig(), pose)) {
         const auto i = static_cast<std::size_t>(index);
+        const Part& part = parts_[partOfDraw_[i]];
         painter.setWorldTransform(bones[static_cast<std::size_t>(rig().draws[i].bone)] * base);
-        const QRect area = pixels(bounds_[i], factor);
-        painter.drawImage(QRectF(QPointF(area.topLeft()) / factor, QSizeF(area.size()) / factor), images_[i]);
+        const QRect area = pixels(part.bounds, factor);
+        painter.drawImage(QRectF(QPointF(area.topLeft()) / factor, QSizeF(area.size()) / factor), part.image);
     }
     painter.restore();
 }

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QRectF>
 
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -30,13 +31,22 @@ public:
     void paint(QPainter& painter, const Pose& pose, double ratio);
 
 private:
+    /// A group of the drawing, however many draws show it.
+    struct Part
+    {
+        QRectF whole;  ///< its bounds in drawing units
+        QRectF bounds; ///< as much of them as is painted
+        QString id;
+        QImage image; ///< made for density_
+    };
+
     void rasterise(double density);
     [[nodiscard]] double scale() const;
 
     CharacterFile file_;
     std::unique_ptr<QSvgRenderer> svg_;
-    std::vector<QRectF> bounds_; ///< of each draw, in drawing units
-    std::vector<QImage> images_; ///< of each draw, made for density_
+    std::vector<Part> parts_;
+    std::vector<std::size_t> partOfDraw_;
     double density_ = 0;
 };
 

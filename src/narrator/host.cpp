@@ -94,6 +94,7 @@ private:
             return;
         }
         const auto now = clock_.now();
+        player_.see(stage_->sights());
         const Frame frame = player_.frame(now);
         stage_->present(frame);
         if (now >= nextLook_) {

@@ -57,7 +57,8 @@ double eased(Ease ease, double t)
         return t < 0.5 ? 4 * t * t * t : 1 - 4 * left * left * left;
     case Ease::Back: {
         constexpr double overshoot = 1.7;
-        return 1 - left * left * ((overshoot + 1) * left - overshoot);
+        const double ahead = 1 - t * t * (3 - 2 * t); // a soft start, for a limb with weight
+        return 1 - ahead * ahead * ((overshoot + 1) * ahead - overshoot);
     }
     case Ease::Hold:
         return t < 1 ? 0 : 1;
@@ -129,6 +130,14 @@ void closeLids(const Rig& rig, Pose& pose, double closed)
     }
 }
 
+void addLook(const Rig& rig, Pose& pose, const QPointF& sight)
+{
+    for (const Look& look : rig.looks) {
+        channel(pose, look.bone, Channel::X) += look.reach.x() * sight.x();
+        channel(pose, look.bone, Channel::Y) += look.reach.y() * sight.y();
+    }
+}
+
 void shapeMouth(const Rig& rig, Pose& pose, MouthShape shape)
 {
     if (shape != MouthShape::Rest) {
@@ -156,14 +165,21 @@ std::vector<QTransform> boneTransforms(const Rig& rig, const Pose& pose)
 
 std::vector<int> visibleDraws(const Rig& rig, const Pose& pose)
 {
+    std::vector<bool> flat;
+    flat.reserve(rig.bones.size());
+    for (std::size_t i = 0; i < rig.bones.size(); ++i) {
+        const int parent = rig.bones[i].parent;
+        const double width = pose.bones[i][static_cast<std::size_t>(Channel::ScaleX)];
+        const double height = pose.bones[i][static_cast<std::size_t>(Channel::ScaleY)];
+        flat.push_back(std::abs(width) < vanishing || std::abs(height) < vanishing ||
+                       (parent >= 0 && flat[static_cast<std::size_t>(parent)]));
+    }
     std::vector<int> shown;
     for (std::size_t i = 0; i < rig.draws.size(); ++i) {
         const Draw& draw = rig.draws[i];
         const bool held =
             draw.slot < 0 || pose.slots[static_cast<std::size_t>(draw.slot)] == static_cast<int>(i);
-        const bool flat = std::abs(channel(pose, draw.bone, Channel::ScaleX)) < vanishing ||
-                          std::abs(channel(pose, draw.bone, Channel::ScaleY)) < vanishing;
-        if (held && !flat) {
+        if (held && !flat[static_cast<std::size_t>(draw.bone)]) {
             shown.push_back(static_cast<int>(i));
         }
     }

@@ -27,6 +27,7 @@ Player::Player(const Rig& rig, Voice& voice, std::function<double()> random, Mil
     : rig_(rig),
       voice_(voice),
       random_(std::move(random)),
+      gaze_(random_, now),
       queue_(*this),
       motion_{nullptr, rig.rest},
       motionStart_(now),
@@ -64,6 +65,7 @@ Frame Player::frame(Milliseconds now)
     queue_.advance(now);
     Frame frame{poseAt(rig_, motion_, sinceMs(motionStart_, now)), text_, 0};
     addSines(rig_, frame.pose, static_cast<double>(now.count()));
+    addLook(rig_, frame.pose, gaze_.at(now, motion_.gesture == nullptr, sights_));
     closeLids(rig_, frame.pose, lidsClosed(now));
     if (!text_.isEmpty()) {
         shapeMouth(rig_, frame.pose, voice_.mouth(now));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "narrator/gaze.h"
 #include "narrator/motion.h"
 #include "narrator/request_queue.h"
 #include "narrator/voice.h"
@@ -36,6 +37,9 @@ public:
     /// Ends the text being said, if there is one; the next request begins.
     void skip(Milliseconds now);
 
+    /// What there is to look at while nothing is being carried out.
+    void see(const Sights& sights) { sights_ = sights; }
+
     [[nodiscard]] Frame frame(Milliseconds now);
 
     /// Nothing is being carried out, and the figure has come to rest.
@@ -52,6 +56,8 @@ private:
     const Rig& rig_;
     Voice& voice_;
     std::function<double()> random_;
+    Gaze gaze_;
+    Sights sights_;
     RequestQueue queue_;
     Motion motion_;
     Milliseconds motionStart_;

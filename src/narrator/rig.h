@@ -103,6 +103,13 @@ struct Lid
     double closed = 1;
 };
 
+/// How far a bone goes when the figure looks fully aside and fully down.
+struct Look
+{
+    int bone = 0;
+    QPointF reach;
+};
+
 /// The skeleton of a character, what hangs on it and all that it can do.
 struct Rig
 {
@@ -114,6 +121,7 @@ struct Rig
     std::vector<QString> layers;
     std::vector<Sine> sines;
     std::vector<Lid> lids;
+    std::vector<Look> looks;
     std::array<int, mouthShapeCount> mouths{}; ///< the draw of each shape
     int mouthSlot = -1;
     Pose rest;

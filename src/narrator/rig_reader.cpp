@@ -17,7 +17,8 @@ constexpr std::size_t maxDraws = 200;
 constexpr std::size_t maxGestures = 100;
 constexpr std::size_t maxTracks = 200;
 constexpr std::size_t maxSines = 64;
-constexpr qsizetype maxKeys = 64;
+constexpr qsizetype maxKeys = 64; ///< of a track
+constexpr qsizetype maxAllKeys = 20'000;
 constexpr double minGestureMs = 50;
 constexpr double maxGestureMs = 30'000;
 
@@ -151,6 +152,8 @@ void RigReader::start(const QString& name, const QXmlStreamAttributes& attribute
         idle({attributes, {u"bone"_s, u"ch"_s, u"amp"_s, u"ms"_s}, {u"phase"_s}});
     } else if (name == u"blink") {
         blink({attributes, {u"bone"_s, u"ch"_s, u"value"_s}, {}});
+    } else if (name == u"look") {
+        look({attributes, {u"bone"_s, u"x"_s, u"y"_s}, {}});
     } else if (name == u"mouth") {
         mouth({attributes, {u"shape"_s, u"part"_s}, {}});
     } else if (name == u"track") {
@@ -277,6 +280,15 @@ void RigReader::blink(const Fields& fields)
     rig_.lids.push_back({bone, channel, fields.number(u"value"_s)});
 }
 
+void RigReader::look(const Fields& fields)
+{
+    if (rig_.looks.size() == maxBones) {
+        throw Defect{u"there are more than %1 looks"_s.arg(maxBones)};
+    }
+    rig_.looks.push_back(
+        {boneNamed(fields.text(u"bone"_s)), QPointF(fields.number(u"x"_s), fields.number(u"y"_s))});
+}
+
 void RigReader::mouth(const Fields& fields)
 {
     const int shape = indexOf(shapeNames, fields.text(u"shape"_s), u"mouth shape"_s);
@@ -295,6 +307,9 @@ void RigReader::gesture(const Fields& fields)
     const QString name = fields.text(u"name"_s);
     const bool alias = fields.has(u"same"_s);
     inside_ = alias ? Inside::Alias : Inside::Gesture;
+    if (!isWord(name)) {
+        throw Defect{u"\"%1\" is no name for a gesture"_s.arg(name.left(40))};
+    }
     if (rig_.gestureOfName.contains(name)) {
         throw Defect{u"the gesture \"%1\" is there twice"_s.arg(name.left(40))};
     }
@@ -365,14 +380,20 @@ int RigReader::drawInSlot(int slot, const QString& part) const
     throw Defect{u"\"%1\" is not drawn in this slot"_s.arg(part.left(40))};
 }
 
-std::vector<Key> RigReader::keys(const QString& text) const
+QStringList RigReader::keyTexts(const QString& text)
 {
-    const QStringList entries = text.split(u';');
-    if (entries.size() > maxKeys) {
-        throw Defect{u"there are more than %1 keys"_s.arg(maxKeys)};
+    QStringList entries = text.split(u';');
+    keys_ += entries.size();
+    if (entries.size() > maxKeys || keys_ > maxAllKeys) {
+        throw Defect{u"there are more than %1 keys, or %2 in all"_s.arg(maxKeys).arg(maxAllKeys)};
     }
+    return entries;
+}
+
+std::vector<Key> RigReader::keys(const QString& text)
+{
     std::vector<Key> keys;
-    for (const QString& entry : entries) {
+    for (const QString& entry : keyTexts(text)) {
         const QStringList words = entry.simplified().split(u' ');
         if (words.size() < 2 || words.size() > 3) {
             throw Defect{u"\"%1\" is no key"_s.arg(entry.left(40))};
@@ -389,14 +410,10 @@ std::vector<Key> RigReader::keys(const QString& text) const
     return keys;
 }
 
-std::vector<Step> RigReader::steps(const Steps& track, const QString& text) const
+std::vector<Step> RigReader::steps(const Steps& track, const QString& text)
 {
-    const QStringList entries = text.split(u';');
-    if (entries.size() > maxKeys) {
-        throw Defect{u"there are more than %1 keys"_s.arg(maxKeys)};
-    }
     std::vector<Step> steps;
-    for (const QString& entry : entries) {
+    for (const QString& entry : keyTexts(text)) {
         const QStringList words = entry.simplified().split(u' ');
         if (words.size() != 2) {
             throw Defect{u"\"%1\" is no key"_s.arg(entry.left(40))};

@@ -4,6 +4,7 @@
 
 #include <QSet>
 #include <QString>
+#include <QStringList>
 #include <QXmlStreamReader>
 
 #include <utility>
@@ -32,6 +33,7 @@ private:
     void rest(const Fields& fields);
     void idle(const Fields& fields);
     void blink(const Fields& fields);
+    void look(const Fields& fields);
     void mouth(const Fields& fields);
     void gesture(const Fields& fields);
     void track(const Fields& fields);
@@ -39,8 +41,10 @@ private:
     [[nodiscard]] int boneNamed(const QString& id) const;
     [[nodiscard]] std::pair<int, Channel> channelNamed(const Fields& fields) const;
     [[nodiscard]] int drawInSlot(int slot, const QString& part) const;
-    [[nodiscard]] std::vector<Key> keys(const QString& text) const;
-    [[nodiscard]] std::vector<Step> steps(const Steps& track, const QString& text) const;
+    /// The keys of a track, as they are written.
+    [[nodiscard]] QStringList keyTexts(const QString& text);
+    [[nodiscard]] std::vector<Key> keys(const QString& text);
+    [[nodiscard]] std::vector<Step> steps(const Steps& track, const QString& text);
     [[nodiscard]] double keyTime(const QString& text, double after) const;
 
     Rig rig_;
@@ -48,6 +52,7 @@ private:
     QString open_; ///< the element without content that is open, if one is
     std::vector<qint64> drawLines_;
     QSet<int> shapes_;
+    qsizetype keys_ = 0; ///< of all tracks
     qint64 endLine_ = 0; ///< of the character
 };
 

@@ -5,61 +5,39 @@
 #include "narrator/compositor.h"
 #include "narrator/mute_sign.h"
 #include "narrator/placement.h"
+#include "narrator/silhouette.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 
-#include <utility>
+#include <algorithm>
 
 namespace narrator {
 
 namespace {
 
 constexpr int sideMargin = 50;   ///< for spread arms and for the balloon, which is wider than the figure
-constexpr int reach = 22;        ///< how far an arm gets out of the figure's own width
-constexpr int headroom = 6;      ///< between balloon and figure
+constexpr int headroom = 12;     ///< for leaps
 constexpr int footroom = 8;      ///< for the smoke below
 constexpr int muteDistance = 46; ///< of the speaker sign from the middle of the smoke
 constexpr int balloonHeight = 164;
-constexpr int leastAlpha = 128; ///< without a compositor, what is fainter than this is not shown
+constexpr int letterPixels = 15; ///< in the balloon
+constexpr int leastLetterPixels = 12;
+constexpr double eyeLevel = 0.29; ///< as a share of the figure's height
+constexpr double farAside = 250;  ///< from here on the eyes turn no further, in logical pixels
 
 constexpr Qt::WindowFlags hostWindowFlags =
     Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint;
 
-QSize stageSize(const Rig& rig)
+/// Of the figure with the room it needs around it, at full size.
+QSize figureArea(const Rig& rig)
 {
     const QSize figure = rig.size.toSize();
-    return {figure.width() + 2 * sideMargin, balloonHeight + headroom + figure.height() + footroom};
-}
-
-/// The pixels of `image` that are not faint, in its logical coordinates.
-QRegion opaqueRegion(const QImage& image)
-{
-    const double ratio = image.devicePixelRatio();
-    const QSize size = image.deviceIndependentSize().toSize();
-    const auto column = [&](int x) {
-        return std::min(static_cast<int>((x + 0.5) * ratio), image.width() - 1);
-    };
-    QList<QRect> runs;
-    for (int y = 0; y < size.height(); ++y) {
-        const int row = std::min(static_cast<int>((y + 0.5) * ratio), image.height() - 1);
-        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(row));
-        for (int x = 0; x < size.width(); ++x) {
-            const int start = x;
-            while (x < size.width() && qAlpha(line[column(x)]) >= leastAlpha) {
-                ++x;
-            }
-            if (x > start) {
-                runs.append(QRect(start, y, x - start, 1));
-            }
-        }
-    }
-    QRegion region;
-    region.setRects(runs.constData(), static_cast<int>(runs.size()));
-    return region;
+    return {figure.width() + 2 * sideMargin, headroom + figure.height() + footroom};
 }
 
 } // namespace
@@ -79,12 +57,10 @@ Stage::Stage(QWidget& form, Figure& figure)
     } else {
         setAttribute(Qt::WA_TranslucentBackground);
     }
-    const QSize size = stageSize(figure.rig());
-    setFixedSize(size);
-    balloon_ = new Balloon(QRect(2, 2, size.width() - 4, balloonHeight - 2), this);
+    balloon_ = new Balloon({}, this);
     // As a child of the form the stage lets every click through, so the sign stands beside it.
     mute_ = new MuteSign(embedded() ? &form : this);
-    placeMute();
+    resizeTo(1);
     form.installEventFilter(this);
     hide();
 }
@@ -120,7 +96,7 @@ void Stage::present(const Frame& frame)
         drawFigure();
         update(QRect(0, balloonHeight, width(), height() - balloonHeight));
     }
-    if (balloon_->say(frame.text, frame.said) || (moved && !composited_)) {
+    if (balloon_->say(frame.text, frame.said) || moved) {
         updateShape();
     }
 }
@@ -135,12 +111,24 @@ void Stage::showMuted(bool muted)
     mute_->setChecked(muted);
 }
 
+Sights Stage::sights() const
+{
+    const double level = balloonHeight + (height() - balloonHeight) * eyeLevel;
+    const QPointF eyes = mapToGlobal(QPointF(width() / 2.0, level));
+    const auto towards = [&](const QPointF& place) {
+        const QPointF way = (place - eyes) / farAside;
+        return QPointF(std::clamp(way.x(), -1.0, 1.0), std::clamp(way.y(), -1.0, 1.0));
+    };
+    return {towards(form_.mapToGlobal(QPointF(form_.width() / 2.0, form_.height() / 4.0))),
+            towards(QCursor::pos())};
+}
+
 void Stage::lookAround()
 {
     const bool composited = embedded() || compositorRuns();
-    if (std::exchange(composited_, composited) != composited) {
-        updateShape();
-    }
+    composited_ = composited;
+    figureShape_ = {};
+    updateShape();
     follow();
 }
 
@@ -193,7 +181,8 @@ void Stage::paintEvent(QPaintEvent*)
 
 void Stage::mousePressEvent(QMouseEvent* event)
 {
-    pressed_ = event->position().toPoint();
+    pressed_ = event->globalPosition().toPoint();
+    grabbed_ = geometry().bottomLeft();
     dragged_ = false;
 }
 
@@ -202,12 +191,13 @@ void Stage::mouseMoveEvent(QMouseEvent* event)
     if (!pressed_ || !(event->buttons() & Qt::LeftButton)) {
         return;
     }
-    const QPoint way = event->position().toPoint() - *pressed_;
+    // Where the pointer is on the stage says little: the stage has moved since the event was sent.
+    const QPoint way = event->globalPosition().toPoint() - *pressed_;
     dragged_ = dragged_ || way.manhattanLength() >= QApplication::startDragDistance();
     if (!dragged_) {
         return;
     }
-    offset_ = pos() + way - form_.frameGeometry().bottomRight();
+    offset_ = grabbed_ + way - form_.frameGeometry().bottomRight();
     follow();
 }
 
@@ -236,7 +226,8 @@ void Stage::showWithForm()
     const bool wanted = entered_ && (embedded() || (form_.isVisible() && !form_.isMinimized()));
     if (wanted && !isVisible()) {
         lookAround();
-        updateShape();
+        // A window manager that minimised the host along with the form would minimise both again.
+        setWindowState(Qt::WindowNoState);
         show();
         raise();
         // Some window managers put a window that appears late above an open message box.
@@ -250,6 +241,9 @@ void Stage::showWithForm()
 
 void Stage::follow()
 {
+    if (!figure_) {
+        return;
+    }
     if (embedded()) {
         move(form_.width() - width(), form_.height() - height());
         placeMute();
@@ -257,8 +251,10 @@ void Stage::follow()
     }
     const QRect available = form_.screen()->availableGeometry();
     const QRect frame = form_.frameGeometry();
-    const QPoint place = offset_ ? keptOnScreen(frame.bottomRight() + *offset_, size(), available)
-                                 : besideForm(frame, size(), available);
+    resizeTo(scaleBeside(frame, figureArea(figure_->rig()).width(), available));
+    const QPoint place =
+        offset_ ? keptOnScreen(frame.bottomRight() + *offset_ - QPoint(0, height() - 1), size(), available)
+                : besideForm(frame, size(), available);
     if (place != pos()) {
         move(place);
     }
@@ -266,10 +262,28 @@ void Stage::follow()
 
 void Stage::placeMute()
 {
-    const QPoint place(width() / 2 + muteDistance, height() - mute_->height() - footroom);
+    const QPoint place(width() / 2 + static_cast<int>(muteDistance * scale_),
+                       height() - mute_->height() - static_cast<int>(footroom * scale_));
     mute_->move(embedded() ? pos() + place : place);
     mute_->setVisible(!embedded() || !isHidden());
     mute_->raise();
+}
+
+void Stage::resizeTo(double scale)
+{
+    if (scale == scale_) {
+        return;
+    }
+    scale_ = scale;
+    const QSize area = figureArea(figure_->rig()) * scale;
+    setFixedSize(area.width(), balloonHeight + area.height());
+    balloon_->setRoom(QRect(2, 2, width() - 4, balloonHeight - 2),
+                      std::max(leastLetterPixels, static_cast<int>(letterPixels * scale)));
+    placeMute();
+    figureShape_ = {};
+    drawFigure();
+    updateShape();
+    update();
 }
 
 void Stage::drawFigure()
@@ -286,13 +300,14 @@ void Stage::drawFigure()
     }
     image_.fill(Qt::transparent);
     QPainter painter(&image_);
+    painter.scale(scale_, scale_);
     painter.translate(sideMargin, headroom);
-    figure_->paint(painter, *pose_, ratio);
+    figure_->paint(painter, *pose_, ratio * scale_);
 }
 
 void Stage::updateShape()
 {
-    if (embedded()) {
+    if (embedded() || image_.isNull()) {
         return;
     }
     QRegion shape = figureShape();
@@ -309,13 +324,16 @@ void Stage::updateShape()
     }
 }
 
-QRegion Stage::figureShape() const
+QRegion Stage::figureShape()
 {
-    if (!composited_ && !image_.isNull()) {
-        return opaqueRegion(image_).translated(0, balloonHeight);
+    if (!composited_) {
+        return exactSilhouette(image_).translated(0, balloonHeight);
     }
-    const int left = sideMargin - reach;
-    return {left, balloonHeight, width() - 2 * left, height() - balloonHeight};
+    const QRegion seen = roughSilhouette(image_).translated(0, balloonHeight);
+    if (!(seen - figureShape_).isEmpty()) {
+        figureShape_ = withRim(seen);
+    }
+    return figureShape_;
 }
 
 } // namespace narrator

@@ -35,6 +35,9 @@ public:
 
     void present(const Frame& frame);
 
+    /// Where the question and the pointer are, seen from the figure's eyes.
+    [[nodiscard]] Sights sights() const;
+
     /// Looks again where the form is and whether windows are blended.
     void lookAround();
 
@@ -60,9 +63,13 @@ private:
     void showWithForm();
     void follow();
     void placeMute();
+    /// Gives the figure that share of its full size, and the balloon what then is its room.
+    void resizeTo(double scale);
     void drawFigure();
     void updateShape();
-    [[nodiscard]] QRegion figureShape() const;
+    /// What of the stage belongs to the figure. While windows are blended it is kept as long as it holds the
+    /// figure, because the window manager is slow to take a new shape.
+    QRegion figureShape();
 
     QWidget& form_;
     Figure* figure_;
@@ -72,11 +79,15 @@ private:
     std::function<void()> skip_;
     bool entered_ = false;
     bool composited_ = true;
+    double scale_ = 0; ///< of the full size
     std::optional<Pose> pose_;
     QImage image_; ///< the lower part of the stage, with the figure as last painted
     QRegion shape_;
-    std::optional<QPoint> offset_;  ///< from the form's right lower corner, once the user has moved the host
-    std::optional<QPoint> pressed_; ///< where the mouse went down, relative to the stage
+    QRegion figureShape_; ///< with some room around the figure
+    /// From the form's right lower corner to the stage's left one, once the user has moved the host.
+    std::optional<QPoint> offset_;
+    std::optional<QPoint> pressed_; ///< where on the screen the mouse went down
+    QPoint grabbed_;                ///< where the left lower corner was then
     bool dragged_ = false;
 };
 

@@ -72,11 +72,11 @@ TEST(Host, speaks_while_the_form_is_seen)
     Game game;
     game.form->resize(792, 500);
     EXPECT_EQ(game.stage()->geometry().bottomRight(), game.form->rect().bottomRight());
-    game.host().Play(QStringLiteral("RestPose")); // 700 ms
+    game.host().Play(QStringLiteral("RestPose")); // 900 ms
     game.host().Speak(QStringLiteral("Question is,,Who?"));
     game.host().Speak(QStringLiteral("Well?"));
     EXPECT_EQ(game.said(), "");
-    game.clock.advance(800ms);
+    game.clock.advance(1000ms);
     EXPECT_EQ(game.said(), "Question");
     game.clock.advance(1300ms);
     EXPECT_EQ(game.said(), "Question is… Who?");

@@ -1,3 +1,4 @@
+#include "narrator/gaze.h"
 #include "narrator/motion.h"
 #include "sample.h"
 
@@ -21,7 +22,7 @@ TEST(Track, is_evaluated_at_between_and_beyond_its_keys)
         {100, 10, Ease::Linear}, {200, 20, Ease::Hold}, {300, {}, Ease::InOut}, {400, 50, Ease::Back}};
     const std::pair<double, double> table[]{
         {-5, 4},   {0, 4},     {50, 7},   {100, 10}, {150, 10},
-        {199, 10}, {200, 20},  {250, 10}, {300, 0},  {360, 50 * (1 - 0.16 * (2.7 * 0.4 - 1.7))},
+        {199, 10}, {200, 20},  {250, 10}, {300, 0},  {350, 50 * (1 - 0.25 * (2.7 * 0.5 - 1.7))},
         {400, 50}, {9000, 50},
     };
     for (const auto& [time, value] : table) {
@@ -66,10 +67,41 @@ TEST(Motion, lays_breath_lids_and_mouth_over_the_pose_and_turns_bones_about_thei
     shapeMouth(rig, pose, MouthShape::U);
     pose.bones[arm][3] = -0.005;
     EXPECT_EQ(visibleDraws(rig, pose), Parts({body, lip}));
+    pose.bones[0][4] = 0;
+    pose.bones[arm][3] = 1;
+    EXPECT_EQ(visibleDraws(rig, pose), Parts()); // what hangs on a flat bone is flat
+    addLook(rig, pose, {0.5, -1});
+    EXPECT_EQ(std::pair(pose.bones[arm][1], pose.bones[arm][2]), std::pair(2.0, 3.0));
 
     pose.bones[0] = {90, 5, 0, 2, 1}; // about 20,22: twice as wide, a quarter turn, then 5 to the right
     pose.bones[arm] = {90, 0, 0, 1, 1};
     const std::vector<QTransform> bones = boneTransforms(rig, pose);
     EXPECT_EQ(bones[0].map(QPointF(30, 22)).toPoint(), QPoint(25, 42));
     EXPECT_EQ(bones[arm].map(QPointF(30, 32)).toPoint(), QPoint(25, 22));
+}
+
+TEST(Gaze, wanders_to_the_question_and_the_pointer_but_only_at_rest)
+{
+    std::vector<double> numbers{0.5, 0.9, 0.5, 0, 0.1}; // used from the back
+    std::function<double()> random = [&numbers] {
+        const double next = numbers.back();
+        numbers.pop_back();
+        return next;
+    };
+    const Sights sights{{-1, 0}, {0, 1}};
+    const struct
+    {
+        int timeMs;
+        bool resting;
+        QPointF seen;
+    } table[]{
+        {2490, true, {0, 0}}, {3300, true, {-1, 0}}, {4190, false, {0, 0}},
+        {4500, true, {0, 0}}, {8990, true, {0, 0}},  {9900, true, {0, 1}},
+    };
+    Gaze gaze(random, Gaze::Milliseconds(0));
+    for (const auto& row : table) {
+        const QPointF seen = gaze.at(Gaze::Milliseconds(row.timeMs), row.resting, sights);
+        EXPECT_NEAR(seen.x(), row.seen.x(), 0.01) << row.timeMs;
+        EXPECT_NEAR(seen.y(), row.seen.y(), 0.01) << row.timeMs;
+    }
 }

@@ -31,7 +31,7 @@ inline QByteArray character()
 <h:rest slot='hand' value='fist'/><h:rest slot='mouth' value='lip'/>
 <h:rest bone='arm' ch='rot' value='10'/>
 <h:idle bone='root' ch='y' amp='2' ms='4000'/>
-<h:blink bone='arm' ch='sy' value='0.5'/>
+<h:blink bone='arm' ch='sy' value='0.5'/><h:look bone='arm' x='4' y='-3'/>
 <h:mouth shape='A' part='yell'/>%1
 <h:gesture name='Greet' ms='1000'>
 <h:track bone='arm' ch='rot' keys='200 90 lin; 600 90; 1000 * lin'/>

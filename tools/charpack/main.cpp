@@ -1,4 +1,5 @@
 #include "join.h"
+#include "palette.h"
 #include "sheet.h"
 
 #include "narrator/character.h"
@@ -6,6 +7,7 @@
 #include "narrator/figure.h"
 
 #include <CLI/CLI.hpp>
+#include <QDir>
 #include <QFile>
 #include <QSaveFile>
 
@@ -45,11 +47,53 @@ narrator::Figure load(const std::string& path)
     return {narrator::readCharacterFile(name), name};
 }
 
-void draw(const std::string& path, const std::string& output, int poses)
+void save(const QImage& image, const std::string& path)
+{
+    if (!image.save(QString::fromStdString(path))) {
+        throw std::runtime_error(path + ": the picture cannot be written");
+    }
+}
+
+struct DrawOptions
+{
+    std::string character;
+    std::string output;
+    std::string gesture; ///< empty for all
+    int poses = 6;
+    double zoom = 1;
+};
+
+void draw(const DrawOptions& options)
+{
+    narrator::Figure figure = load(options.character);
+    if (options.gesture.empty()) {
+        return save(drawSheet(figure, options.poses, options.zoom), options.output);
+    }
+    const narrator::Gesture* gesture = figure.rig().gesture(QString::fromStdString(options.gesture));
+    if (!gesture) {
+        throw std::runtime_error("there is no gesture " + options.gesture);
+    }
+    save(drawGesture(figure, *gesture, options.poses, options.zoom), options.output);
+}
+
+/// One picture for every gesture, one of the mouth shapes and one of everything, for the documents.
+void drawSheets(const std::string& path, const std::string& output)
 {
     narrator::Figure figure = load(path);
-    if (!drawSheet(figure, poses).save(QString::fromStdString(output))) {
-        throw std::runtime_error(output + ": the picture cannot be written");
+    const QDir folder(QString::fromStdString(output));
+    if (!folder.mkpath(QStringLiteral("."))) {
+        throw std::runtime_error(output + ": the folder cannot be made");
+    }
+    const auto keep = [&](const QImage& image, const QString& name) {
+        save(inFewColours(image), folder.filePath(name + QStringLiteral(".png")).toStdString());
+    };
+    keep(drawOverview(figure, 6, 0.75), QStringLiteral("overview"));
+    keep(drawMouths(figure), QStringLiteral("mouths"));
+    int number = 0;
+    for (const narrator::Gesture& gesture : figure.rig().gestures) {
+        // The number tells names apart where the case of letters does not count.
+        const QString place = QStringLiteral("%1-").arg(++number, 2, 10, QLatin1Char('0'));
+        keep(drawGesture(figure, gesture, 7, 0.8), place + gesture.name);
     }
 }
 
@@ -61,7 +105,7 @@ int run(int argc, char** argv)
     std::vector<std::string> sources;
     std::string output;
     std::string character;
-    int poses = 5;
+    DrawOptions drawing;
 
     CLI::App* joinCommand =
         app.add_subcommand("join", "Join a drawing, a rig and gestures into a character file");
@@ -71,18 +115,26 @@ int run(int argc, char** argv)
         ->expected(3, 100);
     CLI::App* checkCommand = app.add_subcommand("check", "Check a character file and name its first defect");
     checkCommand->add_option("character", character)->required();
-    CLI::App* drawCommand = app.add_subcommand("draw", "Draw a sheet of all gestures");
-    drawCommand->add_option("character", character)->required();
-    drawCommand->add_option("--output", output, "The picture, a PNG file")->required();
-    drawCommand->add_option("--poses", poses, "Poses of each gesture")->check(CLI::Range(1, 20));
+    CLI::App* drawCommand = app.add_subcommand("draw", "Draw the poses of a gesture, or of all");
+    drawCommand->add_option("character", drawing.character)->required();
+    drawCommand->add_option("--output", drawing.output, "The picture, a PNG file")->required();
+    drawCommand->add_option("--gesture", drawing.gesture, "Draw this one only");
+    drawCommand->add_option("--poses", drawing.poses, "Poses of each gesture")->check(CLI::Range(1, 20));
+    drawCommand->add_option("--zoom", drawing.zoom, "Times the size on screen")->check(CLI::Range(0.25, 4.0));
+    CLI::App* sheetsCommand =
+        app.add_subcommand("sheets", "Draw each gesture, the mouth shapes and an overview, a picture each");
+    sheetsCommand->add_option("character", character)->required();
+    sheetsCommand->add_option("--output", output, "The folder of the pictures")->required();
     CLI11_PARSE(app, argc, argv);
 
     if (*joinCommand) {
         join(sources, output);
     } else if (*checkCommand) {
         load(character);
+    } else if (*sheetsCommand) {
+        drawSheets(character, output);
     } else {
-        draw(character, output, poses);
+        draw(drawing);
     }
     return 0;
 }

@@ -6,32 +6,107 @@
 
 namespace {
 
-constexpr int sideMargin = 30; ///< for spread arms
+constexpr int sideMargin = 36; ///< for spread arms
+constexpr int topMargin = 8;
 const QColor background(0x5a, 0x4a, 0x8a);
 const QColor line(0x3c, 0x2f, 0x66);
 
-} // namespace
+/// An empty sheet of equal cells, ruled, with a painter that counts in logical pixels.
+class Sheet
+{
+public:
+    Sheet(const narrator::Rig& rig, int columns, int rows, double zoom)
+        : cell_(rig.size.toSize() + QSize(2 * sideMargin, 2 * topMargin)),
+          image_((QSizeF(cell_.width() * columns, cell_.height() * rows) * zoom).toSize(),
+                 QImage::Format_ARGB32_Premultiplied),
+          zoom_(zoom)
+    {
+        image_.fill(background);
+        QPainter painter(&image_);
+        painter.setPen(line);
+        for (int row = 1; row < rows; ++row) {
+            const int y = static_cast<int>(row * cell_.height() * zoom);
+            painter.drawLine(0, y, image_.width(), y);
+        }
+    }
 
-QImage drawSheet(narrator::Figure& figure, int poses)
+    void paint(narrator::Figure& figure, const narrator::Pose& pose, int column, int row)
+    {
+        QPainter painter(&image_);
+        painter.scale(zoom_, zoom_);
+        painter.translate(column * cell_.width() + sideMargin, row * cell_.height() + topMargin);
+        painter.setClipRect(QRect(QPoint(-sideMargin, -topMargin), cell_));
+        figure.paint(painter, pose, zoom_);
+    }
+
+    [[nodiscard]] const QImage& image() const { return image_; }
+
+private:
+    QSize cell_;
+    QImage image_;
+    double zoom_;
+};
+
+void drawRow(Sheet& sheet, narrator::Figure& figure, const narrator::Gesture& gesture, int poses, int row)
 {
     const narrator::Rig& rig = figure.rig();
-    const QSize cell(rig.size.toSize() + QSize(2 * sideMargin, 10));
-    const int rows = static_cast<int>(rig.gestures.size());
-    QImage sheet(cell.width() * poses, cell.height() * rows, QImage::Format_ARGB32_Premultiplied);
+    for (int column = 0; column < poses; ++column) {
+        const double time = gesture.lengthMs * (column + 1) / (poses + 1);
+        sheet.paint(figure, narrator::poseAt(rig, {&gesture, rig.rest}, time), column, row);
+    }
+}
+
+} // namespace
+
+QImage drawGesture(narrator::Figure& figure, const narrator::Gesture& gesture, int poses, double zoom)
+{
+    Sheet sheet(figure.rig(), poses, 1, zoom);
+    drawRow(sheet, figure, gesture, poses, 0);
+    return sheet.image();
+}
+
+QImage drawMouths(narrator::Figure& figure)
+{
+    constexpr double zoom = 2;
+    constexpr int columns = 3;
+    const narrator::Rig& rig = figure.rig();
+    const QSize face(rig.size.toSize().width() * 3 / 5, rig.size.toSize().height() / 2);
+    const QSize cell = face * zoom;
+    const int rows = (static_cast<int>(narrator::mouthShapeCount) + columns - 1) / columns;
+    QImage sheet(cell.width() * columns, cell.height() * rows, QImage::Format_ARGB32_Premultiplied);
     sheet.fill(background);
-    QPainter painter(&sheet);
-    for (int row = 0; row < rows; ++row) {
-        const narrator::Gesture& gesture = rig.gestures[static_cast<std::size_t>(row)];
-        for (int column = 0; column < poses; ++column) {
-            const double time = gesture.lengthMs * (column + 1) / (poses + 1);
-            const narrator::Pose pose = narrator::poseAt(rig, {&gesture, rig.rest}, time);
-            painter.save();
-            painter.translate(column * cell.width() + sideMargin, row * cell.height() + 5);
-            figure.paint(painter, pose, 1);
-            painter.restore();
-        }
-        painter.setPen(line);
-        painter.drawLine(0, row * cell.height(), sheet.width(), row * cell.height());
+    for (int i = 0; i < static_cast<int>(narrator::mouthShapeCount); ++i) {
+        narrator::Pose pose = rig.rest;
+        narrator::shapeMouth(rig, pose, static_cast<narrator::MouthShape>(i));
+        QPainter painter(&sheet);
+        painter.setClipRect(QRect(QPoint(i % columns * cell.width(), i / columns * cell.height()), cell));
+        painter.translate(painter.clipBoundingRect().topLeft());
+        painter.scale(zoom, zoom);
+        painter.translate((face.width() - rig.size.width()) / 2, 0);
+        figure.paint(painter, pose, zoom);
     }
     return sheet;
+}
+
+QImage drawOverview(narrator::Figure& figure, int columns, double zoom)
+{
+    const narrator::Rig& rig = figure.rig();
+    const int count = static_cast<int>(rig.gestures.size());
+    Sheet sheet(rig, columns, (count + columns - 1) / columns, zoom);
+    for (int i = 0; i < count; ++i) {
+        const narrator::Gesture& gesture = rig.gestures[static_cast<std::size_t>(i)];
+        const narrator::Pose pose = narrator::poseAt(rig, {&gesture, rig.rest}, gesture.lengthMs / 2);
+        sheet.paint(figure, pose, i % columns, i / columns);
+    }
+    return sheet.image();
+}
+
+QImage drawSheet(narrator::Figure& figure, int poses, double zoom)
+{
+    const std::vector<narrator::Gesture>& gestures = figure.rig().gestures;
+    Sheet sheet(figure.rig(), poses, static_cast<int>(gestures.size()), zoom);
+    for (std::size_t row = 0; row < gestures.size(); ++row) {
+        drawRow(sheet, figure, gestures[row], poses, static_cast<int>(row));
+    }
+    return sheet.image();
 }
