@@ -47,7 +47,7 @@ public:
                 work();
                 transaction.commit();
             } else {
-                const auto result = work();
+                auto result = work();
                 transaction.commit();
                 return result;
             }
