@@ -36,7 +36,7 @@ protected:
     /// Tells SAVE while browsing what is missing; false then.
     [[nodiscard]] bool requireAdding();
     /// Turns the mode with the buttons that go with it.
-    void setAdding(bool adding);
+    void setAdding(bool on);
 
     /// Fills the boxes from the current row, or empties them if there is none.
     virtual void displayrow() = 0;
