@@ -125,6 +125,10 @@ private:
             note(desk, "close");
             owner_.form(desk.screen).parentWidget()->close(); // never asks
             EXPECT_EQ(owner_.dialogs.take(), "");
+        } else if (choice < 4) {
+            for (std::size_t box = 0; box < desk.boxes.size(); ++box) {
+                change(desk, box, firstUseful);
+            }
         } else if (choice < 14) {
             change(desk, static_cast<std::size_t>(pick(static_cast<int>(desk.boxes.size()))));
         } else {
@@ -139,17 +143,22 @@ private:
             lastActions.erase(0, 500);
     }
 
-    void change(Desk& desk, std::size_t box)
+    /// The texts from here on may be written.
+    static constexpr int firstUseful = 2;
+
+    void change(Desk& desk, std::size_t box, int firstText = 0)
     {
         static const char* const texts[] = {
             "", " ", "a", "b ", " c", "D", "it's;--", "\u05E9\u05DC", "long enough"};
         auto& control = owner_.control<QWidget>(desk.screen, desk.boxes[box]);
         if (auto* list = dynamic_cast<ChoiceList*>(&control)) {
             list->setFocus();
-            if (list->count() > 0)
-                list->setCurrentIndex(pick(list->count()));
+            const int empty = list->findText({}) == 0 && firstText > 0 ? 1 : 0;
+            if (list->count() > empty)
+                list->setCurrentIndex(empty + pick(list->count() - empty));
         } else {
-            const QString text = QString::fromUtf8(texts[pick(std::size(texts))]);
+            const QString text =
+                QString::fromUtf8(texts[firstText + pick(static_cast<int>(std::size(texts)) - firstText)]);
             note(desk, std::string(desk.boxes[box]) + "=" + text.toStdString());
             owner_.run(desk.screen, QString(desk.boxes[box]) + "=" + text);
         }
@@ -178,7 +187,7 @@ private:
         const bool moves =
             button == "cmdfirst" || button == "cmdlast" || button == "cmdnext" || button == "cmdprevious";
         const bool asks = desk.tracks && desk.modified && !desk.adding && (moves || button == "cmdexit");
-        const bool yes = pick(2) == 0;
+        const bool yes = pick(button == "cmddelete" ? 4 : 2) == 0;
         owner_.dialogs.answers = yes ? "y" : "n";
         Table& table = tables_[desk.table];
         control.setFocus(); // as a click does, before the handler looks at the boxes
