@@ -50,7 +50,7 @@ protected:
     /// Closes the box that is open, whose text, icon and buttons are these.
     void confirm(const std::string& box, const char* keys = "\r")
     {
-        EXPECT_EQ(desk->answerByKey(keys).summary(), "Admin | " + box);
+        EXPECT_EQ(desk->answer(keys).summary(), "Admin | " + box);
     }
 
     void leaveEditor()

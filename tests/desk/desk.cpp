@@ -102,6 +102,15 @@ Scene Desk::until(const std::string& what, const std::function<bool(const Scene&
     return scene;
 }
 
+Scene Desk::untilStays(const std::string& what, const std::function<bool(const Scene&)>& holds)
+{
+    int looks = 0;
+    return until(what, [&](const Scene& scene) {
+        looks = holds(scene) ? looks + 1 : 0;
+        return looks > 7;
+    });
+}
+
 Scene Desk::untilFocus(const QString& screen, const QString& control)
 {
     return until("the focus in " + control.toStdString(),
@@ -145,11 +154,7 @@ void Desk::click(const QString& screen, const QString& control, int times)
 
 void Desk::untilKeyboard(Window window)
 {
-    int looks = 0;
-    until("the keyboard", [&](const Scene&) {
-        looks = display->focused() == window ? looks + 1 : 0;
-        return looks > 5;
-    });
+    untilStays("the keyboard", [&](const Scene&) { return display->focused() == window; });
 }
 
 ShownWindow Desk::box()
@@ -160,28 +165,19 @@ ShownWindow Desk::box()
     return scene.at("box");
 }
 
-ShownWindow Desk::answer(const QString& button)
+ShownWindow Desk::answer(const QString& buttonOrKeys)
 {
     const ShownWindow open = box();
-    display->click(aim(open.window, button));
-    untilGone(open);
-    return open;
-}
-
-ShownWindow Desk::answerByKey(const QString& keys)
-{
-    const ShownWindow open = box();
-    untilKeyboard(open.window);
-    display->type(keys);
-    untilGone(open);
-    return open;
-}
-
-void Desk::untilGone(const ShownWindow& box)
-{
-    until("the end of the box \"" + box.text.toStdString() + "\"", [&](const Scene& scene) {
-        return !std::ranges::count(scene.windows, box.window, &ShownWindow::window);
+    if (open.controls.contains(buttonOrKeys)) {
+        display->click(aim(open.window, buttonOrKeys));
+    } else {
+        untilKeyboard(open.window);
+        display->type(buttonOrKeys);
+    }
+    until("the end of: " + open.summary(), [&](const Scene& scene) {
+        return !std::ranges::count(scene.windows, open.window, &ShownWindow::window);
     });
+    return open;
 }
 
 void Desk::enterName(const QString& name)

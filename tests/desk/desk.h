@@ -32,6 +32,8 @@ public:
     [[nodiscard]] Scene look();
     /// Looks until `holds`; throws std::runtime_error if it does not within the deadline.
     Scene until(const std::string& what, const std::function<bool(const Scene&)>& holds);
+    /// The same, and that it has held for a moment.
+    Scene untilStays(const std::string& what, const std::function<bool(const Scene&)>& holds);
     Scene untilFocus(const QString& screen, const QString& control);
     /// Waits until these windows are shown and no other.
     Scene untilOnly(const std::string& names);
@@ -40,15 +42,13 @@ public:
     QPoint aim(const QString& screen, const QString& control);
     QPoint aim(Window window, const QString& control);
     void click(const QString& screen, const QString& control, int times = 1);
-    /// Waits until the window has the keyboard, and has had it for a moment: a window manager may move the
-    /// focus to and fro while windows come and go.
+    /// A window manager may move the focus to and fro while windows come and go.
     void untilKeyboard(Window window);
     /// Waits for a box, which must be the only one.
     ShownWindow box();
-    /// Presses a button of the box that is open and waits until that box is gone; returns it.
-    ShownWindow answer(const QString& button);
-    /// The same with keys.
-    ShownWindow answerByKey(const QString& keys);
+    /// Presses a button of the box that is open, or else these keys, and waits until that box is gone;
+    /// returns it.
+    ShownWindow answer(const QString& buttonOrKeys);
     /// Waits until the name prompt takes text; then types over what stands in it and presses Enter, or
     /// cancels it for an empty name.
     void enterName(const QString& name);
@@ -65,8 +65,6 @@ public:
     [[nodiscard]] QProcessEnvironment environment() const;
 
 private:
-    void untilGone(const ShownWindow& box);
-
     QTemporaryDir room_; ///< sockets and notes; nothing of the program's
     DeskSettings settings_;
     QByteArray displayName_;

@@ -9,6 +9,7 @@
 #include <span>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <utility>
 
@@ -166,13 +167,6 @@ QImage Display::picture(QRect area) const
     return QImage(xcb_get_image_data(image.get()), area.width(), area.height(), QImage::Format_RGB32).copy();
 }
 
-xcb_atom_t Display::atom(std::string_view name) const
-{
-    const auto length = static_cast<std::uint16_t>(name.size());
-    return answer(connection_, xcb_intern_atom(connection_, 0, length, name.data()), xcb_intern_atom_reply)
-        ->atom;
-}
-
 bool Display::isManaged()
 {
     const Window probe = xcb_generate_id(connection_);
@@ -191,6 +185,11 @@ bool Display::isManaged()
 
 void Display::askToClose(Window window)
 {
+    const auto atom = [this](std::string_view name) {
+        const auto length = static_cast<std::uint16_t>(name.size());
+        const auto cookie = xcb_intern_atom(connection_, 0, length, name.data());
+        return answer(connection_, cookie, xcb_intern_atom_reply)->atom;
+    };
     xcb_client_message_event_t event = {};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;

@@ -8,7 +8,6 @@
 #include <xcb/xcb.h>
 
 #include <cstdint>
-#include <string_view>
 
 namespace desk {
 
@@ -51,7 +50,6 @@ public:
 
 private:
     void fake(std::uint8_t type, std::uint8_t detail, QPoint point = {});
-    [[nodiscard]] xcb_atom_t atom(std::string_view name) const;
     /// The window's ancestor that is a child of the root, or the window itself.
     [[nodiscard]] Window frame(Window window) const;
 

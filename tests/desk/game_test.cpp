@@ -41,9 +41,9 @@ TEST_F(GameJourney, TakesBackAChoiceStaysAndLosesToTheSafeStep)
     }
     bank.execute("update questions set a = 1, b = 1, c = 1, d = 1");
     choose(wrong());
-    EXPECT_EQ(desk->answerByKey("\x1b").summary().substr(0, 18), "Orvanta |  shall I");
+    EXPECT_EQ(desk->answer("\x1b").summary().substr(0, 18), "Orvanta |  shall I");
     desk->click("orv", "leave");
-    EXPECT_EQ(desk->answerByKey("\x1b").summary(),
+    EXPECT_EQ(desk->answer("\x1b").summary(),
               "Orvanta | , are you sure you want to leave | no icon | No | Yes");
     const std::string twice = choice(wrong(), 2);
     const std::string correct =

@@ -85,14 +85,19 @@ QByteArray scene()
     return QJsonDocument(windows).toJson(QJsonDocument::Compact) + '\n';
 }
 
-/// Answers every line sent to its socket with the scene of the moment.
-class Inspector final : public QObject
+/// Brings into any Qt program whose environment asks for it a socket that answers every line with the scene
+/// of the moment.
+class InspectorPlugin final : public QGenericPlugin
 {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "inspector.json")
+
 public:
-    Inspector()
+    QObject* create(const QString&, const QString&) override
     {
-        connect(&server_, &QLocalServer::newConnection, this, [this] {
-            QLocalSocket* const visitor = server_.nextPendingConnection();
+        auto* server = new QLocalServer;
+        connect(server, &QLocalServer::newConnection, server, [server] {
+            QLocalSocket* const visitor = server->nextPendingConnection();
             connect(visitor, &QLocalSocket::readyRead, visitor, [visitor] {
                 while (visitor->canReadLine()) {
                     visitor->readLine();
@@ -100,21 +105,9 @@ public:
                 }
             });
         });
-        server_.listen(qEnvironmentVariable("DESK_INSPECTOR"));
+        server->listen(qEnvironmentVariable("DESK_INSPECTOR"));
+        return server;
     }
-
-private:
-    QLocalServer server_;
-};
-
-/// Brings an inspector into any Qt program whose environment asks for it.
-class InspectorPlugin final : public QGenericPlugin
-{
-    Q_OBJECT
-    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "inspector.json")
-
-public:
-    QObject* create(const QString&, const QString&) override { return new Inspector; }
 };
 
 } // namespace

@@ -30,4 +30,10 @@ Process::~Process()
     waitForFinished();
 }
 
+QByteArray Process::printed()
+{
+    waitForReadyRead(10); // without an event loop nothing else reads the pipes
+    return readAllStandardOutput() + readAllStandardError();
+}
+
 } // namespace desk

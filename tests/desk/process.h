@@ -14,7 +14,7 @@ public:
     ~Process() override;
 
     /// What it has printed since the last call, both streams.
-    [[nodiscard]] QByteArray printed() { return readAllStandardOutput() + readAllStandardError(); }
+    [[nodiscard]] QByteArray printed();
 
 private:
     qint64 group_ = 0;

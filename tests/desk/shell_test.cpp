@@ -31,7 +31,6 @@ TEST_F(ShellJourney, StartsOnADesktopOfAnotherScale)
     begin({.screen = {1920, 1080}, .scale = "1.5"});
     toQuestion();
     EXPECT_EQ(desk->display->place(desk->windowOf("orv")).size(), QSize(903, 651));
-    EXPECT_TRUE(says().startsWith("Question 1.")) << says().toStdString();
 }
 
 TEST_F(ShellJourney, SaysInOneSentenceThatThereIsNoDisplay)

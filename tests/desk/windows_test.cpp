@@ -32,15 +32,11 @@ protected:
         QStringList wanted = order_;
         if (!dialog.isEmpty())
             wanted << dialog;
-        QStringList seen;
-        EXPECT_NO_THROW(desk->until("their order", [&](const Scene& scene) {
-            seen = fromBelow(scene);
-            return seen == wanted;
-        })) << seen.join(' ').toStdString();
-        for (const char* below : {"back", "host"}) {
-            const ShownWindow* window = desk->look().find(QString(below));
-            EXPECT_TRUE(window == nullptr || desk->display->focused() != window->window) << below;
-        }
+        const Scene scene = desk->untilStays(wanted.join(' ').toStdString() + " from below",
+                                             [&](const Scene& now) { return fromBelow(now) == wanted; });
+        for (const ShownWindow& window : scene.windows)
+            EXPECT_TRUE(window.window != desk->display->focused() ||
+                        (window.name != "back" && window.name != "host"));
     }
 
 private:
@@ -150,11 +146,7 @@ TEST_F(Windows, SlideVisiblyAndBackToTheSamePlace)
     EXPECT_GE(edges.size(), 5U);
     // Each of the hasty clicks counts, in its turn.
     desk->click("orv", "mws", 3);
-    int looks = 0;
-    desk->until("the closed ladder", [&](const Scene& scene) {
-        looks = slidTo(closed)(scene) ? looks + 1 : 0;
-        return looks > 8;
-    });
+    desk->untilStays("the closed ladder", slidTo(closed));
 }
 
 } // namespace desk
