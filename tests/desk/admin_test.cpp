@@ -1,5 +1,7 @@
 #include "player.h"
 
+#include <algorithm>
+
 namespace desk {
 
 /// The owner of the bank, who has nothing but a keyboard.

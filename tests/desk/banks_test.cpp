@@ -12,17 +12,19 @@ class BadBanks : public Player, public testing::WithParamInterface<const char*>
 TEST_P(BadBanks, AreToldAndLedOutOfUnchanged)
 {
     const std::string reason = GetParam();
+    const auto bytes = [this] {
+        QFile file(bank.path());
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
     QFile file(bank.path());
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     if (reason == "the file is missing") {
         file.remove();
         files.clear();
-    } else if (reason == "cannot be") {
+    } else if (reason == "cannot be" && file.open(QIODevice::WriteOnly)) {
         file.write("Once upon a time there was a quiz.");
+        file.close();
     }
-    file.seek(0);
-    const QByteArray before = file.readAll();
-    file.close(); // before the lock, which this would end
+    const QByteArray before = bytes(); // ahead of the lock, which this would end
     std::unique_ptr<SQLite::Database> holder;
     if (reason == "another program is using it") {
         holder = std::make_unique<SQLite::Database>(bank.path().toStdString(), SQLite::OPEN_READWRITE);
@@ -36,8 +38,7 @@ TEST_P(BadBanks, AreToldAndLedOutOfUnchanged)
     EXPECT_EQ(desk->answer("OK").summary(), farewell);
     desk->untilOnly("thank");
     holder.reset();
-    file.open(QIODevice::ReadOnly);
-    EXPECT_EQ(file.readAll(), before);
+    EXPECT_EQ(bytes(), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Banks, BadBanks,

@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 
 #include <algorithm>
+#include <chrono>
 #include <thread>
 
 namespace desk {

@@ -6,7 +6,6 @@
 #include <QLocalSocket>
 #include <QTemporaryDir>
 
-#include <chrono>
 #include <functional>
 #include <stdexcept>
 

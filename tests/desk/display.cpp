@@ -28,10 +28,7 @@ template <typename Cookie, typename Reply>
 std::unique_ptr<Reply, Free<Reply>> answer(xcb_connection_t* connection, Cookie cookie,
                                            Reply* (*fetch)(xcb_connection_t*, Cookie, xcb_generic_error_t**))
 {
-    xcb_generic_error_t* error = nullptr;
-    std::unique_ptr<Reply, Free<Reply>> reply(fetch(connection, cookie, &error));
-    std::free(error);
-    return reply;
+    return std::unique_ptr<Reply, Free<Reply>>(fetch(connection, cookie, nullptr));
 }
 
 constexpr xcb_keysym_t shiftSymbol = 0xffe1;

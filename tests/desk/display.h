@@ -48,6 +48,10 @@ public:
     /// Sends a window the message with which a window manager asks it to close.
     void askToClose(Window window);
 
+protected:
+    [[nodiscard]] xcb_connection_t* connection() const { return connection_; }
+    [[nodiscard]] Window root() const { return root_; }
+
 private:
     void fake(std::uint8_t type, std::uint8_t detail, QPoint point = {});
     /// The window's ancestor that is a child of the root, or the window itself.

@@ -2,7 +2,6 @@
 
 #include <QDir>
 
-#include <algorithm>
 #include <set>
 
 namespace desk {

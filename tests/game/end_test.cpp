@@ -30,7 +30,7 @@ TEST_F(ShowTest, AGameClosedFromOutsideSaysFarewellAndEndsTheProgram)
     // Asked again while it says so.
     desk.dialogs.expectNotice(
         "Thank you for playing. Visit www.orvanta.example for updates and more questions.",
-        [this] { desk.form("orv").close(); });
+        [this] { desk.screens.close("orv"); });
     desk.form("orv").close();
     EXPECT_EQ(desk.hostLog(),
               "Stop\nSpeak Visit us at www.orvanta.example for updates and more questions.\nPlay Announce");
