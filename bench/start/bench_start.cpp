@@ -96,7 +96,7 @@ public:
 private:
     start::Server server_;
     Program manager_;
-    Display display_{server_.name()};
+    Display display_{QByteArray::fromStdString(server_.name())};
 };
 
 /// The newest window called `title`, once `count` of that name have come that are not among `known`.
@@ -136,10 +136,10 @@ Program launch(Display& display, const Subject& subject)
 /// Presses Return in the window; what was on the desktop just before.
 std::set<xcb_window_t> confirm(Display& display, xcb_window_t window)
 {
-    waitFor("the keyboard", [&] { return display.isActive(window); });
+    waitFor("the keyboard", [&] { return display.focused() == window; });
     std::this_thread::sleep_for(200ms);
     const auto known = display.windows();
-    display.pressReturn();
+    display.type("\r");
     return {known.begin(), known.end()};
 }
 

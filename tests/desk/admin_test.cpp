@@ -1,90 +1,65 @@
 #include "player.h"
 
+#include <algorithm>
+
 namespace desk {
 
 /// The owner of the bank, who has nothing but a keyboard.
 class OwnerJourney : public Player
 {
 protected:
-    /// Presses keys: "alt+x", the names of keys, or else a text to type.
-    void press(std::initializer_list<const char*> keys)
-    {
-        for (const QString key : keys) {
-            if (key.startsWith("alt+"))
-                desk->display->pressAlt(key.back().toLatin1());
-            else if (key == "tab" || key == "enter" || key == "down" || key == "end")
-                desk->display->press(key == "tab"     ? Display::Tab
-                                     : key == "enter" ? Display::Return
-                                     : key == "down"  ? Display::Down
-                                                      : Display::End);
-            else
-                desk->display->type(key);
-        }
-    }
+    void type(const QString& keys) { desk->display->type(keys); }
 
-    void waitFor(const char* screen, const char* control, const QString& text)
+    void waitFor(const char* control, const QString& text)
     {
         desk->until(QString("%1 to show %2").arg(control, text).toStdString(), [&](const Scene& scene) {
-            const ShownWindow* window = scene.find(screen);
-            return window != nullptr && window->controls.contains(control) &&
-                   window->textOf(control) == text && scene.boxes.empty();
+            return scene.names() == "admin" && scene.at("admin").controls.contains(control) &&
+                   scene.control("admin", control).text == text;
         });
     }
 
-    void waitForFocus(const char* screen, const char* control)
+    void logIn(const QString& password)
     {
-        desk->until(std::string("the focus in ") + control, [&](const Scene& scene) {
-            const ShownWindow* window = scene.find(screen);
-            return window != nullptr && window->controls.contains(control) && window->control(control).focus;
-        });
+        desk->untilFocus("userselect", "contestant");
+        type("\t "); // the other button
+        desk->untilFocus("login", "username");
+        type("owner\t" + password + "\r");
     }
 
-    void logIn(const char* password)
+    /// Presses the keys of a menu of the console and of its item.
+    void choose(const QString& letter, const char* menu, const QString& item)
     {
-        waitForFocus("userselect", "contestant");
-        press({"tab", " "}); // the other button
-        waitForFocus("login", "username");
-        press({"owner", "tab", password, "enter"});
-    }
-
-    void choose(char letter, const char* menu, const char* item)
-    {
-        desk->until("the keyboard in the console", [&](const Scene& scene) {
-            return scene.screens() == "admin" && scene.boxes.empty() &&
-                   desk->hasKeyboard(scene.at("admin").window);
-        });
-        desk->display->pressAlt(letter);
+        desk->untilKeyboard(desk->untilOnly("admin").at("admin").window);
+        type("&" + letter);
         desk->until("the menu", [&](const Scene& scene) { return scene.shows(menu); });
-        press({item});
+        type(item);
     }
 
     /// Walks on by Tab until a control has the focus.
     void focusOn(const char* control)
     {
         const auto focused = [](const Scene& scene) {
-            QString name;
-            for (const auto& [each, state] : scene.at("admin").controls)
-                name = state.focus ? each : name;
-            return name;
+            return std::ranges::find_if(scene.at("admin").controls,
+                                        [](const auto& each) { return each.second.focus; })
+                ->first;
         };
-        for (QString at = focused(desk->look()); at != control;) {
-            press({"tab"});
+        for (QString at = focused(desk->look()); at != control; at = focused(desk->look())) {
+            type("\t");
             desk->until("the focus to move", [&](const Scene& scene) { return focused(scene) != at; });
-            at = focused(desk->look());
         }
     }
 
-    std::string boxText() { return desk->box().summary(); }
-
-    /// Answers the box that is open by keyboard.
-    void confirm(const char* key)
+    /// Closes the box that is open, whose text, icon and buttons are these.
+    void confirm(const std::string& box, const char* keys = "\r")
     {
-        const Window box = desk->box().window;
-        desk->until("the keyboard in the box", [&](const Scene&) { return desk->hasKeyboard(box); });
-        press({key});
-        desk->until("the box to go", [&](const Scene& scene) {
-            return std::ranges::none_of(scene.boxes, [&](const Box& open) { return open.window == box; });
-        });
+        EXPECT_EQ(desk->answer(keys).summary(), "Admin | " + box);
+    }
+
+    void leaveEditor()
+    {
+        type("&x");
+        desk->until("the editor to close",
+                    [](const Scene& scene) { return !scene.at("admin").controls.contains("cmdnext"); });
     }
 };
 
@@ -93,80 +68,61 @@ TEST_F(OwnerJourney, KeepsTheBankByKeyboardAlone)
     bank.execute("insert into users values ('owner', 'first')");
     begin();
     logIn("wrong");
-    EXPECT_EQ(boxText(), "Admin | Invalid Username/Password | no icon | OK");
-    confirm("enter");
-    waitForFocus("login", "password");
-    press({"end"});
-    for (int i = 0; i < 5; ++i)
-        desk->display->press(Display::BackSpace);
-    press({"first", "enter"});
-    desk->until("the console", [](const Scene& scene) { return scene.screens() == "admin"; });
+    confirm("Invalid Username/Password | no icon | OK");
+    desk->untilFocus("login", "password");
+    type(QString(endKey) + "\b\b\b\b\bfirst\r");
 
-    choose('f', "file", "q");
-    waitFor("admin", "questionid", "11");
-    waitForFocus("admin", "question");
-    press({"alt+a"});
-    waitFor("admin", "questionid", "");
-    press({"Who", "tab", "one", "tab", "two", "tab", "three", "tab", "four", "tab", "down", "down", "tab",
-           "2", "alt+s"});
-    EXPECT_EQ(boxText(), "Admin | Successfully Saved | no icon | OK");
-    confirm("enter");
-    waitFor("admin", "questionid", "36");
+    choose("f", "file", "q");
+    waitFor("questionid", "11");
+    desk->untilFocus("admin", "question");
+    type("&a");
+    waitFor("questionid", "");
+    type("Who\tone\ttwo\tthree\tfour\t" + QString(2, downKey) + "\t2&s");
+    confirm("Successfully Saved | no icon | OK");
+    waitFor("questionid", "36");
     EXPECT_EQ(
         bank.value("select question || answer1 || answer4 || correct_answer || Level || a || d from questions"
                    " where question_id = 36"),
         "Whoonefourtwo211");
 
     focusOn("cmdfirst");
-    press({" "});
-    waitFor("admin", "questionid", "11");
+    type(" ");
+    waitFor("questionid", "11");
     focusOn("question");
-    press({"end", " x"});
+    type(endKey + QString(" x"));
     focusOn("cmdnext");
-    press({" "});
-    EXPECT_EQ(boxText(),
-              "Admin | The Current Record has been modified do you wish to Update it? | no icon | No | Yes");
-    confirm("alt+y");
+    type(" ");
+    confirm("The Current Record has been modified do you wish to Update it? | no icon | No | Yes", "&y");
     // Passing through the list of answers has emptied it.
-    EXPECT_EQ(boxText(), "Admin | The Following Errors have occured. Please correct them\nCorrect Answer Not "
-                         "Selected\n | no icon | OK");
-    confirm("enter");
-    waitFor("admin", "questionid", "12");
-    press({"alt+d"});
-    EXPECT_EQ(boxText(), "Admin | Are you sure ? | no icon | No | Yes");
-    confirm("alt+y");
-    EXPECT_EQ(boxText(), "Admin | Successfully deleted | no icon | OK");
-    confirm("enter");
-    waitFor("admin", "question", "Question 1.1");
+    confirm("The Following Errors have occured. Please correct them\nCorrect Answer Not Selected\n | no icon "
+            "| OK");
+    waitFor("questionid", "12");
+    type("&d");
+    confirm("Are you sure ? | no icon | No | Yes", "&y");
+    confirm("Successfully deleted | no icon | OK");
+    waitFor("question", "Question 1.1");
     focusOn("question");
-    press({"end", " x", "alt+u"});
-    EXPECT_EQ(boxText(), "Admin | Record Updated | information | OK");
-    confirm("enter");
+    type(endKey + QString(" x&u"));
+    confirm("Record Updated | information | OK");
     EXPECT_EQ(
         bank.value("select group_concat(question_id || question) from questions where question_id < 14"),
         "11Question 1.1 x,13Question 1.3");
-    press({"alt+x"});
-    desk->until("the editor to close",
-                [](const Scene& scene) { return !scene.at("admin").controls.contains("cmdnext"); });
+    leaveEditor();
 
-    choose('m', "msg", "m");
-    waitForFocus("admin", "message");
-    press({"alt+a", "Sure", "alt+s"});
-    EXPECT_EQ(boxText(), "Admin | Successfully Saved | information | OK");
-    confirm("enter");
+    choose("m", "msg", "m");
+    desk->untilFocus("admin", "message");
+    type("&aSure&s");
+    confirm("Successfully Saved | information | OK");
     EXPECT_EQ(bank.value("select group_concat(message, '|') from locking"), "shall I lock it?|Sure");
-    press({"alt+x"});
-    desk->until("the editor to close",
-                [](const Scene& scene) { return !scene.at("admin").controls.contains("cmdnext"); });
+    leaveEditor();
 
-    choose('u', "users", "c");
-    waitForFocus("admin", "username");
-    press({"owner", "tab", "first", "tab", "second", "tab", "second", "alt+c"});
-    EXPECT_EQ(boxText(), "Admin | Password Changed Successfully | no icon | OK");
-    confirm("enter");
-    choose('f', "file", "x");
+    choose("u", "users", "c");
+    desk->untilFocus("admin", "username");
+    type("owner\tfirst\tsecond\tsecond&c");
+    confirm("Password Changed Successfully | no icon | OK");
+    choose("f", "file", "x");
     logIn("second");
-    desk->until("the console", [](const Scene& scene) { return scene.screens() == "admin"; });
+    desk->untilOnly("admin");
 }
 
 } // namespace desk

@@ -4,6 +4,7 @@
 #include <QJsonDocument>
 
 #include <algorithm>
+#include <chrono>
 #include <thread>
 
 namespace desk {
@@ -13,7 +14,7 @@ using namespace std::chrono_literals;
 namespace {
 
 // Long enough for a busy machine; a condition that holds is seen at once.
-constexpr std::chrono::milliseconds deadline = 20s;
+constexpr std::chrono::duration<int, std::milli> deadline = 20s;
 constexpr std::chrono::milliseconds glance = 8ms;
 
 template <typename Condition>
@@ -28,18 +29,22 @@ bool holdsInTime(const Condition& condition)
     return true;
 }
 
-QByteArray contents(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 } // namespace
 
-Desk::Desk(const DeskSettings& settings) : scale_(settings.scale)
+Desk::Desk(const DeskSettings& settings) : settings_(settings)
 {
-    startDisplay(settings);
-    startManager(settings);
+    const QString size =
+        QStringLiteral("%1x%2x24").arg(settings.screen.width()).arg(settings.screen.height());
+    server_ = std::make_unique<Process>(
+        "Xvfb", QStringList{"-displayfd", "1", "-screen", "0", size, "-nolisten", "tcp", "-noreset"},
+        environment());
+    while (!server_->canReadLine() && server_->waitForReadyRead()) {
+    }
+    displayName_ = ":" + server_->readLine().trimmed();
+    display = std::make_unique<Display>(displayName_);
+    manager_ = std::make_unique<Process>(settings.manager, QStringList(), environment());
+    if (!holdsInTime([this] { return display->isManaged(); }))
+        throw std::runtime_error("no window manager: " + manager_->printed().toStdString());
 }
 
 // Nothing of the desktop on which the tests happen to run gets through.
@@ -55,27 +60,6 @@ QProcessEnvironment Desk::environment() const
     return result;
 }
 
-void Desk::startDisplay(const DeskSettings& settings)
-{
-    const QString size =
-        QStringLiteral("%1x%2x24").arg(settings.screen.width()).arg(settings.screen.height());
-    server_ = std::make_unique<Process>(
-        Command{.program = "Xvfb",
-                .arguments = {"-displayfd", "1", "-screen", "0", size, "-nolisten", "tcp", "-noreset"},
-                .environment = environment()});
-    displayName_ = ":" + server_->firstLine(deadline).trimmed();
-    display = std::make_unique<Display>(displayName_);
-}
-
-void Desk::startManager(const DeskSettings& settings)
-{
-    manager_ = std::make_unique<Process>(Command{
-        .program = settings.manager, .environment = environment(), .log = room_.filePath("manager.log")});
-    if (!holdsInTime([this] { return display->isManaged(); }))
-        throw std::runtime_error("no window manager: " +
-                                 contents(room_.filePath("manager.log")).toStdString());
-}
-
 void Desk::start(const QString& directory)
 {
     const QString socket = room_.filePath("inspector");
@@ -84,15 +68,13 @@ void Desk::start(const QString& directory)
     variables.insert("QT_QPA_GENERIC_PLUGINS", "orvantainspector");
     variables.insert("DESK_INSPECTOR", socket);
     variables.insert("DESK_OPENED", room_.filePath("opened"));
-    if (!scale_.isEmpty())
-        variables.insert("QT_SCALE_FACTOR", scale_);
-    program_ = std::make_unique<Process>(
-        Command{.program = DESK_PROGRAM, .environment = variables, .directory = directory});
+    variables.insert("QT_SCALE_FACTOR", settings_.scale);
+    program_ = std::make_unique<Process>(DESK_PROGRAM, QStringList(), variables, directory);
     const bool connected = holdsInTime([&] {
         inspector_.connectToServer(socket);
-        return inspector_.waitForConnected(0) || program_->ended();
+        return inspector_.waitForConnected(0) || program_->waitForFinished(0);
     });
-    if (!connected || program_->ended())
+    if (!connected || program_->state() == QProcess::NotRunning)
         throw std::runtime_error("the program does not start: " + printed().toStdString());
     until("the first window", [](const Scene& scene) { return !scene.windows.empty(); });
 }
@@ -100,18 +82,13 @@ void Desk::start(const QString& directory)
 Scene Desk::look()
 {
     inspector_.write("look\n");
-    const auto end = std::chrono::steady_clock::now() + deadline;
-    while (!inspector_.canReadLine()) {
-        inspector_.waitForReadyRead(100);
-        if (inspector_.state() != QLocalSocket::ConnectedState && !inspector_.canReadLine()) {
-            Scene none;
-            none.ended = true;
-            return none;
-        }
-        if (std::chrono::steady_clock::now() > end)
-            throw std::runtime_error("the program does not answer any more");
-    }
-    return Scene(QJsonDocument::fromJson(inspector_.readLine()).object());
+    const bool answers = holdsInTime([this] {
+        return inspector_.canReadLine() || inspector_.state() != QLocalSocket::ConnectedState ||
+               (inspector_.waitForReadyRead(100) && inspector_.canReadLine());
+    });
+    if (!answers)
+        throw std::runtime_error("the program does not answer any more");
+    return Scene(QJsonDocument::fromJson(inspector_.readLine()).array());
 }
 
 Scene Desk::until(const std::string& what, const std::function<bool(const Scene&)>& holds)
@@ -119,30 +96,47 @@ Scene Desk::until(const std::string& what, const std::function<bool(const Scene&
     Scene scene;
     const auto met = [&] {
         scene = look();
-        return holds(scene) || scene.ended;
+        return holds(scene);
     };
-    if (!holdsInTime(met) || (scene.ended && !holds(scene)))
+    if (!holdsInTime(met))
         throw std::runtime_error("waited in vain for " + what + "; there is: " + scene.description());
     return scene;
 }
 
-QPoint Desk::aimAt(const std::string& what, const std::function<const ShownWindow*(const Scene&)>& pick,
-                   const QString& control)
+Scene Desk::untilStays(const std::string& what, const std::function<bool(const Scene&)>& holds)
+{
+    int looks = 0;
+    return until(what, [&](const Scene& scene) {
+        looks = holds(scene) ? looks + 1 : 0;
+        return looks > 7;
+    });
+}
+
+Scene Desk::untilFocus(const QString& screen, const QString& control)
+{
+    return until("the focus in " + control.toStdString(),
+                 [&](const Scene& scene) { return scene.control(screen, control).focus; });
+}
+
+Scene Desk::untilOnly(const std::string& names)
+{
+    return until(names + " alone", [&](const Scene& scene) { return scene.names() == names; });
+}
+
+QPoint Desk::aim(Window window, const QString& control)
 {
     QPoint point;
-    until(what, [&](const Scene& scene) {
-        const ShownWindow* window = pick(scene);
-        if (window == nullptr)
+    until(control.toStdString() + " in reach", [&](const Scene& scene) {
+        const auto shown = std::ranges::find(scene.windows, window, &ShownWindow::window);
+        if (shown == scene.windows.end())
             return false;
-        const Control& target = window->control(control);
-        const QPoint corner = display->place(window->window).topLeft();
-        const QPoint now = corner + target.place.center();
+        const Control& target = shown->controls.at(control);
+        const QPoint now = display->place(window).topLeft() + target.place.center();
         const bool still = now == std::exchange(point, now);
         // The host hands on what is clicked through it.
         const ShownWindow* host = scene.find("host");
-        const bool reached =
-            display->reaches(now, window->window) ||
-            (host != nullptr && window->name == "orv" && display->reaches(now, host->window));
+        const bool reached = display->reaches(now, window) ||
+                             (host != nullptr && shown->name == "orv" && display->reaches(now, host->window));
         return still && target.visible && target.enabled && reached;
     });
     return point;
@@ -150,8 +144,8 @@ QPoint Desk::aimAt(const std::string& what, const std::function<const ShownWindo
 
 QPoint Desk::aim(const QString& screen, const QString& control)
 {
-    return aimAt((control + " of " + screen + " in reach").toStdString(),
-                 [&](const Scene& scene) { return scene.find(screen); }, control);
+    const Scene scene = until(screen.toStdString(), [&](const Scene& now) { return now.shows(screen); });
+    return aim(scene.at(screen).window, control);
 }
 
 void Desk::click(const QString& screen, const QString& control, int times)
@@ -159,69 +153,57 @@ void Desk::click(const QString& screen, const QString& control, int times)
     display->click(aim(screen, control), times);
 }
 
-bool Desk::hasKeyboard(Window window)
+void Desk::untilKeyboard(Window window)
 {
-    for (int look = 0; look < 6; ++look) {
-        if (display->focused() != window) {
-            return false;
-        }
-        std::this_thread::sleep_for(glance);
-    }
-    return true;
+    untilStays("the keyboard", [&](const Scene&) { return display->focused() == window; });
 }
 
-Box Desk::box()
+ShownWindow Desk::box()
 {
-    const Scene scene = until("a box", [](const Scene& now) { return !now.boxes.empty(); });
-    if (scene.boxes.size() != 1)
+    const Scene scene = until("a box", [](const Scene& now) { return now.shows("box"); });
+    if (std::ranges::count(scene.windows, "box", &ShownWindow::name) != 1)
         throw std::runtime_error("more than one box: " + scene.description());
-    return scene.boxes.front();
+    return scene.at("box");
 }
 
-Box Desk::answer(const QString& button, const Box& open)
+ShownWindow Desk::answer(const QString& buttonOrKeys)
 {
-    const auto pick = [&](const Scene& scene) -> const ShownWindow* {
-        const auto found = std::ranges::find(scene.boxes, open.window, &Box::window);
-        return found == scene.boxes.end() ? nullptr : &*found;
-    };
-    display->click(aimAt("the button " + button.toStdString(), pick, button));
-    until("the end of the box \"" + open.text.toStdString() + "\"",
-          [&](const Scene& scene) { return pick(scene) == nullptr; });
+    const ShownWindow open = box();
+    if (open.controls.contains(buttonOrKeys)) {
+        display->click(aim(open.window, buttonOrKeys));
+    } else {
+        untilKeyboard(open.window);
+        display->type(buttonOrKeys);
+    }
+    until("the end of: " + open.summary(), [&](const Scene& scene) {
+        return !std::ranges::count(scene.windows, open.window, &ShownWindow::window);
+    });
     return open;
 }
 
-Prompt Desk::enterName(const QString& name)
+void Desk::enterName(const QString& name)
 {
-    const Scene scene = until("the name prompt", [this](const Scene& now) {
-        return now.prompt && now.prompt->ready && hasKeyboard(now.prompt->window);
-    });
-    if (name.isEmpty()) {
-        display->press(Display::Escape);
-    } else {
-        display->type(name);
+    untilKeyboard(untilFocus("prompt", "entry").at("prompt").window);
+    display->type(name.isEmpty() ? "\x1b" : name);
+    if (!name.isEmpty()) {
         until("the name in the prompt",
-              [&](const Scene& now) { return now.prompt && now.prompt->value == name; });
-        display->press(Display::Return);
+              [&](const Scene& now) { return now.control("prompt", "entry").text == name; });
+        display->type("\r");
     }
-    until("the end of the name prompt", [](const Scene& now) { return !now.prompt; });
-    return *scene.prompt;
+    until("the end of the name prompt", [](const Scene& now) { return !now.shows("prompt"); });
 }
 
 int Desk::exitCode()
 {
-    if (!program_->ended(deadline))
+    if (!program_->waitForFinished(deadline.count()) && program_->state() != QProcess::NotRunning)
         throw std::runtime_error("the program does not end; there is: " + look().description());
-    return program_->exitCode();
-}
-
-QByteArray Desk::printed()
-{
-    return program_ ? program_->standardOutput() + program_->standardError() : QByteArray();
+    return program_->exitStatus() == QProcess::NormalExit ? program_->exitCode() : -1;
 }
 
 QByteArray Desk::opened() const
 {
-    return contents(room_.filePath("opened"));
+    QFile file(room_.filePath("opened"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace desk

@@ -6,7 +6,6 @@
 #include <QLocalSocket>
 #include <QTemporaryDir>
 
-#include <chrono>
 #include <functional>
 #include <stdexcept>
 
@@ -32,28 +31,31 @@ public:
     [[nodiscard]] Scene look();
     /// Looks until `holds`; throws std::runtime_error if it does not within the deadline.
     Scene until(const std::string& what, const std::function<bool(const Scene&)>& holds);
+    /// The same, and that it has held for a moment.
+    Scene untilStays(const std::string& what, const std::function<bool(const Scene&)>& holds);
+    Scene untilFocus(const QString& screen, const QString& control);
+    /// Waits until these windows are shown and no other.
+    Scene untilOnly(const std::string& names);
 
     /// Waits until a click on the middle of the control would reach its window; returns that point.
     QPoint aim(const QString& screen, const QString& control);
+    QPoint aim(Window window, const QString& control);
     void click(const QString& screen, const QString& control, int times = 1);
-    /// Whether the window has the keyboard, and has had it for a moment: a window manager may move the focus
-    /// to and fro while windows come and go.
-    [[nodiscard]] bool hasKeyboard(Window window);
+    /// A window manager may move the focus to and fro while windows come and go.
+    void untilKeyboard(Window window);
     /// Waits for a box, which must be the only one.
-    Box box();
-    /// Presses a button of the box that is open, or of the given one of several, and waits until that box is
-    /// gone; returns it.
-    Box answer(const QString& button) { return answer(button, box()); }
-    Box answer(const QString& button, const Box& open);
+    ShownWindow box();
+    /// Presses a button of the box that is open, or else these keys, and waits until that box is gone;
+    /// returns it.
+    ShownWindow answer(const QString& buttonOrKeys);
     /// Waits until the name prompt takes text; then types over what stands in it and presses Enter, or
     /// cancels it for an empty name.
-    Prompt enterName(const QString& name);
+    void enterName(const QString& name);
 
     /// Waits for the program's end; its exit code.
     int exitCode();
-    [[nodiscard]] bool running() { return program_ && !program_->ended(); }
-    /// All that the program has printed since the last call, both streams.
-    [[nodiscard]] QByteArray printed();
+    /// All that the program has printed since the last call.
+    [[nodiscard]] QByteArray printed() { return program_ ? program_->printed() : QByteArray(); }
     /// The addresses that the program had opened, one a line.
     [[nodiscard]] QByteArray opened() const;
     [[nodiscard]] Window windowOf(const QString& screen) { return look().at(screen).window; }
@@ -62,14 +64,9 @@ public:
     [[nodiscard]] QProcessEnvironment environment() const;
 
 private:
-    void startDisplay(const DeskSettings& settings);
-    void startManager(const DeskSettings& settings);
-    QPoint aimAt(const std::string& what, const std::function<const ShownWindow*(const Scene&)>& pick,
-                 const QString& control);
-
-    QTemporaryDir room_; ///< sockets, logs and notes; nothing of the program's
+    QTemporaryDir room_; ///< sockets and notes; nothing of the program's
+    DeskSettings settings_;
     QByteArray displayName_;
-    QString scale_;
     std::unique_ptr<Process> server_;
     std::unique_ptr<Process> manager_;
     std::unique_ptr<Process> program_;

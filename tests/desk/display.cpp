@@ -2,13 +2,16 @@
 
 #include <xcb/xtest.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
+#include <span>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <thread>
+#include <utility>
 
 namespace desk {
 
@@ -25,13 +28,12 @@ template <typename Cookie, typename Reply>
 std::unique_ptr<Reply, Free<Reply>> answer(xcb_connection_t* connection, Cookie cookie,
                                            Reply* (*fetch)(xcb_connection_t*, Cookie, xcb_generic_error_t**))
 {
-    xcb_generic_error_t* error = nullptr;
-    std::unique_ptr<Reply, Free<Reply>> reply(fetch(connection, cookie, &error));
-    std::free(error);
-    return reply;
+    return std::unique_ptr<Reply, Free<Reply>>(fetch(connection, cookie, nullptr));
 }
 
-constexpr std::uint32_t shiftSymbol = 0xffe1;
+constexpr xcb_keysym_t shiftSymbol = 0xffe1;
+constexpr xcb_keysym_t altSymbol = 0xffe9;
+constexpr xcb_keysym_t controlSymbols = 0xff00; // those of the keys for control characters follow it
 
 } // namespace
 
@@ -55,12 +57,6 @@ void Display::fake(std::uint8_t type, std::uint8_t detail, QPoint point)
                         static_cast<std::int16_t>(point.x()), static_cast<std::int16_t>(point.y()), 0);
 }
 
-void Display::moveTo(QPoint point)
-{
-    fake(XCB_MOTION_NOTIFY, 0, point);
-    xcb_flush(connection_);
-}
-
 void Display::click(QPoint point, int times)
 {
     fake(XCB_MOTION_NOTIFY, 0, point);
@@ -71,41 +67,40 @@ void Display::click(QPoint point, int times)
     xcb_flush(connection_);
 }
 
-void Display::type(const QString& text)
-{
-    for (const QChar letter : text)
-        tap(letter.unicode());
-}
-
-void Display::tap(std::uint32_t symbol, std::uint32_t held)
+void Display::type(const QString& keys)
 {
     const xcb_setup_t* setup = xcb_get_setup(connection_);
-    const auto keys = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
-    const auto map = answer(connection_, xcb_get_keyboard_mapping(connection_, setup->min_keycode, keys),
+    const auto count = static_cast<std::uint8_t>(setup->max_keycode - setup->min_keycode + 1);
+    const auto map = answer(connection_, xcb_get_keyboard_mapping(connection_, setup->min_keycode, count),
                             xcb_get_keyboard_mapping_reply);
     const xcb_keysym_t* symbols = xcb_get_keyboard_mapping_keysyms(map.get());
-    const auto find = [&](std::uint32_t wanted, int column) -> std::uint8_t {
-        for (int key = 0; key < keys; ++key) {
-            if (symbols[key * map->keysyms_per_keycode + column] == wanted)
-                return static_cast<std::uint8_t>(setup->min_keycode + key);
-        }
-        return 0;
+    const auto keyOf = [&](xcb_keysym_t symbol, int column) {
+        int key = 0;
+        while (key < count && symbols[key * map->keysyms_per_keycode + column] != symbol)
+            ++key;
+        return static_cast<std::uint8_t>(key < count ? setup->min_keycode + key : 0);
     };
-    const std::uint8_t plain = find(symbol, 0);
-    const std::uint8_t shifted = plain == 0 ? find(symbol, 1) : 0;
-    if (plain == 0 && shifted == 0)
-        throw std::runtime_error("the keyboard has no key for symbol " + std::to_string(symbol));
-    const std::uint8_t shift = find(shiftSymbol, 0);
-    if (shifted != 0)
-        fake(XCB_KEY_PRESS, shift);
-    if (held != 0)
-        fake(XCB_KEY_PRESS, find(held, 0));
-    fake(XCB_KEY_PRESS, plain + shifted);
-    fake(XCB_KEY_RELEASE, plain + shifted);
-    if (held != 0)
-        fake(XCB_KEY_RELEASE, find(held, 0));
-    if (shifted != 0)
-        fake(XCB_KEY_RELEASE, shift);
+    std::uint8_t held = 0;
+    for (const QChar each : keys) {
+        if (each == '&') {
+            held = keyOf(altSymbol, 0);
+            continue;
+        }
+        const xcb_keysym_t symbol = each < ' ' ? controlSymbols | each.unicode() : each.unicode();
+        std::uint8_t key = keyOf(symbol, 0);
+        if (key == 0) {
+            key = keyOf(symbol, 1);
+            held = keyOf(shiftSymbol, 0);
+        }
+        if (key == 0)
+            throw std::runtime_error("the keyboard has no key for symbol " + std::to_string(symbol));
+        if (held != 0)
+            fake(XCB_KEY_PRESS, held);
+        fake(XCB_KEY_PRESS, key);
+        fake(XCB_KEY_RELEASE, key);
+        if (held != 0)
+            fake(XCB_KEY_RELEASE, std::exchange(held, 0));
+    }
     xcb_flush(connection_);
 }
 
@@ -117,11 +112,6 @@ QRect Display::place(Window window) const
     if (!size || !corner)
         return {};
     return {corner->dst_x, corner->dst_y, size->width, size->height};
-}
-
-QRect Display::area() const
-{
-    return place(root_);
 }
 
 Window Display::frame(Window window) const
@@ -140,14 +130,9 @@ int Display::height(Window window) const
         answer(connection_, xcb_get_window_attributes(connection_, window), xcb_get_window_attributes_reply);
     if (!state || state->map_state != XCB_MAP_STATE_VIEWABLE)
         return -1;
-    const Window outermost = frame(window);
     const auto tree = answer(connection_, xcb_query_tree(connection_, root_), xcb_query_tree_reply);
-    const xcb_window_t* children = xcb_query_tree_children(tree.get());
-    for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
-        if (children[i] == outermost)
-            return i;
-    }
-    return -1;
+    const std::span children(xcb_query_tree_children(tree.get()), tree->children_len);
+    return static_cast<int>(std::ranges::find(children, frame(window)) - children.begin());
 }
 
 Window Display::focused() const
@@ -179,12 +164,6 @@ QImage Display::picture(QRect area) const
     return QImage(xcb_get_image_data(image.get()), area.width(), area.height(), QImage::Format_RGB32).copy();
 }
 
-xcb_atom_t Display::atom(const char* name) const
-{
-    const auto length = static_cast<std::uint16_t>(std::strlen(name));
-    return answer(connection_, xcb_intern_atom(connection_, 0, length, name), xcb_intern_atom_reply)->atom;
-}
-
 bool Display::isManaged()
 {
     const Window probe = xcb_generate_id(connection_);
@@ -201,28 +180,21 @@ bool Display::isManaged()
     return managed;
 }
 
-void Display::send(Window receiver, Window subject, const char* message, std::uint32_t value,
-                   std::uint32_t mask)
+void Display::askToClose(Window window)
 {
+    const auto atom = [this](std::string_view name) {
+        const auto length = static_cast<std::uint16_t>(name.size());
+        const auto cookie = xcb_intern_atom(connection_, 0, length, name.data());
+        return answer(connection_, cookie, xcb_intern_atom_reply)->atom;
+    };
     xcb_client_message_event_t event = {};
     event.response_type = XCB_CLIENT_MESSAGE;
     event.format = 32;
-    event.window = subject;
-    event.type = atom(message);
-    event.data.data32[0] = value;
-    xcb_send_event(connection_, 0, receiver, mask, reinterpret_cast<const char*>(&event));
+    event.window = window;
+    event.type = atom("WM_PROTOCOLS");
+    event.data.data32[0] = atom("WM_DELETE_WINDOW");
+    xcb_send_event(connection_, 0, window, 0, reinterpret_cast<const char*>(&event));
     xcb_flush(connection_);
-}
-
-void Display::askToClose(Window window)
-{
-    send(window, window, "WM_PROTOCOLS", atom("WM_DELETE_WINDOW"), XCB_EVENT_MASK_NO_EVENT);
-}
-
-void Display::closeByManager(Window window)
-{
-    send(root_, window, "_NET_CLOSE_WINDOW", XCB_CURRENT_TIME,
-         XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT);
 }
 
 } // namespace desk

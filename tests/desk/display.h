@@ -13,6 +13,10 @@ namespace desk {
 
 using Window = xcb_window_t;
 
+/// Keys without a letter, for Display::type().
+constexpr char16_t endKey = 0xff57;
+constexpr char16_t downKey = 0xff54;
+
 /// The user's side of an X display: hands on mouse and keyboard, eyes on the screen. All positions are in
 /// pixels from the screen's top left corner. What cannot be done throws std::runtime_error.
 class Display
@@ -23,21 +27,11 @@ public:
     Display(const Display&) = delete;
     Display& operator=(const Display&) = delete;
 
-    void moveTo(QPoint point);
+    /// Moves the mouse to a point and clicks there.
     void click(QPoint point, int times = 1);
-    /// Presses and releases the keys of a text of Latin letters, digits and blanks.
-    void type(const QString& text);
-    enum Key : std::uint32_t {
-        Tab = 0xff09,
-        Return = 0xff0d,
-        Escape = 0xff1b,
-        Down = 0xff54,
-        End = 0xff57,
-        BackSpace = 0xff08
-    };
-    void press(Key key) { tap(key); }
-    /// Presses a letter while Alt is held down.
-    void pressAlt(char letter) { tap(static_cast<std::uint32_t>(letter), alt); }
+    /// Presses and releases one key after another: letters, digits and blanks; "\r" is Enter, "\t" Tab, "\b"
+    /// the key that takes back, "\x1b" Escape; "&" holds Alt down for the key that follows.
+    void type(const QString& keys);
 
     /// Where a window stands; an empty rectangle if there is no such window.
     [[nodiscard]] QRect place(Window window) const;
@@ -47,21 +41,19 @@ public:
     /// Whether a click at `point` would go to `window`.
     [[nodiscard]] bool reaches(QPoint point, Window window) const;
     [[nodiscard]] QImage picture(QRect area) const;
-    [[nodiscard]] QRect area() const;
+    [[nodiscard]] QRect area() const { return place(root_); }
 
     /// Whether a window manager takes care of new windows; tries it with one of its own.
     [[nodiscard]] bool isManaged();
     /// Sends a window the message with which a window manager asks it to close.
     void askToClose(Window window);
-    /// Has the window manager close a window, as its close button does.
-    void closeByManager(Window window);
+
+protected:
+    [[nodiscard]] xcb_connection_t* connection() const { return connection_; }
+    [[nodiscard]] Window root() const { return root_; }
 
 private:
     void fake(std::uint8_t type, std::uint8_t detail, QPoint point = {});
-    static constexpr std::uint32_t alt = 0xffe9;
-    void tap(std::uint32_t symbol, std::uint32_t held = 0);
-    void send(Window receiver, Window subject, const char* message, std::uint32_t value, std::uint32_t mask);
-    [[nodiscard]] xcb_atom_t atom(const char* name) const;
     /// The window's ancestor that is a child of the root, or the window itself.
     [[nodiscard]] Window frame(Window window) const;
 

@@ -10,118 +10,94 @@
 #include <QLocalSocket>
 #include <QMessageBox>
 #include <QTimer>
-#include <QWindow>
 
 namespace {
 
 /// In the pixels of the display, seen from the top left corner of the widget's window.
 QJsonArray rectangle(const QWidget& widget)
 {
-    const double ratio = widget.devicePixelRatioF();
     const QPoint corner = widget.mapTo(widget.window(), QPoint());
-    return {corner.x() * ratio, corner.y() * ratio, widget.width() * ratio, widget.height() * ratio};
+    QJsonArray result;
+    for (const int length : {corner.x(), corner.y(), widget.width(), widget.height()})
+        result.append(qRound(length * widget.devicePixelRatioF()));
+    return result;
 }
 
 QString shownText(const QWidget& widget)
 {
-    for (const char* name : {"plainText", "text", "currentText"}) {
+    for (const char* name : {"plainText", "text", "currentText", "labelText"}) {
         const QVariant text = widget.property(name);
         if (text.isValid())
-            return text.toString();
+            return qobject_cast<const QAbstractButton*>(&widget) ? text.toString().remove('&')
+                                                                 : text.toString();
     }
     return {};
 }
 
+QString nameOf(const QWidget& control)
+{
+    if (qobject_cast<const QDialog*>(control.window()) == nullptr)
+        return control.objectName();
+    if (qobject_cast<const QAbstractButton*>(&control))
+        return shownText(control);
+    return qobject_cast<const QLineEdit*>(&control) ? "entry" : "";
+}
+
 QJsonObject described(const QWidget& widget)
 {
-    QString text = shownText(widget);
-    if (qobject_cast<const QAbstractButton*>(&widget))
-        text.remove('&');
-    return {{"text", text},
+    return {{"text", shownText(widget)},
             {"visible", widget.isVisible()},
             {"enabled", widget.isEnabled()},
             {"focus", widget.hasFocus()},
-            {"checked", widget.property("checked").toBool()},
-            {"opaque", widget.autoFillBackground()},
-            {"background", widget.palette().color(widget.backgroundRole()).name()},
             {"rectangle", rectangle(widget)}};
 }
 
-QJsonObject describedWindow(const QWidget& window)
+QJsonObject describedWindow(const QWidget& window, const QString& name)
 {
     QJsonObject controls;
     for (const QWidget* child : window.findChildren<QWidget*>()) {
-        if (child->window() == &window && !child->objectName().isEmpty())
-            controls[child->objectName()] = described(*child);
+        if (child->window() == &window && !nameOf(*child).isEmpty())
+            controls[nameOf(*child)] = described(*child);
     }
-    QJsonObject timers;
-    for (const QTimer* timer : window.findChildren<QTimer*>())
-        timers[timer->objectName()] = timer->isActive();
-    return {{"name", window.objectName()},   {"title", window.windowTitle()},
-            {"visible", window.isVisible()}, {"window", static_cast<qint64>(window.effectiveWinId())},
-            {"controls", controls},          {"timers", timers}};
-}
-
-template <typename Dialog>
-QJsonObject describedDialog(const Dialog& dialog)
-{
-    QJsonObject result = describedWindow(dialog);
-    QJsonObject buttons;
-    for (const QAbstractButton* button : dialog.template findChildren<QAbstractButton*>()) {
-        QJsonObject description = described(*button);
-        buttons[description["text"].toString()] = description;
+    for (const QTimer* timer : window.findChildren<QTimer*>()) {
+        if (!timer->objectName().isEmpty())
+            controls[timer->objectName()] = QJsonObject{{"enabled", timer->isActive()}};
     }
-    result["controls"] = buttons;
-    return result;
-}
-
-QJsonObject describedBox(const QMessageBox& box)
-{
-    QJsonObject result = describedDialog(box);
-    result["text"] = box.text();
-    result["icon"] = static_cast<int>(box.icon());
-    return result;
-}
-
-QJsonObject describedPrompt(const QInputDialog& prompt)
-{
-    QJsonObject result = describedDialog(prompt);
-    result["text"] = prompt.labelText();
-    result["value"] = prompt.textValue();
-    const auto* entry = prompt.findChild<QLineEdit*>();
-    result["ready"] = entry != nullptr && entry->hasFocus();
-    return result;
+    return {{"name", name},
+            {"title", window.windowTitle()},
+            {"text", shownText(window)},
+            {"icon", window.property("icon").toInt()},
+            {"window", static_cast<qint64>(window.effectiveWinId())},
+            {"controls", controls}};
 }
 
 /// All that is on the screen of this program, at this moment.
 QByteArray scene()
 {
     QJsonArray windows;
-    QJsonArray boxes;
-    QJsonArray prompts;
     for (const QWidget* widget : QApplication::topLevelWidgets()) {
-        if (const auto* box = qobject_cast<const QMessageBox*>(widget)) {
-            if (box->isVisible())
-                boxes.append(describedBox(*box));
-        } else if (const auto* prompt = qobject_cast<const QInputDialog*>(widget)) {
-            if (prompt->isVisible())
-                prompts.append(describedPrompt(*prompt));
-        } else if (widget->isVisible() && !widget->objectName().isEmpty()) {
-            windows.append(describedWindow(*widget));
-        }
+        const QString name = qobject_cast<const QMessageBox*>(widget)    ? "box"
+                             : qobject_cast<const QInputDialog*>(widget) ? "prompt"
+                                                                         : widget->objectName();
+        if (widget->isVisible() && !name.isEmpty())
+            windows.append(describedWindow(*widget, name));
     }
-    const QJsonObject all{{"windows", windows}, {"boxes", boxes}, {"prompts", prompts}};
-    return QJsonDocument(all).toJson(QJsonDocument::Compact) + '\n';
+    return QJsonDocument(windows).toJson(QJsonDocument::Compact) + '\n';
 }
 
-/// Answers every line sent to its socket with the scene of the moment.
-class Inspector final : public QObject
+/// Brings into any Qt program whose environment asks for it a socket that answers every line with the scene
+/// of the moment.
+class InspectorPlugin final : public QGenericPlugin
 {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "inspector.json")
+
 public:
-    Inspector()
+    QObject* create(const QString&, const QString&) override
     {
-        connect(&server_, &QLocalServer::newConnection, this, [this] {
-            QLocalSocket* const visitor = server_.nextPendingConnection();
+        auto* server = new QLocalServer;
+        connect(server, &QLocalServer::newConnection, server, [server] {
+            QLocalSocket* const visitor = server->nextPendingConnection();
             connect(visitor, &QLocalSocket::readyRead, visitor, [visitor] {
                 while (visitor->canReadLine()) {
                     visitor->readLine();
@@ -129,21 +105,9 @@ public:
                 }
             });
         });
-        server_.listen(qEnvironmentVariable("DESK_INSPECTOR"));
+        server->listen(qEnvironmentVariable("DESK_INSPECTOR"));
+        return server;
     }
-
-private:
-    QLocalServer server_;
-};
-
-/// Brings an inspector into any Qt program whose environment asks for it.
-class InspectorPlugin final : public QGenericPlugin
-{
-    Q_OBJECT
-    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "inspector.json")
-
-public:
-    QObject* create(const QString&, const QString&) override { return new Inspector; }
 };
 
 } // namespace

@@ -1,20 +1,11 @@
 #include "player.h"
 
 #include <QDir>
-#include <SQLiteCpp/SQLiteCpp.h>
-
-#include <algorithm>
 
 namespace desk {
 
 const char* const farewell = "Orvanta | Thank you for playing. Visit www.orvanta.example for updates and "
                              "more questions. | no icon | OK";
-
-namespace {
-
-const QStringList optionNames = {"option1", "option2", "option3", "option4"};
-
-} // namespace
 
 void Player::SetUp()
 {
@@ -26,14 +17,6 @@ void Player::TearDown()
 {
     if (!desk)
         return;
-    if (HasFailure()) {
-        const QString path =
-            QDir::temp().filePath(QStringLiteral("orvanta-desk-%1.png")
-                                      .arg(testing::UnitTest::GetInstance()->current_test_info()->name())
-                                      .replace('/', '-'));
-        desk->display->picture(desk->display->area()).save(path);
-        std::printf("the screen at the end: %s\n", qPrintable(path));
-    }
     EXPECT_EQ(desk->printed().toStdString(), "");
     desk.reset();
     EXPECT_EQ(names(), files);
@@ -41,7 +24,8 @@ void Player::TearDown()
 
 std::string Player::names() const
 {
-    return QDir(QFileInfo(bank.path()).path())
+    return QFileInfo(bank.path())
+        .dir()
         .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name)
         .join(' ')
         .toStdString();
@@ -53,100 +37,67 @@ void Player::begin(const DeskSettings& settings)
     desk->start(QFileInfo(bank.path()).path());
 }
 
-void Player::toRules()
+void Player::beyondRules()
 {
     desk->click("userselect", "contestant");
     desk->click("mainscreen", "Command1");
-    desk->until("the rules", [this](const Scene& scene) {
-        return scene.shows("rules") && scene.at("rules").control("startplay").focus &&
-               desk->hasKeyboard(scene.at("rules").window);
-    });
-}
-
-void Player::toPrompt()
-{
-    toRules();
-    desk->display->press(Display::Return);
-    desk->until("the name prompt", [](const Scene& scene) { return scene.prompt && scene.prompt->ready; });
+    desk->untilKeyboard(desk->untilFocus("rules", "startplay").at("rules").window);
+    desk->display->type("\r");
 }
 
 void Player::toQuestion(const QString& name)
 {
-    toPrompt();
+    beyondRules();
     desk->enterName(name);
-    desk->until("question 1",
-                [](const Scene& scene) { return scene.text("orv", "question").startsWith("Question"); });
+    untilQuestion();
+}
+
+Scene Player::untilQuestion()
+{
+    return desk->until("a question", [](const Scene& scene) {
+        return scene.control("orv", "question").text.startsWith("Question") &&
+               !scene.control("orv", "cmdok").visible;
+    });
 }
 
 int Player::right()
 {
-    const Scene scene = desk->look();
-    const ShownWindow& game = scene.at("orv");
-    const QString correct =
-        QString::fromStdString(bank.value("select correct_answer from questions where question = '" +
-                                          game.textOf("question").toStdString() + "'"));
-    for (int k = 1; k <= 4; ++k) {
-        if (game.textOf(optionNames[k - 1]).mid(3).compare(correct, Qt::CaseInsensitive) == 0)
-            return k;
-    }
-    throw std::runtime_error("no option is right: " + game.textOf("question").toStdString());
+    return std::stoi(
+        bank.value("select 1 + (lower(correct_answer) = answer2) + 2 * (lower(correct_answer) = "
+                   "answer3) + 3 * (lower(correct_answer) = answer4) from questions where question = '" +
+                   says().toStdString() + "'"));
 }
 
-Box Player::choose(int k)
+ShownWindow Player::choose(int k)
 {
-    desk->click("orv", optionNames[k - 1]);
+    desk->click("orv", QStringLiteral("option%1").arg(k));
     return desk->box();
 }
 
-QString Player::win()
+void Player::win()
 {
     choose(right());
     desk->answer("Yes");
-    return desk
-        ->until(
-            "the prize",
-            [](const Scene& scene) { return scene.shows("orv") && scene.at("orv").control("cmdok").focus; })
-        .text("orv", "question");
+    desk->untilFocus("orv", "cmdok");
 }
 
 void Player::next()
 {
     desk->click("orv", "cmdok");
-    desk->until("the next question", [](const Scene& scene) {
-        return scene.text("orv", "question").startsWith("Question") &&
-               !scene.at("orv").control("cmdok").visible;
-    });
-}
-
-void Player::winTo(int n)
-{
-    for (int won = 1; won <= n; ++won) {
-        win();
-        if (won < n)
-            next();
-    }
+    untilQuestion();
 }
 
 std::string Player::choices() const
 {
-    const SQLite::Database database(bank.path().toStdString());
-    SQLite::Statement rows(database,
-                           "select question_id, a - 1, b - 1, c - 1, d - 1 from questions order by 1");
-    std::string result;
-    while (rows.executeStep()) {
-        for (int option = 1; option <= 4; ++option) {
-            for (int times = rows.getColumn(option); times > 0; --times)
-                result += " " + rows.getColumn(0).getString() + "?abcd"[option];
-        }
-    }
-    return result;
+    return bank.value("select group_concat(question || ' ' || (a - 1) || (b - 1) || (c - 1) || (d - 1)) from "
+                      "questions where a + b + c + d > 4");
 }
 
-std::string Player::choice(int k)
+std::string Player::choice(int k, int times)
 {
-    return " " +
-           bank.value("select question_id from questions where question = '" + says().toStdString() + "'") +
-           "?abcd"[k];
+    std::string counts = "0000";
+    counts.at(k - 1) = static_cast<char>('0' + times);
+    return says().toStdString() + " " + counts;
 }
 
 } // namespace desk

@@ -18,29 +18,27 @@ protected:
 
     /// Sits down at the desk and starts the program.
     void begin(const DeskSettings& settings = {});
-    void toRules();
-    /// Goes on to the open name prompt.
-    void toPrompt();
+    /// Goes on to the rules and beyond them, where the name is asked for.
+    void beyondRules();
     /// Goes on to question 1.
     void toQuestion(const QString& name = "Guest");
+    Scene untilQuestion();
 
     /// Which option (1 to 4) of the question on the screen is right, by the bank.
     [[nodiscard]] int right();
     [[nodiscard]] int wrong() { return right() % 4 + 1; }
-    /// Clicks option k and waits for the box that asks whether to lock it.
-    Box choose(int k);
-    /// Locks the right answer and waits for the prize to be announced; what the screen then says.
-    QString win();
+    /// Clicks option k and waits for a box.
+    ShownWindow choose(int k);
+    /// Locks the right answer and waits for the prize to be announced.
+    void win();
     /// From won question to next question.
     void next();
-    /// Wins questions until question n has been won, from an open question.
-    void winTo(int n);
 
-    [[nodiscard]] QString says() { return desk->look().text("orv", "question"); }
-    /// Who chose what in the whole bank, beyond the tallies that it started with: "11a 23c".
+    [[nodiscard]] QString says() { return desk->look().control("orv", "question").text; }
+    /// The choices counted in the whole bank, beyond the tallies that it started with: "Question 1.1 0020".
     [[nodiscard]] std::string choices() const;
-    /// The choice of option k of the question on the screen, as choices() puts it.
-    [[nodiscard]] std::string choice(int k);
+    /// `times` choices of option k of the question on the screen, as choices() puts it.
+    [[nodiscard]] std::string choice(int k, int times = 1);
     [[nodiscard]] std::string names() const;
 
     support::Bank bank;

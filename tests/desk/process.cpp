@@ -8,47 +8,32 @@
 
 namespace desk {
 
-Process::Process(const Command& command)
+Process::Process(const QString& program, const QStringList& arguments, const QProcessEnvironment& environment,
+                 const QString& directory)
 {
-    process_.setProcessEnvironment(command.environment);
-    process_.setWorkingDirectory(command.directory);
-    process_.setStandardInputFile(QProcess::nullDevice());
-    if (!command.log.isEmpty()) {
-        process_.setProcessChannelMode(QProcess::MergedChannels);
-        process_.setStandardOutputFile(command.log);
-    }
-    process_.setChildProcessModifier([] {
+    setProcessEnvironment(environment);
+    setWorkingDirectory(directory);
+    setStandardInputFile(nullDevice());
+    setChildProcessModifier([] {
         setpgid(0, 0);
         prctl(PR_SET_PDEATHSIG, SIGKILL);
     });
-    process_.start(command.program, command.arguments);
-    if (!process_.waitForStarted())
-        throw std::runtime_error(command.program.toStdString() + ": " + process_.errorString().toStdString());
-    group_ = process_.processId();
+    start(program, arguments);
+    if (!waitForStarted())
+        throw std::runtime_error(program.toStdString() + ": " + errorString().toStdString());
+    group_ = processId();
 }
 
 Process::~Process()
 {
-    kill(static_cast<pid_t>(-group_), SIGKILL);
-    process_.waitForFinished();
+    ::kill(static_cast<pid_t>(-group_), SIGKILL);
+    waitForFinished();
 }
 
-bool Process::ended(std::chrono::milliseconds patience)
+QByteArray Process::printed()
 {
-    return process_.state() == QProcess::NotRunning ||
-           process_.waitForFinished(static_cast<int>(patience.count()));
-}
-
-int Process::exitCode() const
-{
-    return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1;
-}
-
-QByteArray Process::firstLine(std::chrono::milliseconds patience)
-{
-    while (!process_.canReadLine() && process_.waitForReadyRead(static_cast<int>(patience.count()))) {
-    }
-    return process_.readLine();
+    waitForReadyRead(10); // without an event loop nothing else reads the pipes
+    return readAllStandardOutput() + readAllStandardError();
 }
 
 } // namespace desk

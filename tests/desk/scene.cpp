@@ -1,7 +1,9 @@
 #include "scene.h"
 
-#include <QJsonArray>
+#include <QJsonObject>
+#include <QStringList>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace desk {
@@ -15,91 +17,53 @@ Control readControl(const QJsonObject& from)
             .visible = from["visible"].toBool(),
             .enabled = from["enabled"].toBool(),
             .focus = from["focus"].toBool(),
-            .checked = from["checked"].toBool(),
-            .background = from["opaque"].toBool() ? from["background"].toString() : QString(),
-            .place =
-                QRectF(place[0].toDouble(), place[1].toDouble(), place[2].toDouble(), place[3].toDouble())
-                    .toRect()};
+            .place = {place[0].toInt(), place[1].toInt(), place[2].toInt(), place[3].toInt()}};
 }
 
-void readWindow(const QJsonObject& from, ShownWindow& to)
+ShownWindow readWindow(const QJsonObject& from)
 {
-    to.name = from["name"].toString();
-    to.title = from["title"].toString();
-    to.window = static_cast<Window>(from["window"].toInteger());
+    ShownWindow result;
+    result.name = from["name"].toString();
+    result.title = from["title"].toString();
+    result.text = from["text"].toString();
+    result.icon = from["icon"].toInt();
+    result.window = static_cast<Window>(from["window"].toInteger());
     const QJsonObject controls = from["controls"].toObject();
     for (auto control = controls.begin(); control != controls.end(); ++control)
-        to.controls[control.key()] = readControl(control->toObject());
-    const QJsonObject timers = from["timers"].toObject();
-    for (auto timer = timers.begin(); timer != timers.end(); ++timer)
-        to.timers[timer.key()] = timer->toBool();
-}
-
-const char* nameOf(int icon)
-{
-    switch (icon) {
-    case Box::NoIcon:
-        return "no icon";
-    case Box::Information:
-        return "information";
-    case Box::Exclamation:
-        return "exclamation";
-    default:
-        return "another icon";
-    }
+        result.controls[control.key()] = readControl(control->toObject());
+    return result;
 }
 
 } // namespace
 
-const Control& ShownWindow::control(const QString& wanted) const
+std::string ShownWindow::summary() const
 {
-    const auto found = controls.find(wanted);
-    if (found == controls.end())
-        throw std::runtime_error(name.toStdString() + " has no " + wanted.toStdString());
-    return found->second;
-}
-
-std::string Box::summary() const
-{
-    QStringList parts{title, text, nameOf(icon)};
+    const QStringList icons{"no icon", "information", "exclamation"};
+    QStringList parts{title, text, icons.value(icon, "another icon")};
     for (const auto& [label, button] : controls)
         parts.append(label);
     return parts.join(" | ").toStdString();
 }
 
-Scene::Scene(const QJsonObject& scene)
+Scene::Scene(const QJsonArray& scene)
 {
-    for (const auto& entry : scene["windows"].toArray()) {
-        ShownWindow window;
-        readWindow(entry.toObject(), window);
-        windows[window.name] = window;
-    }
-    for (const auto& entry : scene["boxes"].toArray()) {
-        Box& box = boxes.emplace_back();
-        readWindow(entry.toObject(), box);
-        box.text = entry.toObject()["text"].toString();
-        box.icon = entry.toObject()["icon"].toInt();
-    }
-    for (const auto& entry : scene["prompts"].toArray()) {
-        readWindow(entry.toObject(), prompt.emplace());
-        prompt->text = entry.toObject()["text"].toString();
-        prompt->value = entry.toObject()["value"].toString();
-        prompt->ready = entry.toObject()["ready"].toBool();
-    }
+    for (const auto& window : scene)
+        windows.push_back(readWindow(window.toObject()));
+    std::ranges::sort(windows, {}, &ShownWindow::name);
 }
 
-std::string Scene::screens() const
+std::string Scene::names() const
 {
     QStringList names;
-    for (const auto& [name, window] : windows)
-        names.append(name);
+    for (const ShownWindow& window : windows)
+        names.append(window.name);
     return names.join(' ').toStdString();
 }
 
 const ShownWindow* Scene::find(const QString& name) const
 {
-    const auto found = windows.find(name);
-    return found == windows.end() ? nullptr : &found->second;
+    const auto found = std::ranges::find(windows, name, &ShownWindow::name);
+    return found == windows.end() ? nullptr : &*found;
 }
 
 const ShownWindow& Scene::at(const QString& name) const
@@ -110,21 +74,17 @@ const ShownWindow& Scene::at(const QString& name) const
     return *window;
 }
 
-QString Scene::text(const QString& screen, const QString& control) const
+Control Scene::control(const QString& window, const QString& name) const
 {
-    const ShownWindow* window = find(screen);
-    return window == nullptr ? QString() : window->textOf(control);
+    const ShownWindow* shown = find(window);
+    return shown != nullptr && shown->controls.contains(name) ? shown->controls.at(name) : Control();
 }
 
 std::string Scene::description() const
 {
-    if (ended)
-        return "the program has ended";
-    std::string result = "screens: " + screens();
-    for (const Box& box : boxes)
-        result += "; box: " + box.summary();
-    if (prompt)
-        result += "; prompt: " + prompt->text.toStdString() + " = " + prompt->value.toStdString();
+    std::string result = names();
+    for (const ShownWindow& window : windows)
+        result += window.text.isEmpty() ? "" : "; " + window.summary();
     return result;
 }
 

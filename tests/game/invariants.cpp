@@ -1,13 +1,9 @@
 #include "invariants.h"
 
-#include "toolkit/twips.h"
-
 #include <algorithm>
-#include <cmath>
 
 namespace game {
 
-using toolkit::element;
 using toolkit::Label;
 
 void Spectator::watch(toolkit::Form& orv)
@@ -39,13 +35,6 @@ std::string Spectator::press(const QString& control)
         if (std::exchange(taken.at(k - 1), true))
             return "used";
         pollShown = pollShown || k == 1;
-        int total = 0;
-        for (int i = 0; k == 1 && i < 4; ++i)
-            total += blank(i + 1) ? 0 : row->tallies.at(i);
-        for (int i = 0; k == 1 && i < 4; ++i) {
-            const double share = 100.0 * row->tallies.at(i) / std::max(total, 1);
-            shares.at(i) = blank(i + 1) ? -1 : static_cast<int>(std::nearbyint(share));
-        }
         counting = counting || k == 2;
         fiftyQuestion = k == 3 ? question : fiftyQuestion;
     }
@@ -213,13 +202,6 @@ void Spectator::lookAtOption(int k)
     const QString looks[] = {".", choice, k == chosen ? ".gc" : ".", verdict, verdict};
     require(looks[static_cast<int>(answer)].contains(look),
             "Only the chosen option is lit, the right one turns green.");
-
-    const QWidget& bar = widget(element("pollbar", k - 1));
-    const auto& percent = control<Label>(element("pollpercent", k - 1));
-    const int share = shares.at(k - 1);
-    const bool tells = bar.height() == share && percent.text() == QStringLiteral("%1%").arg(share);
-    require(!taken[0] || (share < 0 ? bar.isHidden() && percent.isHidden() : tells && !bar.isHidden()),
-            "The poll shows the tallies it found of the options that it found.");
 }
 
 } // namespace game

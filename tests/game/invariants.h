@@ -77,7 +77,6 @@ struct Spectator
     int chosen = 0;
     std::array<bool, 3> taken{};
     bool pollShown = false;
-    std::array<int, 4> shares{}; ///< -1 for an option that was removed before the poll
     bool lifelinesOpen = false;
     bool ladderOpen = false;
     QString headline; ///< what the label `question` must show

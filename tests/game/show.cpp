@@ -5,34 +5,22 @@
 namespace game {
 
 using namespace std::chrono_literals;
-using toolkit::Form;
-using toolkit::Label;
 
-namespace {
-
-/// Shows the game while the game is loading, as the real backdrop does.
-class Backdrop final : public Form
+void addScreens(support::Desk& desk, toolkit::Services services, const bool& hostMissing)
 {
-public:
-    explicit Backdrop(toolkit::Services services) : Form({.name = "back"}, services) { setEnabled(false); }
-
-protected:
-    void Form_Load() override { screens().show("orv"); }
-};
-
-} // namespace
+    const auto makeHost = [&](QWidget&) {
+        return std::make_unique<support::RecordingHost>(desk.hostRequests, hostMissing);
+    };
+    desk.screens.add("orv", [=] { return std::make_unique<Orv>(services, makeHost); }, {.behind = "back"});
+    for (const char* name : {"back", "thank"})
+        desk.screens.add(name, [=] {
+            return std::make_unique<toolkit::Form>(toolkit::FormSettings{.name = name}, services);
+        });
+}
 
 ShowTest::ShowTest()
 {
-    const auto makeHost = [this](QWidget&) {
-        return std::make_unique<support::RecordingHost>(desk.hostRequests, hostMissing);
-    };
-    desk.screens.add("orv", [this, makeHost] { return std::make_unique<Orv>(desk.services, makeHost); },
-                     {.behind = "back"});
-    desk.screens.add("back", [this] { return std::make_unique<Backdrop>(desk.services); });
-    desk.screens.add("thank", [this] {
-        return std::make_unique<Form>(toolkit::FormSettings{.name = "thank"}, desk.services);
-    });
+    addScreens(desk, desk.services, hostMissing);
 }
 
 void ShowTest::start()
@@ -67,16 +55,17 @@ bool ShowTest::visible(const QString& control) const
     return !desk.control<QWidget>("orv", control).isHidden();
 }
 
-bool ShowTest::enabled(const QString& control) const
+std::string ShowTest::options() const
 {
-    return desk.control<QWidget>("orv", control).isEnabled();
+    return (shown("option1") + '|' + shown("option2") + '|' + shown("option3") + '|' + shown("option4"))
+        .toStdString();
 }
 
 std::string ShowTest::looks() const
 {
     std::string result;
     for (int k = 1; k <= 4; ++k) {
-        const auto& option = desk.control<Label>("orv", QStringLiteral("option%1").arg(k));
+        const auto& option = desk.control<toolkit::Label>("orv", QStringLiteral("option%1").arg(k));
         const bool green = option.palette().window().color() == QColor(0, 192, 0);
         result += !option.isOpaque() ? '.' : green ? 'g' : 'c';
     }

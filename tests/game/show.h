@@ -5,6 +5,9 @@
 
 namespace game {
 
+/// Adds the game to the screens, and plain forms for its neighbours.
+void addScreens(support::Desk& desk, toolkit::Services services, const bool& hostMissing);
+
 /// A game on a bank of its own, with a stepped clock and a host that writes down what it is asked. The
 /// draws take the numbers of desk.random in turn: one for each question and one for each prompt message.
 class ShowTest : public testing::Test
@@ -22,7 +25,8 @@ protected:
 
     [[nodiscard]] QString shown(const QString& label) const { return desk.text("orv", label); }
     [[nodiscard]] bool visible(const QString& control) const;
-    [[nodiscard]] bool enabled(const QString& control) const;
+    /// What the four options say, with bars between them.
+    [[nodiscard]] std::string options() const;
     /// The looks of the four options: "." plain, "c" chosen, "g" green.
     [[nodiscard]] std::string looks() const;
     [[nodiscard]] std::string focused() const;
