@@ -151,11 +151,13 @@ private:
         static const char* const texts[] = {
             "", " ", "a", "b ", " c", "D", "it's;--", "\u05E9\u05DC", "long enough"};
         auto& control = owner_.control<QWidget>(desk.screen, desk.boxes[box]);
+        bool chosen = true;
         if (auto* list = dynamic_cast<ChoiceList*>(&control)) {
             list->setFocus();
             const int empty = list->findText({}) == 0 && firstText > 0 ? 1 : 0;
             if (list->count() > empty)
                 list->setCurrentIndex(empty + pick(list->count() - empty));
+            chosen = list->currentIndex() >= 0; // emptying a list does not count
         } else {
             const QString text =
                 QString::fromUtf8(texts[firstText + pick(static_cast<int>(std::size(texts)) - firstText)]);
@@ -164,8 +166,7 @@ private:
         }
         const Table& table = tables_[desk.table];
         if (desk.tracks && !desk.adding && desk.row &&
-            trimmed(text(desk, box)) != trimmed(table.at(desk.row)[box]) &&
-            !(dynamic_cast<ChoiceList*>(&control) && text(desk, box).empty()))
+            trimmed(text(desk, box)) != trimmed(table.at(desk.row)[box]) && chosen)
             desk.modified = true;
     }
 
