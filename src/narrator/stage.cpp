@@ -125,8 +125,7 @@ Sights Stage::sights() const
 
 void Stage::lookAround()
 {
-    const bool composited = embedded() || compositorRuns();
-    composited_ = composited;
+    composited_ = embedded() || compositorRuns();
     figureShape_ = {};
     updateShape();
     follow();
