@@ -22,11 +22,7 @@ AddQuestions::AddQuestions(toolkit::Services services)
               .width = 7035,
               .height = 5910,
               .border = toolkit::Border::Sizable},
-             services,
-             {.table = "questions",
-              .fields = {"question_id", "question", "answer1", "answer2", "answer3", "answer4",
-                         "correct_answer", "Level", "a", "b", "c", "d"},
-              .one = "question"})
+             services, "question")
 {
     QFont narrow = font(); // the box beside it is near
     narrow.setPixelSize(narrow.pixelSize() - 1);

@@ -4,8 +4,8 @@
 
 namespace admin {
 
-Editor::Editor(toolkit::FormSettings settings, toolkit::Services services, Kind kind)
-    : AdminForm(std::move(settings), services), kind_(std::move(kind))
+Editor::Editor(toolkit::FormSettings settings, toolkit::Services services, QString rowName)
+    : AdminForm(std::move(settings), services), rowName_(std::move(rowName))
 {
 }
 
@@ -13,9 +13,7 @@ void Editor::openRows(const db::Query& query)
 {
     try {
         connection_ = db::opendatabase();
-        connection_->require(kind_.table, kind_.fields);
         rows.Open(query, *connection_, db::Lock::Optimistic);
-        rows.MoveFirst();
         displayrow();
     } catch (const db::Failure&) {
         screens().close(name());
@@ -33,7 +31,7 @@ bool Editor::requireRow()
     if (!hasRow()) {
         notice(
             QStringLiteral("The question bank has no %1 yet. Press ADD, enter the first one and press SAVE.")
-                .arg(kind_.one));
+                .arg(rowName_));
     }
     return hasRow();
 }

@@ -11,15 +11,8 @@ namespace admin {
 class Editor : public AdminForm
 {
 protected:
-    /// The table of the rows.
-    struct Kind
-    {
-        const char* table;
-        QStringList fields;
-        const char* one; ///< what a row is called in messages
-    };
-
-    Editor(toolkit::FormSettings settings, toolkit::Services services, Kind kind);
+    /// `rowName` is what a row is called in messages.
+    Editor(toolkit::FormSettings settings, toolkit::Services services, QString rowName);
 
     void openRows(const db::Query& query);
     /// There is a row to be shown: the table is not empty.
@@ -56,7 +49,7 @@ protected:
 private:
     void go(const std::function<void()>& move);
 
-    Kind kind_;
+    QString rowName_;
     std::unique_ptr<db::Connection> connection_;
 };
 

@@ -13,7 +13,7 @@ Messages::Messages(toolkit::Services services)
               .width = 4890,
               .height = 2460,
               .border = toolkit::Border::FixedSingle},
-             services, {.table = "locking", .fields = {"message"}, .one = "message"})
+             services, "message")
 {
     // clang-format off
     label("T", {120, 120, 4815, 675},
