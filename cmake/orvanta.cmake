@@ -38,6 +38,7 @@ add_custom_target(unit_tests)
 # orvanta_test(NAME sources...): a GoogleTest program that runs offscreen, registered with ctest.
 function(orvanta_test name)
     add_executable(${name} ${ARGN})
+    target_compile_options(${name} PRIVATE -Wno-dangling-else) # GoogleTest's macros are an if without braces
     target_link_libraries(${name} PRIVATE orvanta_options GTest::gtest)
     add_test(NAME ${name} COMMAND ${name})
     add_dependencies(unit_tests ${name})

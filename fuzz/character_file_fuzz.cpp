@@ -33,7 +33,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     try {
-        narrator::Figure figure(narrator::readCharacter(bytes, QStringLiteral("fuzz")), {});
+        narrator::Figure figure(narrator::readCharacter(bytes, "fuzz"), {});
         perform(figure);
     } catch (const narrator::LoadFailure&) {
         return 0; // A game without a host is what a broken file may lead to.

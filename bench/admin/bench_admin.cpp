@@ -69,7 +69,7 @@ std::map<std::string, double> measure(toolkit::Services services, const QString&
         press("last", "cmdlast");
         press("previous", "cmdprevious");
         press("next", "cmdnext");
-        form.findChild<toolkit::TextBox*>("question")->setText(QStringLiteral("Changed %1").arg(round));
+        form.findChild<toolkit::TextBox*>("question")->setText(QString("Changed %1").arg(round));
         press("update", "cmdupdate");
         press("first", "cmdfirst");
         form.findChild<toolkit::Button*>("cmdadd")->click();

@@ -47,22 +47,19 @@ std::vector<Row> makeRows(int count)
     std::mt19937 random(20260101); // NOLINT: the same rows in every run
     const auto word = [&] {
         std::string letters;
-        for (int length = 2 + static_cast<int>(random() % 7); length > 0; --length) {
+        for (int length = 2 + static_cast<int>(random() % 7); length > 0; --length)
             letters += static_cast<char>('a' + random() % 26);
-        }
         return letters;
     };
     std::vector<Row> rows;
     for (int i = 0; i < count; ++i) {
         Row row;
         row[0] = "Which";
-        for (int words = 0; words < 8; ++words) {
+        for (int words = 0; words < 8; ++words)
             row[0] += ' ' + word();
-        }
         row[0] += '?';
-        for (std::size_t option = 1; option <= 4; ++option) {
+        for (std::size_t option = 1; option <= 4; ++option)
             row.at(option) = word() + ' ' + word() + static_cast<char>('0' + option);
-        }
         row[5] = row.at(1 + random() % 4);
         row[6] = static_cast<char>('1' + i % 3);
         rows.push_back(row);
@@ -74,20 +71,17 @@ void writeCsv(const std::string& path, const std::vector<Row>& rows)
 {
     std::ofstream file(path);
     file << "question,A,B,C,D,correct_answer,level\n";
-    for (const Row& row : rows) {
-        for (std::size_t i = 0; i < row.size(); ++i) {
+    for (const Row& row : rows)
+        for (std::size_t i = 0; i < row.size(); ++i)
             file << row.at(i) << (i + 1 < row.size() ? "," : "\n");
-        }
-    }
 }
 
 void orvbank(std::vector<const char*> arguments)
 {
     std::ostringstream out;
     arguments.insert(arguments.begin(), "orvbank");
-    if (bank::run(static_cast<int>(arguments.size()), arguments.data(), out, out) == 1) {
+    if (bank::run(static_cast<int>(arguments.size()), arguments.data(), out, out) == 1)
         throw std::runtime_error(out.str());
-    }
 }
 
 void bareInserts(const std::string& path, const std::vector<Row>& rows)
@@ -157,9 +151,8 @@ void compareCheck(const std::string& folder)
         makeEmptyBank(file);
         bareInserts(file, makeRows(count));
         std::vector<double> times;
-        for (int i = 0; i < 3; ++i) {
+        for (int i = 0; i < 3; ++i)
             times.push_back(milliseconds([&] { orvbank({"check", file.c_str()}); }));
-        }
         std::printf("check of %6d: %5.0f ms, %.1f us a question\n", count, median(times),
                     1000 * median(times) / count);
     }

@@ -28,9 +28,8 @@ int floorPass(sqlite3* engine)
     sqlite3_prepare_v2(engine, "select question_id from questions where Level=?", -1, &statement, nullptr);
     sqlite3_bind_text(statement, 1, "2", 1, SQLITE_STATIC);
     int rows = 0;
-    while (sqlite3_step(statement) == SQLITE_ROW) {
+    while (sqlite3_step(statement) == SQLITE_ROW)
         ++rows;
-    }
     sqlite3_finalize(statement);
     return rows;
 }
@@ -38,13 +37,12 @@ int floorPass(sqlite3* engine)
 // The draw of one question, step by step as the game does it; `share` is the random number.
 qint64 draw(db::Connection& connection, double share)
 {
-    const auto level = QStringLiteral("2");
+    const auto level = "2";
     auto rows = connection.Execute(db::statements::questionIdsOfLevel(level));
     rows.MoveFirst();
     qint64 count = 0;
-    for (; !rows.Eof(); rows.MoveNext()) {
+    for (; !rows.Eof(); rows.MoveNext())
         ++count;
-    }
     const auto offset = static_cast<qint64>(share * static_cast<double>(count - 1));
     rows.MoveFirst();
     rows.Move(offset);
@@ -52,9 +50,8 @@ qint64 draw(db::Connection& connection, double share)
     rows = connection.Execute(db::statements::questionsOfLevel(level));
     rows.MoveFirst();
     rows.Move(offset);
-    for (const char* field : {"question", "answer1", "answer2", "answer3", "answer4"}) {
+    for (const char* field : {"question", "answer1", "answer2", "answer3", "answer4"})
         (void)rows.text(field);
-    }
     return rows.number("question_id") == id ? count : -1;
 }
 
@@ -82,7 +79,7 @@ double readOneRow(const QString& path)
     constexpr int reads = 2000;
     db::Connection connection;
     connection.Open(path);
-    auto rows = connection.Execute(db::statements::questionsOfLevel(QStringLiteral("2")));
+    auto rows = connection.Execute(db::statements::questionsOfLevel("2"));
     rows.Move(50);
     return 1000.0 / reads * milliseconds([&] {
                for (int i = 0; i < reads; ++i) {
@@ -131,11 +128,9 @@ void printMoves(const char* name, const QString& path)
 long kilobytes(const std::string& entry)
 {
     std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.starts_with(entry)) {
+    for (std::string line; std::getline(status, line);)
+        if (line.starts_with(entry))
             return std::stol(line.substr(entry.size()));
-        }
-    }
     return 0;
 }
 
@@ -147,9 +142,8 @@ void printMemory(const char* name, const QString& path)
     connection.Open(path);
     db::Recordset rows;
     rows.Open(db::statements::allQuestions(), connection, db::Lock::Optimistic);
-    for (int i = 0; i < 1000 && !rows.Eof(); ++i, rows.MoveNext()) {
+    for (int i = 0; i < 1000 && !rows.Eof(); ++i, rows.MoveNext())
         (void)rows.text("question");
-    }
     std::printf("memory, %-10s 1000 rows walked: peak growth %ld kB\n", name, kilobytes("VmHWM:") - before);
 }
 
@@ -158,14 +152,14 @@ void printMemory(const char* name, const QString& path)
 int main()
 {
     const QTemporaryDir directory;
-    const QString small = makeBank(directory, QStringLiteral("small.orv"), few, true);
-    const QString large = makeBank(directory, QStringLiteral("large.orv"), many, true);
+    const QString small = makeBank(directory, "small.orv", few, true);
+    const QString large = makeBank(directory, "large.orv", many, true);
     printMemory("300", small);
     printMemory("1,000,000", large);
     printMoves("300", small);
     printMoves("1,000,000", large);
     compareReading(small, large);
     compareDraw("with index", large);
-    compareDraw("without index", makeBank(directory, QStringLiteral("bare.orv"), many, false));
+    compareDraw("without index", makeBank(directory, "bare.orv", many, false));
     return 0;
 }

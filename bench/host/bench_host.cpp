@@ -39,11 +39,11 @@ constexpr auto busySpan = 20s;
 constexpr auto quietSpan = 10s;
 constexpr int texts = 21;
 
-const QString genie = QStringLiteral("genie");
-const QString longText = QStringLiteral(
+const QString genie = "genie";
+const QString longText =
     "Your question is,,Which of these rivers, all of which begin in the mountains of the north and carry the "
     "melting snow of spring far down into the plains, was the one that the emperor had to cross with all his "
-    "elephants on the way to his last battle,,the four options are,,A,Indus,B,Ganges,C,Jhelum,D,Brahmaputra");
+    "elephants on the way to his last battle,,the four options are,,A,Indus,B,Ganges,C,Jhelum,D,Brahmaputra";
 
 /// When the device was given the first sound that is not silence, and when it was last cut off.
 struct Ear
@@ -191,7 +191,7 @@ private:
             return device;
         });
         characters_ = narrator::makeCharacters(form_, clock_, speaker_.get());
-        characters_->Load(genie, QStringLiteral(GENIE));
+        characters_->Load(genie, QString(GENIE));
         host().Show();
         until([&] { return paint.painted; });
         print("loading and first painting", milliseconds(SteadyClock::now() - start), "at most 60", "ms");
@@ -202,7 +202,7 @@ private:
         pass(1s);
         print("share of a core at rest", shareOfCore(quietSpan), "at most 3", "%");
         for (int i = 0; i < 9; ++i) {
-            host().Play(QStringLiteral("Explain"));
+            host().Play("Explain");
             host().Speak(longText);
         }
         pass(1s);
@@ -220,7 +220,7 @@ private:
         std::vector<double> words;
         std::vector<double> sounds;
         std::vector<double> silences;
-        auto* balloon = form_.findChild<QLabel*>(QStringLiteral("balloon"));
+        auto* balloon = form_.findChild<QLabel*>("balloon");
         for (int i = 0; i < texts; ++i) {
             ear_.sound = Time();
             const Time spoken = SteadyClock::now();

@@ -36,8 +36,8 @@ AddQuestions::AddQuestions(toolkit::Services services)
     for (std::size_t i = 0; i < answers.size(); ++i) {
         const double top = 1320 + 480 * static_cast<double>(i);
         const int number = static_cast<int>(i) + 1;
-        label(QStringLiteral("Label%1").arg(number + 1), {240, top, 615, 195},
-              QStringLiteral("Answer%1").arg(number), {.sizedToText = true});
+        label(QString("Label%1").arg(number + 1), {240, top, 615, 195},
+              QString("Answer%1").arg(number), {.sizedToText = true});
         answers[i] = textBox(answerFields[i], {1200, top, 1935, 285}, answerLimit, {.tab = number});
     }
     line("Line1", {240, 3360}, {3960, 3360}, palette().color(QPalette::WindowText), 1);

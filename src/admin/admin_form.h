@@ -14,7 +14,7 @@ protected:
         setFont(toolkit::systemFont());
     }
 
-    [[nodiscard]] QString boxTitle() const override { return QStringLiteral("Admin"); }
+    [[nodiscard]] QString boxTitle() const override { return "Admin"; }
 };
 
 } // namespace admin

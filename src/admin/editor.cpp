@@ -29,9 +29,8 @@ bool Editor::hasRow() const
 bool Editor::requireRow()
 {
     if (!hasRow()) {
-        notice(
-            QStringLiteral("The question bank has no %1 yet. Press ADD, enter the first one and press SAVE.")
-                .arg(rowName_));
+        notice(QString("The question bank has no %1 yet. Press ADD, enter the first one and press SAVE.")
+                   .arg(rowName_));
     }
     return hasRow();
 }

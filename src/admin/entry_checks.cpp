@@ -8,7 +8,7 @@ using toolkit::trimmed;
 
 namespace {
 
-const QString heading = QStringLiteral("The Following Errors have occured. Please correct them\n");
+const QString heading = "The Following Errors have occured. Please correct them\n";
 
 } // namespace
 
@@ -21,7 +21,7 @@ QString faultsOf(const QuestionEntry& entry)
     };
     check(trimmed(entry.question).isEmpty(), "Question Not Entered");
     for (std::size_t i = 0; i < entry.answers.size(); ++i)
-        check(trimmed(entry.answers[i]).isEmpty(), QStringLiteral("Answer%1 Not Entered").arg(i + 1));
+        check(trimmed(entry.answers[i]).isEmpty(), QString("Answer%1 Not Entered").arg(i + 1));
     check(trimmed(entry.correctAnswer).isEmpty(), "Correct Answer Not Selected");
     check(entry.level.isEmpty(), "Level Not Selected");
     return report.isEmpty() ? QString() : heading + report;

@@ -10,10 +10,9 @@ namespace db {
 QString databasepath()
 {
     const QString directory = QDir::currentPath();
-    if (directory.isEmpty()) {
-        throw failed(Attempt::Open, QStringLiteral("orv.orv"), reasons::missing);
-    }
-    return directory + QStringLiteral("%1orv.orv").arg(directory.endsWith(u'/') ? "" : "/");
+    if (directory.isEmpty())
+        throw failed(Attempt::Open, "orv.orv", reasons::missing);
+    return directory + QString("%1orv.orv").arg(directory.endsWith(u'/') ? "" : "/");
 }
 
 std::unique_ptr<Connection> opendatabase()
@@ -47,10 +46,8 @@ void Connection::require(const QString& table, const QStringList& fields)
 
 const std::shared_ptr<Handle>& Connection::handle() const
 {
-    if (!handle_) {
-        throw Failure(Failure::Cause::Other,
-                      QStringLiteral("No question bank has been opened yet. Open one first."));
-    }
+    if (!handle_)
+        throw Failure(Failure::Cause::Other, "No question bank has been opened yet. Open one first.");
     return handle_;
 }
 

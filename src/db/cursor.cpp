@@ -24,11 +24,10 @@ public:
     void step(Direction direction, qint64 skipped) override
     {
         const bool fromKey = place() == Place::Row || place() == Place::Gap;
-        if (const auto found = neighbour(direction, fromKey, skipped)) {
+        if (const auto found = neighbour(direction, fromKey, skipped))
             settle(Place::Row, *found);
-        } else {
+        else
             settle(direction == Direction::Forward ? Place::After : Place::Before);
-        }
     }
 
     void added(qint64 key) override { settle(Place::Row, key); }
@@ -45,9 +44,8 @@ private:
     {
         return handle_.reading([&]() -> std::optional<qint64> {
             std::vector<Value> values = query_.values;
-            if (fromKey) {
+            if (fromKey)
                 values.emplace_back(key());
-            }
             values.emplace_back(skipped);
             auto statement =
                 handle_.prepared(sql::neighbour(*query_.source, key_, direction, fromKey), values);
@@ -68,9 +66,8 @@ public:
     {
         handle.reading([&] {
             auto statement = handle.prepared(sql::keys(*query.source, layout.key), query.values);
-            while (statement.executeStep()) {
+            while (statement.executeStep())
                 keys_.push_back(statement.getColumn(0).getInt64());
-            }
         });
     }
 
@@ -82,11 +79,10 @@ public:
         // In a gap index_ is that of the row behind it.
         const qint64 here = place() == Place::Before ? -1 : place() == Place::After ? size() : index_;
         const qint64 next = place() == Place::Gap ? here : here + 1;
-        if (direction == Direction::Forward) {
+        if (direction == Direction::Forward)
             skipped < size() - next ? settleAt(next + skipped) : settle(Place::After);
-        } else {
+        else
             skipped < here ? settleAt(here - 1 - skipped) : settle(Place::Before);
-        }
     }
 
     void added(qint64 key) override
@@ -125,9 +121,8 @@ void Cursor::settle(Place place, qint64 key)
 std::unique_ptr<Cursor> makecursor(Handle& handle, const Query& query, const Layout& layout)
 {
     const auto order = query.source->order;
-    if (order == Source::Order::Key || (order == Source::Order::Id && layout.idIsRowNumber)) {
+    if (order == Source::Order::Key || (order == Source::Order::Id && layout.idIsRowNumber))
         return std::make_unique<Walk>(handle, query, layout);
-    }
     return std::make_unique<List>(handle, query, layout);
 }
 

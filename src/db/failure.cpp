@@ -67,7 +67,7 @@ QString sentences(Attempt attempt, const QString& path, const QString& why, cons
     const char* const done = attempt == Attempt::Open   ? "opened"
                              : attempt == Attempt::Read ? "read"
                                                         : "changed";
-    return QStringLiteral("The question bank \"%1\" cannot be %2: %3. %4")
+    return QString("The question bank \"%1\" cannot be %2: %3. %4")
         .arg(path, QString::fromLatin1(done), why, advice);
 }
 
@@ -87,18 +87,17 @@ Failure failed(Attempt attempt, const QString& path, const Reason& reason)
 Failure failed(Attempt attempt, const QString& path, const SQLite::Exception& error)
 {
     const Failure plain = failed(attempt, path, reasonOf(error));
-    return {plain.cause(), QStringLiteral("%1 (%2)").arg(plain.message(), QString::fromUtf8(error.what()))};
+    return {plain.cause(), QString("%1 (%2)").arg(plain.message(), QString::fromUtf8(error.what()))};
 }
 
 Failure noTable(const QString& path, const QString& table)
 {
-    return incomplete(Cause::NoTable, path, QStringLiteral("it has no usable table named %1").arg(table));
+    return incomplete(Cause::NoTable, path, QString("it has no usable table named %1").arg(table));
 }
 
 Failure noField(const QString& path, const QString& table, const QString& field)
 {
-    return incomplete(Cause::NoField, path,
-                      QStringLiteral("its table %1 has no field named %2").arg(table, field));
+    return incomplete(Cause::NoField, path, QString("its table %1 has no field named %2").arg(table, field));
 }
 
 } // namespace db

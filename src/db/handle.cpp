@@ -20,18 +20,14 @@ std::optional<Reason> unusable(const std::string& path)
 {
     std::error_code error;
     const auto type = std::filesystem::status(path, error).type();
-    if (type == file_type::not_found) {
+    if (type == file_type::not_found)
         return reasons::missing;
-    }
-    if (type == file_type::none) {
+    if (type == file_type::none)
         return reasons::forbidden;
-    }
-    if (type == file_type::directory) {
+    if (type == file_type::directory)
         return reasons::folder;
-    }
-    if (type != file_type::regular) {
+    if (type != file_type::regular)
         return reasons::device;
-    }
     // The engine takes a file of one byte for an empty database.
     constexpr std::uintmax_t headerSize = 100;
     const auto size = std::filesystem::file_size(path, error);
@@ -42,9 +38,8 @@ std::optional<Reason> unusable(const std::string& path)
 
 SQLite::Database openExisting(const QString& path, std::chrono::milliseconds patience)
 {
-    if (const auto reason = unusable(QFile::encodeName(path).toStdString())) {
+    if (const auto reason = unusable(QFile::encodeName(path).toStdString()))
         throw failed(Attempt::Open, path, *reason);
-    }
     try {
         SQLite::Database database(path.toStdString(), SQLite::OPEN_READWRITE,
                                   static_cast<int>(patience.count()));
@@ -68,11 +63,10 @@ SQLite::Statement Handle::prepared(const std::string& sql, std::span<const Value
     int place = 0;
     for (const Value& value : values) {
         ++place;
-        if (const auto* number = std::get_if<qint64>(&value)) {
+        if (const auto* number = std::get_if<qint64>(&value))
             statement.bind(place, static_cast<int64_t>(*number));
-        } else {
+        else
             statement.bind(place, std::get<QString>(value).toStdString());
-        }
     }
     return statement;
 }

@@ -39,11 +39,9 @@ std::vector<Column> columnsOf(Handle& handle, const Value& table)
 // Any of the names of the row number may be taken by a column of the table.
 QString rowNumberName(const std::vector<Column>& columns)
 {
-    for (const auto& name : {QStringLiteral("rowid"), QStringLiteral("_rowid_"), QStringLiteral("oid")}) {
-        if (!find(columns, name)) {
+    for (const auto& name : {"rowid", "_rowid_", "oid"})
+        if (!find(columns, name))
             return name;
-        }
-    }
     return {};
 }
 
@@ -58,22 +56,18 @@ Layout readLayout(Handle& handle, const QString& table, const QStringList& field
 {
     const Value name = table;
     auto kind = handle.prepared(sql::tableKind, {&name, 1});
-    if (!kind.executeStep() || kind.getColumn(0).getString() == "view") {
+    if (!kind.executeStep() || kind.getColumn(0).getString() == "view")
         throw noTable(handle.path(), table);
-    }
     const bool hasRowNumbers = kind.getColumn(1).getInt() == 0;
     const auto columns = columnsOf(handle, name);
-    for (const QString& field : fields) {
-        if (!find(columns, field)) {
+    for (const QString& field : fields)
+        if (!find(columns, field))
             throw noField(handle.path(), table, field);
-        }
-    }
     const QString id = QString::fromLatin1(sql::idField);
     const bool idIsPrimaryKey = isOnlyPrimaryKey(columns, id);
     const QString key = hasRowNumbers ? rowNumberName(columns) : idIsPrimaryKey ? id : QString();
-    if (key.isEmpty()) {
+    if (key.isEmpty())
         throw noTable(handle.path(), table);
-    }
     // A primary key without an index of its own is another name of the row number.
     const bool alias = idIsPrimaryKey && !handle.prepared(sql::keyIndexes, {&name, 1}).executeStep();
     return {key.toStdString(), alias};
@@ -89,11 +83,9 @@ Layout layoutOf(Handle& handle, const QString& table, const QStringList& fields)
 Layout layoutOf(Handle& handle, const Source& source)
 {
     QStringList fields;
-    for (const Fields group : {source.fields, source.filter}) {
-        for (const char* field : group) {
+    for (const Fields group : {source.fields, source.filter})
+        for (const char* field : group)
             fields << QString::fromLatin1(field);
-        }
-    }
     return layoutOf(handle, QString::fromLatin1(source.table), fields);
 }
 

@@ -96,18 +96,15 @@ private:
 void Recordset::Core::move(qint64 rows)
 {
     Cursor& cursor = leave();
-    if (rows == 0) {
+    if (rows == 0)
         return;
-    }
     const Place end = rows > 0 ? Place::After : Place::Before;
-    if (cursor.place() == Place::Empty || cursor.place() == end) {
+    if (cursor.place() == Place::Empty || cursor.place() == end)
         throw refusal(Attempt::Read, reasons::pastTheEnd);
-    }
-    if (rows > 0) {
+    if (rows > 0)
         cursor.step(sql::Direction::Forward, rows - 1);
-    } else {
+    else
         cursor.step(sql::Direction::Backward, -(rows + 1));
-    }
 }
 
 QString Recordset::Core::text(QAnyStringView field)
@@ -140,9 +137,8 @@ void Recordset::Core::set(QAnyStringView field, Value value)
 {
     requireChangeable();
     const FieldIndex index = indexOf(field);
-    if (source_.fields[index] == std::string_view(sql::idField)) {
+    if (source_.fields[index] == std::string_view(sql::idField))
         throw refusal(Attempt::Change, reasons::idIsAssigned);
-    }
     if (!edit_) {
         requireRow(Attempt::Change);
         edit_ = Edit{.isNew = false, .values = {}};
@@ -153,17 +149,15 @@ void Recordset::Core::set(QAnyStringView field, Value value)
 void Recordset::Core::update()
 {
     const std::optional<Edit> edit = std::exchange(edit_, std::nullopt);
-    if (!edit) {
+    if (!edit)
         return;
-    }
     // Read back before anybody else can change it, so that it is what was written.
     const auto [key, row] = handle_->changing([&] {
         const qint64 written = edit->isNew ? insert(*edit) : change(*edit);
         return std::pair(written, readRow(written));
     });
-    if (edit->isNew) {
+    if (edit->isNew)
         cursor_->added(key);
-    }
     row_ = row;
 }
 
@@ -182,40 +176,33 @@ void Recordset::Core::remove()
 
 Recordset::Core::FieldIndex Recordset::Core::indexOf(QAnyStringView field) const
 {
-    for (FieldIndex i = 0; i < source_.fields.size(); ++i) {
-        if (QAnyStringView::compare(field, source_.fields[i], Qt::CaseInsensitive) == 0) {
+    for (FieldIndex i = 0; i < source_.fields.size(); ++i)
+        if (QAnyStringView::compare(field, source_.fields[i], Qt::CaseInsensitive) == 0)
             return i;
-        }
-    }
     throw noField(handle_->path(), QString::fromLatin1(source_.table), field.toString());
 }
 
 void Recordset::Core::requireRow(Attempt attempt) const
 {
-    if (cursor_->place() != Place::Row) {
+    if (cursor_->place() != Place::Row)
         throw refusal(attempt, reasons::noCurrentRow);
-    }
 }
 
 void Recordset::Core::requireChangeable() const
 {
-    if (lock_ == Lock::ReadOnly) {
+    if (lock_ == Lock::ReadOnly)
         throw refusal(Attempt::Change, reasons::openedToRead);
-    }
 }
 
 // Within the transaction that is about to write: nobody else can change the row any more.
 void Recordset::Core::requireUnchanged() const
 {
-    if (!row_) {
+    if (!row_)
         return;
-    }
     const Row now = readRow(cursor_->key());
-    for (FieldIndex i = 0; i < now.size(); ++i) {
-        if (now[i].text != (*row_)[i].text && !isCounter(i)) {
+    for (FieldIndex i = 0; i < now.size(); ++i)
+        if (now[i].text != (*row_)[i].text && !isCounter(i))
             throw refusal(Attempt::Change, reasons::rowChanged);
-        }
-    }
 }
 
 bool Recordset::Core::isCounter(FieldIndex field) const
@@ -226,9 +213,8 @@ bool Recordset::Core::isCounter(FieldIndex field) const
 
 const Value* Recordset::Core::edited(FieldIndex field) const
 {
-    if (!edit_) {
+    if (!edit_)
         return nullptr;
-    }
     const auto found = edit_->values.find(field);
     return found == edit_->values.end() ? nullptr : &found->second;
 }
@@ -236,13 +222,11 @@ const Value* Recordset::Core::edited(FieldIndex field) const
 const Recordset::Core::Cell& Recordset::Core::cell(FieldIndex field)
 {
     static const Cell null;
-    if (edit_ && edit_->isNew) {
+    if (edit_ && edit_->isNew)
         return null;
-    }
     requireRow(Attempt::Read);
-    if (!row_) {
+    if (!row_)
         row_ = handle_->reading([this] { return readRow(cursor_->key()); });
-    }
     return (*row_)[field];
 }
 
@@ -250,9 +234,8 @@ Recordset::Core::Row Recordset::Core::readRow(qint64 key) const
 {
     const Value bound = key;
     auto statement = handle_->prepared(sql::row(source_, layout_.key), {&bound, 1});
-    if (!statement.executeStep()) {
+    if (!statement.executeStep())
         throw refusal(Attempt::Read, reasons::rowGone);
-    }
     Row row;
     for (int i = 0; i < statement.getColumnCount(); ++i) {
         const auto column = statement.getColumn(i);
@@ -268,9 +251,8 @@ qint64 Recordset::Core::nextId() const
     auto statement = handle_->prepared(sql::largestId);
     statement.executeStep();
     const qint64 largest = statement.getColumn(0).getInt64();
-    if (largest == std::numeric_limits<qint64>::max()) {
+    if (largest == std::numeric_limits<qint64>::max())
         throw refusal(Attempt::Change, reasons::noNumberLeft);
-    }
     return largest + 1;
 }
 
@@ -308,9 +290,8 @@ qint64 Recordset::Core::change(const Edit& edit)
 
 void Recordset::Core::execute(const std::string& sql, const std::vector<Value>& values, const Reason& ifNoRow)
 {
-    if (handle_->prepared(sql, values).exec() != 1) {
+    if (handle_->prepared(sql, values).exec() != 1)
         throw refusal(Attempt::Change, ifNoRow);
-    }
 }
 
 Recordset::Recordset() = default;
@@ -332,9 +313,8 @@ void Recordset::Close() noexcept
 Recordset::Core& Recordset::core() const
 {
     if (!core_) {
-        throw Failure(
-            Failure::Cause::Other,
-            QStringLiteral("These rows of the question bank have been closed. Open them again first."));
+        throw Failure(Failure::Cause::Other,
+                      "These rows of the question bank have been closed. Open them again first.");
     }
     return *core_;
 }

@@ -29,17 +29,15 @@ constexpr Source accountSource = {"users", accountFields, accountFields, {}, Ord
 std::string joined(Fields fields, const std::string& after, const std::string& between)
 {
     std::string text;
-    for (const char* field : fields) {
+    for (const char* field : fields)
         text.append(text.empty() ? "" : between).append(field).append(after);
-    }
     return text;
 }
 
 std::string where(const std::string& filter, const std::string& more = {})
 {
-    if (filter.empty() && more.empty()) {
+    if (filter.empty() && more.empty())
         return {};
-    }
     return " where " + filter + (filter.empty() || more.empty() ? "" : " and ") + more;
 }
 
@@ -117,13 +115,11 @@ std::string row(const Source& source, const std::string& key)
 std::string insertion(const char* table, Fields fields)
 {
     const std::string into = std::string("insert into ") + table;
-    if (fields.empty()) {
+    if (fields.empty())
         return into + " default values";
-    }
     std::string places = "?";
-    for (std::size_t i = 1; i < fields.size(); ++i) {
+    for (std::size_t i = 1; i < fields.size(); ++i)
         places += ", ?";
-    }
     return into + " (" + joined(fields, "", ", ") + ") values (" + places + ")";
 }
 

@@ -10,8 +10,8 @@ std::optional<QString> levelAfter(int n)
     if (n < 0 || n > lastQuestion)
         return std::nullopt;
     if (n < questionsPerStep)
-        return QStringLiteral("1");
-    return n < 2 * questionsPerStep ? QStringLiteral("2") : QStringLiteral("3");
+        return "1";
+    return n < 2 * questionsPerStep ? "2" : "3";
 }
 
 int pickedRow(float r, int count)

@@ -5,18 +5,16 @@ namespace game {
 db::Failure tooFewQuestions(const QString& file, const QString& level, int count)
 {
     return {db::Failure::Cause::Other,
-            QStringLiteral(
-                "The question bank %1 has too few questions of level %2: a game asks five of them, and "
-                "it holds %3. Add questions of this level in the administration console.")
+            QString("The question bank %1 has too few questions of level %2: a game asks five of them, and "
+                    "it holds %3. Add questions of this level in the administration console.")
                 .arg(file, level)
                 .arg(count)};
 }
 
 QString noPromptMessages(const QString& file)
 {
-    return QStringLiteral(
-               "The question bank %1 has no prompt message, so the host makes do with one of its own. "
-               "Add messages in the administration console.")
+    return QString("The question bank %1 has no prompt message, so the host makes do with one of its own. "
+                   "Add messages in the administration console.")
         .arg(file);
 }
 

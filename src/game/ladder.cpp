@@ -51,8 +51,8 @@ const Ladder& prizeLadder()
 QString amountinwords(const QString& amount)
 {
     const QString digits = QString(amount).remove(',');
-    const auto* const found = std::ranges::find_if(
-        wordsOfAmounts, [&](const Words& row) { return digits == QLatin1String(row.digits); });
+    const auto* const found =
+        std::ranges::find_if(wordsOfAmounts, [&](const Words& row) { return digits == QString(row.digits); });
     return found == std::ranges::end(wordsOfAmounts) ? QString() : QString::fromLatin1(found->words);
 }
 
@@ -60,7 +60,7 @@ QString ladderPanelText()
 {
     QString text;
     for (const char* line : panelLines)
-        text += QLatin1String(line) + QLatin1String("\r\n");
+        text += QString(line) + "\r\n";
     return text;
 }
 
@@ -69,7 +69,7 @@ QString withRungMarked(const QString& panelText, int n)
     constexpr qsizetype lengthOfNumber = 4; // " 14>", or "  9>" less its first blank and with the one after
     constexpr qsizetype mostBlanksTaken = 3;
 
-    const qsizetype mark = panelText.indexOf(QStringLiteral(" %1>").arg(n)) + lengthOfNumber;
+    const qsizetype mark = panelText.indexOf(QString(" %1>").arg(n)) + lengthOfNumber;
     qsizetype rest = mark;
     while (rest < mark + mostBlanksTaken && panelText[rest] == QChar::Space)
         ++rest;

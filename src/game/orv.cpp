@@ -111,7 +111,7 @@ void Orv::addOptions()
     constexpr double half = height / 2;
 
     for (int i = options - 1; i >= 0; --i) {
-        option[i] = label(QStringLiteral("option%1").arg(i + 1), places[i], "",
+        option[i] = label(QString("option%1").arg(i + 1), places[i], "",
                           {.font = verdana(9.75, Weight::Bold), .colour = QColor(192, 255, 192), .middle = true});
     }
     for (int i = 0; i < options; ++i) {

@@ -119,10 +119,9 @@ void Orv::recordchoice(int k)
 void Orv::startflash()
 {
     state.flashcount = 8;
-    for (int k = 1; k <= options; ++k) {
+    for (int k = 1; k <= options; ++k)
         if (option[k - 1]->isOpaque())
             state.chosenoption = k;
-    }
     flash->setEnabled(true);
 }
 

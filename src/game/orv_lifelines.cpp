@@ -53,7 +53,7 @@ void Orv::showShare(int i, bool shown, int percent)
     pollbar[i]->setGeometry(bar);
     if (percent == 100) // three digits would run into the next bar's share
         pollpercent[i]->setFont(toolkit::verdana(7.5, toolkit::Weight::Bold));
-    pollpercent[i]->setText(QStringLiteral("%1%").arg(percent));
+    pollpercent[i]->setText(QString("%1%").arg(percent));
     pollpercent[i]->move(bar.left(), pollpercent[i]->y());
 }
 
@@ -77,7 +77,7 @@ void Orv::orv_lifelinetimer_Timer()
 {
     constexpr int seconds = 10;
     ++state.clockcount;
-    clock->setText(QStringLiteral("%1").arg(state.clockcount, 2));
+    clock->setText(QString("%1").arg(state.clockcount, 2));
     if (state.clockcount < seconds)
         return;
     lifelinetimer->setEnabled(false);

@@ -22,7 +22,7 @@ void Orv::displayquestion()
                                 row.text("answer4")};
     question->setText(row.text("question"));
     for (int i = 0; i < options; ++i)
-        option[i]->setText(QStringLiteral("%1> ").arg(QChar('A' + i)) + answers[i]);
+        option[i]->setText(QString("%1> ").arg(QChar('A' + i)) + answers[i]);
     state.chosenanswer.clear();
     state.begun = true;
     clearoptions();

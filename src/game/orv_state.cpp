@@ -30,10 +30,9 @@ void Orv::clearoptions()
 void Orv::showusedlifelines()
 {
     const std::array used = {state.pollused, state.friendused, state.fiftyused};
-    for (std::size_t i = 0; i < used.size(); ++i) {
+    for (std::size_t i = 0; i < used.size(); ++i)
         for (auto* line : crosses[i])
             line->setVisible(used[i]);
-    }
 }
 
 void Orv::markRung(int n)

@@ -25,7 +25,7 @@ Prompt promptNumber(int k, const PromptContext& context)
     case 4:
         return {"confused", "Are you confused?"};
     case 5:
-        return {"Alert", QStringLiteral("you have reached question number %1").arg(context.questionnumber)};
+        return {"Alert", QString("you have reached question number %1").arg(context.questionnumber)};
     case 6:
         return {"Explain", "The minimum amount that you can take if you loose now is " +
                                amountinwords(context.safeamount)};
@@ -39,7 +39,7 @@ Prompt promptNumber(int k, const PromptContext& context)
     case 11:
         return unless(context.fiftyused, {"think", "Try fifty fifty lifeline!!"});
     case 12:
-        return {"", QStringLiteral("You have answered %1 questions correctly!").arg(answered)};
+        return {"", QString("You have answered %1 questions correctly!").arg(answered)};
     case 13:
         return {"Search", ""};
     case 14:

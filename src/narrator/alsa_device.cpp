@@ -28,11 +28,10 @@ public:
     {
         for (int failures = 0; !samples.empty();) {
             const snd_pcm_sframes_t written = snd_pcm_writei(pcm_, samples.data(), samples.size());
-            if (written > 0) {
+            if (written > 0)
                 samples = samples.subspan(static_cast<std::size_t>(written));
-            } else if (++failures > mostFailures || snd_pcm_recover(pcm_, static_cast<int>(written), 1) < 0) {
+            else if (++failures > mostFailures || snd_pcm_recover(pcm_, static_cast<int>(written), 1) < 0)
                 return false;
-            }
         }
         return true;
     }
@@ -40,9 +39,8 @@ public:
     std::chrono::milliseconds delay() override
     {
         snd_pcm_sframes_t frames = 0;
-        if (snd_pcm_delay(pcm_, &frames) < 0) {
+        if (snd_pcm_delay(pcm_, &frames) < 0)
             frames = 0;
-        }
         return std::chrono::milliseconds(std::max<snd_pcm_sframes_t>(frames, 0) * 1000 / sampleRate);
     }
 
@@ -68,15 +66,13 @@ std::unique_ptr<SoundDevice> openAlsaDevice()
 {
     snd_lib_error_set_handler(keepQuiet);
     snd_pcm_t* pcm = nullptr;
-    if (snd_pcm_open(&pcm, "default", SND_PCM_STREAM_PLAYBACK, 0) < 0) {
+    if (snd_pcm_open(&pcm, "default", SND_PCM_STREAM_PLAYBACK, 0) < 0)
         return nullptr;
-    }
     auto device = std::make_unique<AlsaDevice>(pcm);
     constexpr int resampled = 1;
     if (snd_pcm_set_params(pcm, SND_PCM_FORMAT_S16, SND_PCM_ACCESS_RW_INTERLEAVED, 1, sampleRate, resampled,
-                           bufferMicroseconds) < 0) {
+                           bufferMicroseconds) < 0)
         return nullptr;
-    }
     return device;
 }
 

@@ -30,25 +30,23 @@ const QColor inkColour(0x16, 0x24, 0x33);
 
 Balloon::Balloon(const QRect& room, QWidget* parent) : QLabel(parent), room_(room)
 {
-    setObjectName(QStringLiteral("balloon"));
+    setObjectName("balloon");
     setTextFormat(Qt::PlainText);
     setFocusPolicy(Qt::NoFocus);
     QFont font;
-    font.setFamilies(
-        {QStringLiteral("Verdana"), QStringLiteral("DejaVu Sans"), QStringLiteral("sans-serif")});
+    font.setFamilies({"Verdana", "DejaVu Sans", "sans-serif"});
     font.setPixelSize(15);
     setFont(font);
     layout_.setFont(font);
-    setAccessibleName(QStringLiteral("Host says"));
+    setAccessibleName("Host says");
     describeBalloons();
     hide();
 }
 
 bool Balloon::say(const QString& text, qsizetype said)
 {
-    if (text == given_ && said == said_) {
+    if (text == given_ && said == said_)
         return false;
-    }
     const bool fresh = text != given_ || said < said_;
     if (fresh) {
         given_ = text;
@@ -112,9 +110,8 @@ void Balloon::drawWords(QPainter& painter) const
     const auto end = static_cast<int>(text().size() - top_);
     for (int i = 0; i < layout_.lineCount(); ++i) {
         const QTextLine line = layout_.lineAt(i);
-        if (line.textStart() >= end) {
+        if (line.textStart() >= end)
             return;
-        }
         if (line.textStart() + line.textLength() > end) {
             const double from = line.cursorToX(line.textStart());
             const double to = line.cursorToX(end);
@@ -143,12 +140,10 @@ void Balloon::fitToPage()
     fitting_ = layOut();
     const bool centred = layout_.lineCount() <= 3;
     double widest = 0;
-    for (int i = 0; i < layout_.lineCount(); ++i) {
+    for (int i = 0; i < layout_.lineCount(); ++i)
         widest = std::max(widest, layout_.lineAt(i).naturalTextWidth());
-    }
-    if (fitting_ < whole_.size()) {
+    if (fitting_ < whole_.size())
         widest = room_.width();
-    }
     const int width =
         std::clamp(static_cast<int>(std::ceil(widest)) + 2 * padding, leastWidth, room_.width());
     for (int i = 0; i < layout_.lineCount(); ++i) {
@@ -165,9 +160,8 @@ qsizetype Balloon::layOut()
 {
     const QString page = whole_.mid(top_, longestPage);
     const qsizetype fitting = breakLines(page);
-    if (fitting < page.size()) {
+    if (fitting < page.size())
         breakLines(page.first(fitting));
-    }
     return fitting;
 }
 
@@ -183,9 +177,8 @@ qsizetype Balloon::breakLines(const QString& page)
     qsizetype fitting = 0;
     for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
         line.setLineWidth(room_.width() - 2 * padding);
-        if (fitting > 0 && y + line.height() > bottom) {
+        if (fitting > 0 && y + line.height() > bottom)
             break;
-        }
         line.setPosition({0, y});
         y += line.height();
         fitting = line.textStart() + line.textLength();

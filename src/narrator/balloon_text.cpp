@@ -17,20 +17,16 @@ bool endsPhrase(QChar c)
 /// What stands for `marks` pause marks between two characters.
 QString pause(QChar before, qsizetype marks, bool blank, QChar after)
 {
-    if (marks == 0) {
-        return QStringLiteral(" ");
-    }
-    if (endsPhrase(after)) {
+    if (marks == 0)
+        return " ";
+    if (endsPhrase(after))
         return {};
-    }
-    if (endsPhrase(before)) {
-        return QStringLiteral(" ");
-    }
-    if (marks > 1) {
-        return QStringLiteral("\u2026 ");
-    }
+    if (endsPhrase(before))
+        return " ";
+    if (marks > 1)
+        return "\u2026 ";
     const bool inNumber = before.isDigit() && after.isDigit() && !blank;
-    return inNumber ? QStringLiteral(",") : QStringLiteral(", ");
+    return inNumber ? "," : ", ";
 }
 
 } // namespace
@@ -46,9 +42,8 @@ QString shownText(const QString& text)
         } else if (isBlank(c)) {
             blank = true;
         } else {
-            if (!shown.isEmpty() && (marks > 0 || blank)) {
+            if (!shown.isEmpty() && (marks > 0 || blank))
                 shown += pause(shown.back(), marks, blank, c);
-            }
             shown += c;
             marks = 0;
             blank = false;

@@ -21,15 +21,14 @@ struct Free
 
 bool windowsCanBePlaced()
 {
-    return QGuiApplication::platformName() == QLatin1String("xcb");
+    return QGuiApplication::platformName() == "xcb";
 }
 
 bool compositorRuns()
 {
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11) {
+    if (!x11)
         return false;
-    }
     xcb_connection_t* connection = x11->connection();
     char* host = nullptr;
     int display = 0;
@@ -41,9 +40,8 @@ bool compositorRuns()
     static const std::unique_ptr<xcb_intern_atom_reply_t, Free> atom(xcb_intern_atom_reply(
         connection, xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.constData()),
         nullptr));
-    if (!atom) {
+    if (!atom)
         return false;
-    }
     const std::unique_ptr<xcb_get_selection_owner_reply_t, Free> owner(
         xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, atom->atom), nullptr));
     return owner && owner->owner != XCB_WINDOW_NONE;

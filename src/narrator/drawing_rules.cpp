@@ -8,8 +8,6 @@
 #include <optional>
 #include <utility>
 
-using namespace Qt::StringLiterals;
-
 namespace narrator {
 
 namespace {
@@ -30,51 +28,51 @@ enum class Kind { Number, Width, Numbers, Share, Paint, Colour, Word, Id, Path, 
 const QHash<QString, Kind>& kinds()
 {
     static const QHash<QString, Kind> table{
-        {u"id"_s, Kind::Id},
-        {u"d"_s, Kind::Path},
-        {u"transform"_s, Kind::Transform},
-        {u"gradientTransform"_s, Kind::Transform},
-        {u"fill"_s, Kind::Paint},
-        {u"stroke"_s, Kind::Paint},
-        {u"stop-color"_s, Kind::Colour},
-        {u"opacity"_s, Kind::Share},
-        {u"fill-opacity"_s, Kind::Share},
-        {u"stroke-opacity"_s, Kind::Share},
-        {u"stop-opacity"_s, Kind::Share},
-        {u"offset"_s, Kind::Share},
-        {u"viewBox"_s, Kind::Numbers},
-        {u"stroke-width"_s, Kind::Width},
-        {u"x"_s, Kind::Number},
-        {u"y"_s, Kind::Number},
-        {u"width"_s, Kind::Number},
-        {u"height"_s, Kind::Number},
-        {u"x1"_s, Kind::Number},
-        {u"y1"_s, Kind::Number},
-        {u"x2"_s, Kind::Number},
-        {u"y2"_s, Kind::Number},
-        {u"cx"_s, Kind::Number},
-        {u"cy"_s, Kind::Number},
-        {u"r"_s, Kind::Number},
-        {u"rx"_s, Kind::Number},
-        {u"ry"_s, Kind::Number},
-        {u"fx"_s, Kind::Number},
-        {u"fy"_s, Kind::Number},
-        {u"version"_s, Kind::Word},
-        {u"baseProfile"_s, Kind::Word},
-        {u"stroke-linejoin"_s, Kind::Word},
-        {u"stroke-linecap"_s, Kind::Word},
-        {u"fill-rule"_s, Kind::Word},
-        {u"gradientUnits"_s, Kind::Word},
-        {u"spreadMethod"_s, Kind::Word},
+        {"id", Kind::Id},
+        {"d", Kind::Path},
+        {"transform", Kind::Transform},
+        {"gradientTransform", Kind::Transform},
+        {"fill", Kind::Paint},
+        {"stroke", Kind::Paint},
+        {"stop-color", Kind::Colour},
+        {"opacity", Kind::Share},
+        {"fill-opacity", Kind::Share},
+        {"stroke-opacity", Kind::Share},
+        {"stop-opacity", Kind::Share},
+        {"offset", Kind::Share},
+        {"viewBox", Kind::Numbers},
+        {"stroke-width", Kind::Width},
+        {"x", Kind::Number},
+        {"y", Kind::Number},
+        {"width", Kind::Number},
+        {"height", Kind::Number},
+        {"x1", Kind::Number},
+        {"y1", Kind::Number},
+        {"x2", Kind::Number},
+        {"y2", Kind::Number},
+        {"cx", Kind::Number},
+        {"cy", Kind::Number},
+        {"r", Kind::Number},
+        {"rx", Kind::Number},
+        {"ry", Kind::Number},
+        {"fx", Kind::Number},
+        {"fy", Kind::Number},
+        {"version", Kind::Word},
+        {"baseProfile", Kind::Word},
+        {"stroke-linejoin", Kind::Word},
+        {"stroke-linecap", Kind::Word},
+        {"fill-rule", Kind::Word},
+        {"gradientUnits", Kind::Word},
+        {"spreadMethod", Kind::Word},
     };
     return table;
 }
 
 const QSet<QString>& elements()
 {
-    static const QSet<QString> table{u"svg"_s,  u"metadata"_s,       u"defs"_s,          u"g"_s,
-                                     u"path"_s, u"ellipse"_s,        u"circle"_s,        u"rect"_s,
-                                     u"stop"_s, u"linearGradient"_s, u"radialGradient"_s};
+    static const QSet<QString> table{"svg",  "metadata",       "defs",          "g",
+                                     "path", "ellipse",        "circle",        "rect",
+                                     "stop", "linearGradient", "radialGradient"};
     return table;
 }
 
@@ -112,17 +110,15 @@ std::optional<Outline> shape(const QString& name, const QXmlStreamAttributes& at
         return plainNumber(attributes.value(key)).value_or(otherwise);
     };
     if (name == u"rect") {
-        const QRectF box =
-            QRectF(number(u"x"_s), number(u"y"_s), number(u"width"_s), number(u"height"_s)).normalized();
+        const QRectF box = QRectF(number("x"), number("y"), number("width"), number("height")).normalized();
         return Outline{2 * (box.width() + box.height()), box, pieces};
     }
-    if (name != u"circle" && name != u"ellipse") {
+    if (name != u"circle" && name != u"ellipse")
         return {};
-    }
-    const double radius = std::abs(number(u"r"_s));
-    const double radiusX = std::abs(number(u"rx"_s, radius));
-    const double radiusY = std::abs(number(u"ry"_s, radius));
-    const QPointF centre(number(u"cx"_s), number(u"cy"_s));
+    const double radius = std::abs(number("r"));
+    const double radiusX = std::abs(number("rx", radius));
+    const double radiusY = std::abs(number("ry", radius));
+    const QPointF centre(number("cx"), number("cy"));
     const QPointF corner(radiusX, radiusY);
     return Outline{4 * (radiusX + radiusY), QRectF(centre - corner, centre + corner), pieces};
 }
@@ -132,51 +128,42 @@ std::optional<Outline> shape(const QString& name, const QXmlStreamAttributes& at
 void DrawingRules::element(const QString& name, const QXmlStreamAttributes& attributes, int depth,
                            qint64 line)
 {
-    if (!elements().contains(name) || (name == u"svg") != (depth == 0)) {
-        throw Defect{u"the element \"%1\" does not belong here"_s.arg(name.left(40))};
-    }
+    if (!elements().contains(name) || (name == u"svg") != (depth == 0))
+        throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
     for (const QXmlStreamAttribute& entry : attributes) {
-        if (!entry.namespaceUri().isEmpty()) {
-            throw Defect{u"the attribute \"%1\" is not allowed"_s.arg(entry.qualifiedName().left(40))};
-        }
+        if (!entry.namespaceUri().isEmpty())
+            throw Defect{QString("the attribute \"%1\" is not allowed").arg(entry.qualifiedName().left(40))};
         attribute(name, entry.name().toString(), entry.value(), line);
     }
     enter(attributes, depth);
-    if (const auto outline = shape(name, attributes)) {
+    if (const auto outline = shape(name, attributes))
         spend(*outline, paints_.back());
-    } else if (name == u"path") {
+    else if (name == u"path")
         spend(std::exchange(outline_, {}), paints_.back());
-    }
-    const QString id = attributes.value(u"id"_s).toString();
-    if (id.isEmpty()) {
+    const QString id = attributes.value("id").toString();
+    if (id.isEmpty())
         return;
-    }
-    if (ids_.contains(id)) {
-        throw Defect{u"the id \"%1\" is used twice"_s.arg(id)};
-    }
+    if (ids_.contains(id))
+        throw Defect{QString("the id \"%1\" is used twice").arg(id)};
     ids_.insert(id);
-    if (name.endsWith(u"Gradient")) {
+    if (name.endsWith(u"Gradient"))
         gradients_.insert(id);
-    } else if (name == u"g" && depth == 1) {
+    else if (name == u"g" && depth == 1)
         parts_.insert(id);
-    }
 }
 
 void DrawingRules::checkReferences() const
 {
-    for (auto it = references_.cbegin(); it != references_.cend(); ++it) {
-        if (!gradients_.contains(it.key())) {
-            throw Defect{u"there is no gradient \"%1\""_s.arg(it.key()), it.value()};
-        }
-    }
+    for (auto it = references_.cbegin(); it != references_.cend(); ++it)
+        if (!gradients_.contains(it.key()))
+            throw Defect{QString("there is no gradient \"%1\"").arg(it.key()), it.value()};
 }
 
 void DrawingRules::attribute(const QString& element, const QString& name, QStringView value, qint64 line)
 {
     const auto kind = kinds().constFind(name);
-    if (kind == kinds().cend()) {
-        throw Defect{u"the attribute \"%1\" of \"%2\" is not allowed"_s.arg(name.left(40), element)};
-    }
+    if (kind == kinds().cend())
+        throw Defect{QString("the attribute \"%1\" of \"%2\" is not allowed").arg(name.left(40), element)};
     bool good = true;
     switch (*kind) {
     case Kind::Number:
@@ -208,37 +195,31 @@ void DrawingRules::attribute(const QString& element, const QString& name, QStrin
     case Kind::Path:
         return path(value);
     }
-    if (!good) {
-        throw Defect{u"\"%1\" is no value for the attribute \"%2\""_s.arg(value.left(40), name)};
-    }
+    if (!good)
+        throw Defect{QString("\"%1\" is no value for the attribute \"%2\"").arg(value.left(40), name)};
 }
 
 void DrawingRules::paint(QStringView value, qint64 line)
 {
-    if (value == u"none" || isColour(value)) {
+    if (value == u"none" || isColour(value))
         return;
-    }
     const bool reference = value.startsWith(u"url(#") && value.endsWith(u')');
     const QStringView id = reference ? value.sliced(5).chopped(1) : QStringView();
-    if (!isWord(id)) {
-        throw Defect{u"\"%1\" is no colour"_s.arg(value.left(40))};
-    }
-    if (!references_.contains(id.toString())) {
+    if (!isWord(id))
+        throw Defect{QString("\"%1\" is no colour").arg(value.left(40))};
+    if (!references_.contains(id.toString()))
         references_.insert(id.toString(), line);
-    }
 }
 
 void DrawingRules::path(QStringView data)
 {
     pathCharacters_ += data.size();
-    if (data.size() > maxPathCharacters || pathCharacters_ > maxAllPathCharacters) {
-        throw Defect{u"the outlines are too long"_s};
-    }
+    if (data.size() > maxPathCharacters || pathCharacters_ > maxAllPathCharacters)
+        throw Defect{"the outlines are too long"};
     QStringView bad;
     const auto outline = outlineOf(data, bad);
-    if (!outline) {
-        throw Defect{u"\"%1\" is no part of an outline"_s.arg(bad.left(20))};
-    }
+    if (!outline)
+        throw Defect{QString("\"%1\" is no part of an outline").arg(bad.left(20))};
     outline_ = *outline;
 }
 
@@ -246,28 +227,24 @@ void DrawingRules::enter(const QXmlStreamAttributes& attributes, int depth)
 {
     paints_.resize(static_cast<std::size_t>(depth));
     Paint paint = paints_.empty() ? Paint() : paints_.back();
-    if (const auto box = plainNumbers(attributes.value(u"viewBox"_s));
+    if (const auto box = plainNumbers(attributes.value("viewBox"));
         paints_.empty() && box && box->size() == 4) {
         const double scale = pictureWidth / std::max(1.0, (*box)[2]);
         paint.transform.scale(scale, scale);
     }
-    if (const auto transform = plainTransform(attributes.value(u"transform"_s))) {
+    if (const auto transform = plainTransform(attributes.value("transform")))
         paint.transform = *transform * paint.transform;
-    }
-    if (attributes.hasAttribute(u"stroke"_s)) {
-        paint.stroked = attributes.value(u"stroke"_s) != u"none";
-    }
-    if (const auto width = plainNumber(attributes.value(u"stroke-width"_s))) {
+    if (attributes.hasAttribute("stroke"))
+        paint.stroked = attributes.value("stroke") != u"none";
+    if (const auto width = plainNumber(attributes.value("stroke-width")))
         paint.strokeWidth = std::abs(*width);
-    }
     paints_.push_back(paint);
 }
 
 void DrawingRules::spend(const Outline& outline, const Paint& paint)
 {
-    if (outline.corners == 0) {
+    if (outline.corners == 0)
         return;
-    }
     const double scale = largestScale(paint.transform);
     const double strokeWidth = paint.stroked ? paint.strokeWidth * scale : 0;
     const QRectF box = paint.transform.mapRect(outline.box);
@@ -278,12 +255,10 @@ void DrawingRules::spend(const Outline& outline, const Paint& paint)
     };
     const double length = outline.length * scale;
     cost_ += painting(length);
-    if (paint.stroked) {
+    if (paint.stroked)
         cost_ += painting(2 * length + outline.corners * strokeWidth * std::numbers::pi);
-    }
-    if (!(cost_ <= maxCost)) {
-        throw Defect{u"the drawing takes too long to paint"_s};
-    }
+    if (!(cost_ <= maxCost))
+        throw Defect{"the drawing takes too long to paint"};
 }
 
 } // namespace narrator

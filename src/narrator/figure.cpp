@@ -28,9 +28,8 @@ QRect pixels(const QRectF& bounds, double factor)
 Figure::Figure(CharacterFile file, const QString& name)
     : file_(std::move(file)), svg_(std::make_unique<QSvgRenderer>())
 {
-    if (!svg_->load(file_.drawing)) {
-        throw LoadFailure((name + QStringLiteral(": the drawing cannot be painted")).toStdString());
-    }
+    if (!svg_->load(file_.drawing))
+        throw LoadFailure((name + ": the drawing cannot be painted").toStdString());
     const QRectF box = rig().drawing;
     // A part may stand out of the drawing, as a raised arm does, but not without limit.
     const QRectF reach = box.adjusted(-box.width() / 2, -box.height() / 2, box.width() / 2, box.height() / 2);
@@ -45,9 +44,8 @@ Figure::Figure(CharacterFile file, const QString& name)
         // Every draw is painted in each frame, whether it shares its part or not.
         sum += part->bounds.width() * part->bounds.height() * std::pow(scale() * leastDensity, 2);
     }
-    if (!std::isfinite(sum) || sum > maxPixels) {
-        throw LoadFailure((name + QStringLiteral(": the parts of the drawing are too large")).toStdString());
-    }
+    if (!std::isfinite(sum) || sum > maxPixels)
+        throw LoadFailure((name + ": the parts of the drawing are too large").toStdString());
 }
 
 Figure::~Figure() = default;
@@ -78,9 +76,8 @@ void Figure::rasterise(double density)
 void Figure::paint(QPainter& painter, const Pose& pose, double ratio)
 {
     const double density = std::clamp(ratio, leastDensity * std::min(ratio, 1.0), maxDensity);
-    if (density != density_) {
+    if (density != density_)
         rasterise(density);
-    }
     const double factor = scale() * density;
     painter.save();
     painter.setRenderHint(QPainter::SmoothPixmapTransform);

@@ -40,9 +40,8 @@ std::vector<Segment> segmentsOf(cst_utterance* utterance)
 {
     std::vector<Segment> segments;
     for (const cst_item* item = relation_head(utt_relation(utterance, "Segment")); item;
-         item = item_next(item)) {
+         item = item_next(item))
         segments.push_back({item_name(item), fromSeconds(item_feat_float(item, "end"))});
-    }
     return segments;
 }
 
@@ -75,15 +74,12 @@ struct Span
 Span spoken(const std::vector<Segment>& segments, Pause pause, Milliseconds length)
 {
     Span span{0ms, length};
-    if (segments.size() < 2) {
+    if (segments.size() < 2)
         return span;
-    }
-    if (segments.front().name == "pau") {
+    if (segments.front().name == "pau")
         span.start = std::max(segments.front().end - leadIn, Milliseconds(0));
-    }
-    if (segments.back().name == "pau" && pause == Pause::None) {
+    if (segments.back().name == "pau" && pause == Pause::None)
         span.end = std::clamp(segments[segments.size() - 2].end + leadIn, span.start, length);
-    }
     return span;
 }
 
@@ -103,17 +99,15 @@ public:
 
     Speech synthesise(const SpokenPiece& piece, const std::function<bool()>& dropped) override
     {
-        if (!voice_) {
+        if (!voice_)
             return {};
-        }
         dropped_ = dropped;
         streaming_->userdata = &dropped_;
         const std::unique_ptr<cst_utterance, decltype(&delete_utterance)> utterance(
             flite_synth_text(piece.line().c_str(), voice_), &delete_utterance);
         const cst_wave* wave = utterance && !dropped() ? utt_wave(utterance.get()) : nullptr;
-        if (!wave || wave->num_samples <= 0 || wave->sample_rate != sampleRate) {
+        if (!wave || wave->num_samples <= 0 || wave->sample_rate != sampleRate)
             return {};
-        }
         return speech(utterance.get(), *wave, piece);
     }
 
@@ -130,12 +124,10 @@ private:
         const auto shifted = [&span](Milliseconds& time) {
             time = std::max(time - span.start, Milliseconds(0));
         };
-        for (WordTime& word : speech.times.words) {
+        for (WordTime& word : speech.times.words)
             shifted(word.start);
-        }
-        for (MouthTime& mouth : speech.times.mouths) {
+        for (MouthTime& mouth : speech.times.mouths)
             shifted(mouth.start);
-        }
         speech.times.length = span.end - span.start + (pause > Pause::Short ? leadOut : 0ms);
         speech.samples.assign(wave.samples + samplesIn(span.start), wave.samples + samplesIn(span.end));
         speech.samples.resize(samplesIn(speech.times.length));

@@ -22,13 +22,11 @@ Gaze::Gaze(std::function<double()>& random, Milliseconds now)
 
 QPointF Gaze::at(Milliseconds now, bool resting, const Sights& sights)
 {
-    if (now >= next_) {
+    if (now >= next_)
         choose(now);
-    }
     QPointF wanted;
-    if (resting && target_ != Target::Ahead) {
+    if (resting && target_ != Target::Ahead)
         wanted = target_ == Target::Question ? sights.question : sights.pointer;
-    }
     const double left = std::exp(-static_cast<double>((now - last_).count()) / turnMs);
     seen_ = wanted + (seen_ - wanted) * left;
     last_ = now;

@@ -62,9 +62,8 @@ public:
 
     void Show() override
     {
-        if (stage_) {
+        if (stage_)
             stage_->enter();
-        }
         update();
     }
 
@@ -129,21 +128,18 @@ public:
 
     void Load(const QString& id, const QString& path) override
     {
-        if (hosts_.contains(id)) {
+        if (hosts_.contains(id))
             throw LoadFailure(id.toStdString() + " is loaded already");
-        }
-        if (!form_) {
+        if (!form_)
             throw LoadFailure("the form of the host is gone");
-        }
         hosts_.emplace(id, std::make_unique<Host>(*form_, clock_, speaker_, path));
     }
 
     Character& Item(const QString& id) override
     {
         const auto found = hosts_.find(id);
-        if (found == hosts_.end()) {
+        if (found == hosts_.end())
             throw LoadFailure("there is no character " + id.toStdString());
-        }
         return *found->second;
     }
 

@@ -71,13 +71,11 @@ public:
                 continue;
             }
             const Text text = shared_->text;
-            if (!device_) {
+            if (!device_)
                 call([this] { device_ = shared_->open(); });
-            }
             const bool whole = device_ && play(text);
-            if (!whole && text == shared_->text) {
+            if (!whole && text == shared_->text)
                 shared_->wanted = false;
-            }
         }
     }
 
@@ -156,9 +154,8 @@ private:
     {
         const std::vector<std::int16_t>& first = shared_->samples.front();
         const std::size_t count = std::min(chunk.size(), first.size() - shared_->used);
-        if (!silent_) {
+        if (!silent_)
             std::copy_n(first.begin() + static_cast<std::ptrdiff_t>(shared_->used), count, chunk.begin());
-        }
         shared_->used += count;
         if (shared_->used == first.size()) {
             shared_->samples.pop_front();
@@ -171,9 +168,8 @@ private:
     void turnMute()
     {
         silent_ = shared_->muted;
-        if (!silent_ || all_ == 0) {
+        if (!silent_ || all_ == 0)
             return;
-        }
         Milliseconds lost{0};
         call([&] {
             lost = device_->delay();
@@ -250,9 +246,8 @@ void Loudspeaker::stop(Text text)
 Loudspeaker::Status Loudspeaker::status(Text text) const
 {
     const std::lock_guard lock(shared_->mutex);
-    if (text != shared_->text) {
+    if (text != shared_->text)
         return {State::Lost};
-    }
     const bool stuck = shared_->calling && since(*shared_->calling) > patience;
     const bool lost = !shared_->finished && (stuck || !shared_->wanted);
     if (shared_->playing) {

@@ -24,16 +24,13 @@ double channel(const Pose& pose, int bone, Channel which)
 
 Pose towardsRest(const Rig& rig, const Pose& start, double timeMs)
 {
-    if (timeMs >= restBlendMs) {
+    if (timeMs >= restBlendMs)
         return rig.rest;
-    }
     Pose pose = start;
     const double share = eased(Ease::InOut, timeMs / restBlendMs);
-    for (std::size_t bone = 0; bone < pose.bones.size(); ++bone) {
-        for (std::size_t i = 0; i < channelCount; ++i) {
+    for (std::size_t bone = 0; bone < pose.bones.size(); ++bone)
+        for (std::size_t i = 0; i < channelCount; ++i)
             pose.bones[bone][i] = std::lerp(start.bones[bone][i], rig.rest.bones[bone][i], share);
-        }
-    }
     if (timeMs >= restStepMs) {
         pose.slots = rig.rest.slots;
         pose.layers = rig.rest.layers;
@@ -86,9 +83,8 @@ int valueAt(const std::vector<Step>& steps, int start, int rest, double timeMs)
 {
     int value = start;
     for (const Step& step : steps) {
-        if (timeMs < step.timeMs) {
+        if (timeMs < step.timeMs)
             break;
-        }
         value = step.value.value_or(rest);
     }
     return value;
@@ -97,9 +93,8 @@ int valueAt(const std::vector<Step>& steps, int start, int rest, double timeMs)
 Pose poseAt(const Rig& rig, const Motion& motion, double timeMs)
 {
     Pose pose = towardsRest(rig, motion.start, timeMs);
-    if (!motion.gesture) {
+    if (!motion.gesture)
         return pose;
-    }
     for (const Curve& curve : motion.gesture->curves) {
         channel(pose, curve.bone, curve.channel) =
             valueAt(curve.keys, channel(motion.start, curve.bone, curve.channel),
@@ -140,9 +135,8 @@ void addLook(const Rig& rig, Pose& pose, const QPointF& sight)
 
 void shapeMouth(const Rig& rig, Pose& pose, MouthShape shape)
 {
-    if (shape != MouthShape::Rest) {
+    if (shape != MouthShape::Rest)
         pose.slots[static_cast<std::size_t>(rig.mouthSlot)] = rig.mouths[static_cast<std::size_t>(shape)];
-    }
 }
 
 std::vector<QTransform> boneTransforms(const Rig& rig, const Pose& pose)
@@ -179,9 +173,8 @@ std::vector<int> visibleDraws(const Rig& rig, const Pose& pose)
         const Draw& draw = rig.draws[i];
         const bool held =
             draw.slot < 0 || pose.slots[static_cast<std::size_t>(draw.slot)] == static_cast<int>(i);
-        if (held && !flat[static_cast<std::size_t>(draw.bone)]) {
+        if (held && !flat[static_cast<std::size_t>(draw.bone)])
             shown.push_back(static_cast<int>(i));
-        }
     }
     const auto depth = [&](int i) {
         const int layer = rig.draws[static_cast<std::size_t>(i)].layer;

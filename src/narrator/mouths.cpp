@@ -41,11 +41,9 @@ bool mustShow(MouthShape shape)
 
 std::optional<SoundShapes> shapesOf(std::string_view segment)
 {
-    for (const Row& row : rows) {
-        if (row.name == segment) {
+    for (const Row& row : rows)
+        if (row.name == segment)
             return SoundShapes{row.first, row.second};
-        }
-    }
     return {};
 }
 
@@ -53,26 +51,23 @@ std::vector<MouthTime> mouthsOf(const std::vector<Segment>& segments)
 {
     std::vector<MouthTime> all;
     const auto add = [&all](std::chrono::milliseconds start, MouthShape shape) {
-        if (all.empty() || all.back().shape != shape) {
+        if (all.empty() || all.back().shape != shape)
             all.push_back({start, shape});
-        }
     };
     std::chrono::milliseconds start{0};
     for (const Segment& segment : segments) {
         const SoundShapes shapes = shapesOf(segment.name).value_or(SoundShapes());
         add(start, shapes.first);
-        if (shapes.second) {
+        if (shapes.second)
             add(start + (segment.end - start) * changePercent / 100, *shapes.second);
-        }
         start = segment.end;
     }
     std::vector<MouthTime> shown;
     for (std::size_t i = 0; i < all.size(); ++i) {
         const auto end = i + 1 < all.size() ? all[i + 1].start : start;
         const bool kept = end - all[i].start >= leastTime || mustShow(all[i].shape) || shown.empty();
-        if (kept && (shown.empty() || shown.back().shape != all[i].shape)) {
+        if (kept && (shown.empty() || shown.back().shape != all[i].shape))
             shown.push_back(all[i]);
-        }
     }
     return shown;
 }

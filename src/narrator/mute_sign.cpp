@@ -30,15 +30,15 @@ QPainterPath speakerShape()
 
 MuteSign::MuteSign(QWidget* parent) : QAbstractButton(parent)
 {
-    setObjectName(QStringLiteral("mute"));
+    setObjectName("mute");
     setCheckable(true);
     setFixedSize(side, side);
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::PointingHandCursor);
     const auto describe = [this](bool muted) {
-        setToolTip(muted ? QStringLiteral("Let the host be heard (M)") : QStringLiteral("Mute the host (M)"));
+        setToolTip(muted ? "Let the host be heard (M)" : "Mute the host (M)");
     };
-    setAccessibleName(QStringLiteral("Mute the host"));
+    setAccessibleName("Mute the host");
     connect(this, &QAbstractButton::toggled, this, describe);
     describe(false);
 }

@@ -55,9 +55,8 @@ void Player::stop(Milliseconds now)
 void Player::skip(Milliseconds now)
 {
     queue_.advance(now);
-    if (!text_.isEmpty()) {
+    if (!text_.isEmpty())
         queue_.skip(now);
-    }
 }
 
 Frame Player::frame(Milliseconds now)
@@ -83,9 +82,8 @@ void Player::begin(const Request& request, Milliseconds start)
 {
     requestStart_ = start;
     if (request.kind == Request::Kind::Gesture) {
-        if (const Gesture* gesture = rig_.gesture(request.text)) {
+        if (const Gesture* gesture = rig_.gesture(request.text))
             turnTo(gesture, start);
-        }
     } else if (reading_ = readingTime(request.text); reading_ > 0ms) {
         text_ = request.text;
         voice_.say(text_, start);
@@ -95,15 +93,13 @@ void Player::begin(const Request& request, Milliseconds start)
 std::optional<Player::Milliseconds> Player::ended(Milliseconds now)
 {
     Milliseconds end = requestStart_;
-    if (motion_.gesture) {
+    if (motion_.gesture)
         end += Milliseconds(static_cast<qint64>(motion_.gesture->lengthMs));
-    }
     if (!text_.isEmpty()) {
         const auto first = voice_.firstWord(now);
         const auto last = voice_.lastWord(now);
-        if (!first || !last) {
+        if (!first || !last)
             return {};
-        }
         end = std::max(*first + reading_, *last);
     }
     return end <= now ? std::optional(end) : std::nullopt;
@@ -111,12 +107,10 @@ std::optional<Player::Milliseconds> Player::ended(Milliseconds now)
 
 void Player::finish(Milliseconds time)
 {
-    if (motion_.gesture) {
+    if (motion_.gesture)
         turnTo(nullptr, time);
-    }
-    if (!text_.isEmpty()) {
+    if (!text_.isEmpty())
         voice_.hush();
-    }
     text_.clear();
 }
 
@@ -128,24 +122,20 @@ void Player::turnTo(const Gesture* gesture, Milliseconds time)
 
 double Player::lidsClosed(Milliseconds now)
 {
-    if (now >= nextBlink_ + blinkLength) {
+    if (now >= nextBlink_ + blinkLength)
         nextBlink_ = now + 2s + Milliseconds(static_cast<qint64>(random_() * 4000));
-    }
-    if (now < nextBlink_) {
+    if (now < nextBlink_)
         return 0;
-    }
     const Milliseconds since = now - nextBlink_;
-    if (since < lidsFalling) {
+    if (since < lidsFalling)
         return sinceMs(0ms, since) / sinceMs(0ms, lidsFalling);
-    }
     return since < lidsShut ? 1 : 1 - sinceMs(lidsShut, since) / sinceMs(lidsShut, blinkLength);
 }
 
 std::chrono::milliseconds readingTime(const QString& text)
 {
-    if (shownText(text).isEmpty()) {
+    if (shownText(text).isEmpty())
         return 0ms;
-    }
     return std::max(std::chrono::milliseconds(leastReadingTime), readingPace(text.size()));
 }
 

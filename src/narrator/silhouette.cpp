@@ -18,12 +18,10 @@ void addRuns(QList<QRect>& runs, int row, int columns, int unit, const Filled& f
 {
     for (int column = 0; column < columns; ++column) {
         const int start = column;
-        while (column < columns && filled(column)) {
+        while (column < columns && filled(column))
             ++column;
-        }
-        if (column > start) {
+        if (column > start)
             runs.append(QRect(start * unit, row * unit, (column - start) * unit, unit));
-        }
     }
 }
 
@@ -73,9 +71,8 @@ QRegion roughSilhouette(const QImage& image)
             const int right = edge(column + 1, width);
             for (int y = edge(row, height); y < bottom; ++y) {
                 const QRgb* line = lineOf(image, y);
-                if (std::any_of(line + left, line + right, [](QRgb pixel) { return pixel != 0; })) {
+                if (std::any_of(line + left, line + right, [](QRgb pixel) { return pixel != 0; }))
                     return true;
-                }
             }
             return false;
         });

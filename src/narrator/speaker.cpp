@@ -49,28 +49,24 @@ void makeSpeech(const std::shared_ptr<Shared>& shared)
     std::unique_ptr<Synthesiser> voice;
     for (;;) {
         shared->changed.wait(lock, [&] { return shared->ended || shared->due(); });
-        if (shared->ended) {
+        if (shared->ended)
             return;
-        }
         const Speaker::Ticket ticket = shared->current;
         const SpokenPiece piece = std::move(shared->pieces.front());
         shared->pieces.pop_front();
         lock.unlock();
-        if (!voice) {
+        if (!voice)
             voice = shared->makeVoice();
-        }
         Speech speech = voice->synthesise(piece, [&] { return shared->current != ticket; });
         lock.lock();
-        if (shared->current != ticket) {
+        if (shared->current != ticket)
             continue;
-        }
         shared->madeLength += speech.times.length;
         shared->made.push_back(std::move(speech.times));
         shared->complete = shared->pieces.empty();
         shared->loudspeaker.add(ticket, std::move(speech.samples));
-        if (shared->complete) {
+        if (shared->complete)
             shared->loudspeaker.complete(ticket);
-        }
     }
 }
 
@@ -121,20 +117,16 @@ public:
     {
         const Loudspeaker::Status status = shared_->loudspeaker.status(ticket);
         const std::lock_guard lock(shared_->mutex);
-        if (ticket != shared_->current) {
+        if (ticket != shared_->current)
             return {{}, true};
-        }
         shared_->reached = reached;
-        if (shared_->due()) {
+        if (shared_->due())
             shared_->changed.notify_all();
-        }
         Progress progress{{}, shared_->complete, Sound::Lost, status.played};
-        for (std::size_t i = known; i < shared_->made.size(); ++i) {
+        for (std::size_t i = known; i < shared_->made.size(); ++i)
             progress.fresh.push_back(shared_->made[i]);
-        }
-        if (status.state != Loudspeaker::State::Lost) {
+        if (status.state != Loudspeaker::State::Lost)
             progress.sound = status.state == Loudspeaker::State::Playing ? Sound::Playing : Sound::Waiting;
-        }
         return progress;
     }
 

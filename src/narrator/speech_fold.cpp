@@ -94,20 +94,16 @@ std::string foldedCharacter(char32_t character)
         return letters;
     }
     const Folded* const found = std::ranges::lower_bound(table, character, {}, &Folded::character);
-    if (found != table.end() && found->character == character) {
+    if (found != table.end() && found->character == character)
         return std::string(found->letters);
-    }
-    if (QChar::isSpace(character)) {
+    if (QChar::isSpace(character))
         return " ";
-    }
     const QString parts = QString::fromUcs4(&character, 1).normalized(QString::NormalizationForm_KD);
-    for (const QChar part : parts) {
-        if (part.unicode() >= 0x20 && part.unicode() < 0x7f) {
+    for (const QChar part : parts)
+        if (part.unicode() >= 0x20 && part.unicode() < 0x7f)
             appendSigned(letters, part.toLatin1());
-        } else if (part.unicode() == 0x2044) {
+        else if (part.unicode() == 0x2044)
             letters += '/';
-        }
-    }
     return letters;
 }
 

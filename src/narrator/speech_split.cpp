@@ -33,22 +33,18 @@ std::size_t cut(const std::vector<SpokenWord>& words, std::size_t from, std::siz
     std::size_t place = from;
     for (; place < words.size(); ++place) {
         const SpokenWord& word = words[place];
-        if (letters >= leastPiece && std::ranges::find(openers, word.text) != openers.end()) {
+        if (letters >= leastPiece && std::ranges::find(openers, word.text) != openers.end())
             opener = place;
-        }
         letters += lengthOf(word);
-        if (letters > longest && place > from) {
+        if (letters > longest && place > from)
             break;
-        }
         const bool phrase = word.pause == Pause::Short && letters >= leastPiece;
-        if (word.pause > Pause::Short || (phrase && from == 0)) {
+        if (word.pause > Pause::Short || (phrase && from == 0))
             return place + 1 - from;
-        }
         comma = phrase ? place + 1 : comma;
     }
-    if (place == words.size()) {
+    if (place == words.size())
         return place - from;
-    }
     const std::size_t best = comma > from ? comma : opener > from ? opener : place;
     return best - from;
 }

@@ -56,9 +56,8 @@ bool isLetter(char c)
 std::string lower(std::string_view word)
 {
     std::string result(word);
-    for (char& c : result) {
+    for (char& c : result)
         c = isUpper(c) ? static_cast<char>(c - 'A' + 'a') : c;
-    }
     return result;
 }
 
@@ -76,9 +75,8 @@ public:
 
     std::vector<SpokenWord> run()
     {
-        while (position_ < text_.size()) {
+        while (position_ < text_.size())
             step(text_[position_]);
-        }
         sayCurrency(position_);
         return std::move(words_);
     }
@@ -122,9 +120,8 @@ private:
 
     void sayCurrency(std::size_t end)
     {
-        if (!currency_.empty()) {
+        if (!currency_.empty())
             say(std::exchange(currency_, {}), end);
-        }
     }
 
     /// Goes on to `end`; a mark that hangs on the last word is shown with it.
@@ -133,18 +130,16 @@ private:
         position_ = end;
         if (!words_.empty()) {
             words_.back().pause = std::max(words_.back().pause, pause);
-            if (attached_) {
+            if (attached_)
                 words_.back().end = folded_.ends[end - 1];
-            }
         }
     }
 
     void word()
     {
         std::size_t end = position_;
-        while (isLetter(at(end)) || (at(end) == '\'' && end > position_ && isLetter(at(end + 1)))) {
+        while (isLetter(at(end)) || (at(end) == '\'' && end > position_ && isLetter(at(end + 1))))
             ++end;
-        }
         const std::string_view written = text_.substr(position_, end - position_);
         const std::string plain = lower(written);
         const bool measure = std::exchange(afterNumber_, false);
@@ -172,9 +167,8 @@ private:
             const std::size_t start = place + 1;
             place = digitsEnd(start);
             const std::size_t length = place - start;
-            if (length != 2 && length != 3) {
+            if (length != 2 && length != 3)
                 break;
-            }
             whole = length == 3 ? place : whole;
         }
         return whole;
@@ -182,9 +176,8 @@ private:
 
     [[nodiscard]] std::size_t digitsEnd(std::size_t place) const
     {
-        while (isDigit(at(place))) {
+        while (isDigit(at(place)))
             ++place;
-        }
         return place;
     }
 
@@ -193,9 +186,8 @@ private:
         const std::size_t start = position_;
         std::size_t end = digitsEnd(start);
         const std::size_t plainEnd = end;
-        if (end - start <= 3) {
+        if (end - start <= 3)
             end = groupsEnd(end);
-        }
         std::string digits(text_.substr(start, end - start));
         std::erase(digits, ',');
         const bool decimal = at(end) == '.' && isDigit(at(end + 1));
@@ -216,9 +208,8 @@ private:
             say("point", wholeEnd);
             sayAll(digitWords(text_.substr(end + 1, wholeEnd - end - 1)), wholeEnd);
         }
-        if (digits == "1" && !decimal && currency_.ends_with('s')) {
+        if (digits == "1" && !decimal && currency_.ends_with('s'))
             currency_.remove_suffix(1);
-        }
         sayCurrency(wholeEnd);
         pass(wholeEnd);
         afterNumber_ = true;
@@ -226,19 +217,16 @@ private:
 
     void sayAll(const std::vector<std::string>& said, std::size_t end)
     {
-        for (const std::string& one : said) {
+        for (const std::string& one : said)
             say(one, end);
-        }
     }
 
     /// Behind the ending of 29th or 1830s, or `end`.
     [[nodiscard]] std::size_t suffixEnd(std::size_t end) const
     {
-        for (const std::string_view suffix : {"st", "nd", "rd", "th", "s"}) {
-            if (text_.substr(end).starts_with(suffix) && !isLetter(at(end + suffix.size()))) {
+        for (const std::string_view suffix : {"st", "nd", "rd", "th", "s"})
+            if (text_.substr(end).starts_with(suffix) && !isLetter(at(end + suffix.size())))
                 return end + suffix.size();
-            }
-        }
         return end;
     }
 
@@ -249,11 +237,10 @@ private:
                                       Spelling{"E", "euros"}, Spelling{"L", "pounds"}};
         sayCurrency(position_);
         const std::string_view name = lookUp(names, std::string_view(&code, 1));
-        if (isDigit(at(afterBlanks(end)))) {
+        if (isDigit(at(afterBlanks(end))))
             currency_ = name;
-        } else {
+        else
             say(name, end);
-        }
         position_ = end;
     }
 
@@ -268,9 +255,8 @@ private:
             say("blank", end);
             return pass(end);
         }
-        if (c == '_') {
+        if (c == '_')
             return pass(end);
-        }
         if (length == 1 && !attached_ && isDigit(next)) {
             say("point", end);
         } else if (length == 1 && attached_ && isLetter(next) && !isUpper(next)) {
@@ -342,9 +328,8 @@ private:
 std::vector<SpokenWord> spokenWords(const QString& text)
 {
     std::vector<SpokenWord> words = Scanner(text).run();
-    if (!words.empty()) {
+    if (!words.empty())
         words.back().end = text.size();
-    }
     return words;
 }
 

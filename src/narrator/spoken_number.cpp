@@ -33,40 +33,34 @@ void append(std::vector<std::string>& words, std::uint64_t number)
     if (number >= small.size()) {
         words.emplace_back(tens.at(number / 10));
         number %= 10;
-        if (number == 0) {
+        if (number == 0)
             return;
-        }
     }
-    if (number > 0) {
+    if (number > 0)
         words.emplace_back(small.at(number));
-    }
 }
 
 } // namespace
 
 std::vector<std::string> cardinalWords(std::string_view digits)
 {
-    if (digits.size() > longestNumber) {
+    if (digits.size() > longestNumber)
         return digitWords(digits);
-    }
     std::uint64_t number = 0;
-    for (const char digit : digits) {
+    for (const char digit : digits)
         number = number * 10 + static_cast<std::uint64_t>(digit - '0');
-    }
     std::vector<std::string> words;
     append(words, number);
-    if (words.empty()) {
+    if (words.empty())
         words.emplace_back(small.front());
-    }
     return words;
 }
 
 std::vector<std::string> digitWords(std::string_view digits)
 {
     std::vector<std::string> words;
-    for (const char digit : digits.substr(0, longestDigits)) {
+    for (const char digit : digits.substr(0, longestDigits))
         words.emplace_back(small.at(static_cast<std::size_t>(digit - '0')));
-    }
     return words;
 }
 

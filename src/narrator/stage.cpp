@@ -47,16 +47,15 @@ Stage::Stage(QWidget& form, Figure& figure)
       form_(form),
       figure_(&figure)
 {
-    setObjectName(QStringLiteral("host"));
+    setObjectName("host");
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
     setFocusPolicy(Qt::NoFocus);
-    setStyleSheet(QStringLiteral("* { background: transparent; border: none; }")); // whatever the form's says
-    if (embedded()) {
+    setStyleSheet("* { background: transparent; border: none; }"); // whatever the form's says
+    if (embedded())
         setAttribute(Qt::WA_TransparentForMouseEvents);
-    } else {
+    else
         setAttribute(Qt::WA_TranslucentBackground);
-    }
     balloon_ = new Balloon({}, this);
     // As a child of the form the stage lets every click through, so the sign stands beside it.
     mute_ = new MuteSign(embedded() ? &form : this);
@@ -82,9 +81,8 @@ void Stage::leave()
     figure_ = nullptr;
     visibility_ = {};
     skip_ = {};
-    if (mute_) {
+    if (mute_)
         mute_->disconnect();
-    }
     hide();
 }
 
@@ -96,9 +94,8 @@ void Stage::present(const Frame& frame)
         drawFigure();
         update(QRect(0, balloonHeight, width(), height() - balloonHeight));
     }
-    if (balloon_->say(frame.text, frame.said) || moved) {
+    if (balloon_->say(frame.text, frame.said) || moved)
         updateShape();
-    }
 }
 
 void Stage::onMute(std::function<void(bool)> handler)
@@ -144,9 +141,8 @@ bool Stage::eventFilter(QObject* watched, QEvent* event)
         QMetaObject::invokeMethod(this, &Stage::showWithForm, Qt::QueuedConnection);
         break;
     case QEvent::Hide:
-        if (!embedded()) {
+        if (!embedded())
             hide();
-        }
         break;
     case QEvent::KeyPress: // that nothing on the form has taken
         toggleMute(*static_cast<QKeyEvent*>(event));
@@ -160,15 +156,12 @@ bool Stage::eventFilter(QObject* watched, QEvent* event)
 bool Stage::event(QEvent* event)
 {
     const bool done = QWidget::event(event);
-    if (event->type() != QEvent::Show && event->type() != QEvent::Hide) {
+    if (event->type() != QEvent::Show && event->type() != QEvent::Hide)
         return done;
-    }
-    if (mute_) {
+    if (mute_)
         placeMute();
-    }
-    if (visibility_) {
+    if (visibility_)
         visibility_();
-    }
     return done;
 }
 
@@ -187,15 +180,13 @@ void Stage::mousePressEvent(QMouseEvent* event)
 
 void Stage::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!pressed_ || !(event->buttons() & Qt::LeftButton)) {
+    if (!pressed_ || !(event->buttons() & Qt::LeftButton))
         return;
-    }
     // Where the pointer is on the stage says little: the stage has moved since the event was sent.
     const QPoint way = event->globalPosition().toPoint() - *pressed_;
     dragged_ = dragged_ || way.manhattanLength() >= QApplication::startDragDistance();
-    if (!dragged_) {
+    if (!dragged_)
         return;
-    }
     offset_ = grabbed_ + way - form_.frameGeometry().bottomRight();
     follow();
 }
@@ -204,20 +195,17 @@ void Stage::mouseReleaseEvent(QMouseEvent* event)
 {
     const bool click = pressed_ && !dragged_;
     pressed_.reset();
-    if (!click || clickThrough(form_, event->globalPosition().toPoint(), event->button())) {
+    if (!click || clickThrough(form_, event->globalPosition().toPoint(), event->button()))
         return;
-    }
-    if (balloon_->isVisible() && balloon_->geometry().contains(event->position().toPoint()) && skip_) {
+    if (balloon_->isVisible() && balloon_->geometry().contains(event->position().toPoint()) && skip_)
         skip_();
-    }
 }
 
 void Stage::toggleMute(const QKeyEvent& key)
 {
     const bool plain = !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
-    if (entered_ && key.key() == Qt::Key_M && plain && !key.isAutoRepeat()) {
+    if (entered_ && key.key() == Qt::Key_M && plain && !key.isAutoRepeat())
         mute_->click();
-    }
 }
 
 void Stage::showWithForm()
@@ -230,9 +218,8 @@ void Stage::showWithForm()
         show();
         raise();
         // Some window managers put a window that appears late above an open message box.
-        if (QWidget* box = QApplication::activeModalWidget()) {
+        if (QWidget* box = QApplication::activeModalWidget())
             box->raise();
-        }
     } else if (!wanted) {
         hide();
     }
@@ -240,9 +227,8 @@ void Stage::showWithForm()
 
 void Stage::follow()
 {
-    if (!figure_) {
+    if (!figure_)
         return;
-    }
     if (embedded()) {
         move(form_.width() - width(), form_.height() - height());
         placeMute();
@@ -254,9 +240,8 @@ void Stage::follow()
     const QPoint place =
         offset_ ? keptOnScreen(frame.bottomRight() + *offset_ - QPoint(0, height() - 1), size(), available)
                 : besideForm(frame, size(), available);
-    if (place != pos()) {
+    if (place != pos())
         move(place);
-    }
 }
 
 void Stage::placeMute()
@@ -270,9 +255,8 @@ void Stage::placeMute()
 
 void Stage::resizeTo(double scale)
 {
-    if (scale == scale_) {
+    if (scale == scale_)
         return;
-    }
     scale_ = scale;
     const QSize area = figureArea(figure_->rig()) * scale;
     setFixedSize(area.width(), balloonHeight + area.height());
@@ -287,9 +271,8 @@ void Stage::resizeTo(double scale)
 
 void Stage::drawFigure()
 {
-    if (!figure_ || !pose_) {
+    if (!figure_ || !pose_)
         return;
-    }
     const double ratio = devicePixelRatioF();
     const QSize area(width(), height() - balloonHeight);
     const QSize pixels = (QSizeF(area) * ratio).toSize();
@@ -306,9 +289,8 @@ void Stage::drawFigure()
 
 void Stage::updateShape()
 {
-    if (embedded() || image_.isNull()) {
+    if (embedded() || image_.isNull())
         return;
-    }
     QRegion shape = figureShape();
     if (balloon_->isVisibleTo(this)) {
         QPainterPathStroker grown;
@@ -325,13 +307,11 @@ void Stage::updateShape()
 
 QRegion Stage::figureShape()
 {
-    if (!composited_) {
+    if (!composited_)
         return exactSilhouette(image_).translated(0, balloonHeight);
-    }
     const QRegion seen = roughSilhouette(image_).translated(0, balloonHeight);
-    if (!(seen - figureShape_).isEmpty()) {
+    if (!(seen - figureShape_).isEmpty())
         figureShape_ = withRim(seen);
-    }
     return figureShape_;
 }
 

@@ -7,8 +7,6 @@
 #include <cmath>
 #include <initializer_list>
 
-using namespace Qt::StringLiterals;
-
 namespace narrator {
 
 namespace {
@@ -27,15 +25,12 @@ bool isSeparator(QChar c)
 QStringView takeNumber(QStringView& text)
 {
     qsizetype end = !text.isEmpty() && (text[0] == u'-' || text[0] == u'+') ? 1 : 0;
-    while (end < text.size() && isDigit(text[end])) {
+    while (end < text.size() && isDigit(text[end]))
         ++end;
-    }
-    if (end < text.size() && text[end] == u'.') {
+    if (end < text.size() && text[end] == u'.')
         ++end;
-    }
-    while (end < text.size() && isDigit(text[end])) {
+    while (end < text.size() && isDigit(text[end]))
         ++end;
-    }
     const QStringView number = text.first(end);
     text = text.sliced(end);
     return number;
@@ -45,15 +40,12 @@ std::optional<QTransform> function(QStringView name, const std::optional<std::ve
 {
     const std::size_t count = numbers ? numbers->size() : 0;
     const auto at = [&](std::size_t i, double otherwise) { return i < count ? (*numbers)[i] : otherwise; };
-    if (name == u"matrix" && count == 6) {
+    if (name == u"matrix" && count == 6)
         return QTransform(at(0, 1), at(1, 0), at(2, 0), at(3, 1), at(4, 0), at(5, 0));
-    }
-    if (name == u"translate" && (count == 1 || count == 2)) {
+    if (name == u"translate" && (count == 1 || count == 2))
         return QTransform::fromTranslate(at(0, 0), at(1, 0));
-    }
-    if (name == u"scale" && (count == 1 || count == 2)) {
+    if (name == u"scale" && (count == 1 || count == 2))
         return QTransform::fromScale(at(0, 1), at(1, at(0, 1)));
-    }
     if (name == u"rotate" && (count == 1 || count == 3)) {
         QTransform turn = QTransform::fromTranslate(at(1, 0), at(2, 0));
         turn.rotate(at(0, 0));
@@ -168,9 +160,8 @@ int numbersOf(QChar command)
 
 void skipSeparators(QStringView& text)
 {
-    while (!text.isEmpty() && isSeparator(text[0])) {
+    while (!text.isEmpty() && isSeparator(text[0]))
         text = text.sliced(1);
-    }
 }
 
 /// Takes the numbers of one command off the front of `text`; false if they are not there.
@@ -182,9 +173,8 @@ bool takeNumbers(QStringView& text, QChar command, std::array<double, 7>& number
         const QStringView number = takeNumber(rest);
         const auto value = plainNumber(number);
         const bool flag = command.toUpper() == u'A' && (i == 3 || i == 4); // other readers let flags touch
-        if (!value || (flag && number != u"0" && number != u"1")) {
+        if (!value || (flag && number != u"0" && number != u"1"))
             return false;
-        }
         numbers.at(static_cast<std::size_t>(i)) = *value;
         text = rest;
     }
@@ -205,14 +195,12 @@ bool isWord(QStringView text)
 std::optional<double> plainNumber(QStringView text, double limit)
 {
     QStringView rest = text;
-    if (takeNumber(rest).isEmpty() || !rest.isEmpty()) {
+    if (takeNumber(rest).isEmpty() || !rest.isEmpty())
         return {};
-    }
     bool good = false;
     const double value = text.toDouble(&good);
-    if (!good || !std::isfinite(value) || std::abs(value) > limit) {
+    if (!good || !std::isfinite(value) || std::abs(value) > limit)
         return {};
-    }
     return value;
 }
 
@@ -221,14 +209,12 @@ std::optional<std::vector<double>> plainNumbers(QStringView text)
     std::vector<double> numbers;
     for (qsizetype i = 0; i < text.size();) {
         qsizetype end = i;
-        while (end < text.size() && !isSeparator(text[end])) {
+        while (end < text.size() && !isSeparator(text[end]))
             ++end;
-        }
         if (end > i) {
             const auto number = plainNumber(text.sliced(i, end - i));
-            if (!number) {
+            if (!number)
                 return {};
-            }
             numbers.push_back(*number);
         }
         i = end + 1;
@@ -242,14 +228,12 @@ std::optional<QTransform> plainTransform(QStringView text)
     for (text = text.trimmed(); !text.isEmpty(); text = text.trimmed()) {
         const qsizetype open = text.indexOf(u'(');
         const qsizetype close = text.indexOf(u')');
-        if (open < 0 || close < open) {
+        if (open < 0 || close < open)
             return {};
-        }
         const auto one =
             function(text.first(open).trimmed(), plainNumbers(text.sliced(open + 1, close - open - 1)));
-        if (!one) {
+        if (!one)
             return {};
-        }
         all = *one * all;
         text = text.sliced(close + 1);
     }
@@ -264,20 +248,18 @@ std::optional<Outline> outlineOf(QStringView data, QStringView& bad)
     QStringView rest = data;
     for (skipSeparators(rest); !rest.isEmpty(); skipSeparators(rest)) {
         bad = rest;
-        if (u"MmLlHhVvCcSsQqTtAaZz"_s.contains(rest[0])) {
+        if (QString("MmLlHhVvCcSsQqTtAaZz").contains(rest[0])) {
             command = rest[0];
             rest = rest.sliced(1);
         } else if (command.isNull() || numbersOf(command) == 0) {
             return {};
         }
         bad = rest;
-        if (!takeNumbers(rest, command, numbers)) {
+        if (!takeNumbers(rest, command, numbers))
             return {};
-        }
         pen.draw(command, numbers);
-        if (command.toUpper() == u'M') { // further pairs are lines
+        if (command.toUpper() == u'M') // further pairs are lines
             command = command.isLower() ? u'l' : u'L';
-        }
     }
     return pen.outline();
 }

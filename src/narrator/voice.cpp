@@ -36,9 +36,8 @@ SpeechTimes readingTimes(const QString& text)
             times.mouths.push_back({readingPace(i), MouthShape::Rest});
             continue;
         }
-        if (i == 0 || text[i - 1].isSpace()) {
+        if (i == 0 || text[i - 1].isSpace())
             times.words.push_back({readingPace(i), i + 1});
-        }
         times.words.back().end = i + 1;
         if (i % 2 == 0) {
             times.mouths.push_back(
@@ -64,30 +63,26 @@ void SpeakingVoice::say(const QString& text, Milliseconds now)
     time_ = 0ms;
     course_ = Course::Coming;
     std::vector<SpokenPiece> pieces;
-    if (speaker_) {
+    if (speaker_)
         pieces = spokenPieces(spokenWords(text));
-    }
-    if (pieces.empty()) {
+    if (pieces.empty())
         read(now);
-    } else {
+    else
         ticket_ = speaker_->start(std::move(pieces));
-    }
 }
 
 void SpeakingVoice::hush()
 {
-    if (speaker_ && course_ != Course::None) {
+    if (speaker_ && course_ != Course::None)
         speaker_->stop(ticket_);
-    }
     course_ = Course::None;
 }
 
 std::optional<Milliseconds> SpeakingVoice::firstWord(Milliseconds now)
 {
     follow(now);
-    if (course_ == Course::None || course_ == Course::Coming) {
+    if (course_ == Course::None || course_ == Course::Coming)
         return {};
-    }
     return begun_;
 }
 
@@ -100,9 +95,8 @@ std::optional<Milliseconds> SpeakingVoice::lastWord(Milliseconds now)
 qsizetype SpeakingVoice::said(Milliseconds now)
 {
     follow(now);
-    if (course_ == Course::Over) {
+    if (course_ == Course::Over)
         return text_.size();
-    }
     const bool begun = course_ == Course::Heard || course_ == Course::Unheard;
     const WordTime* word = begun ? entryAt(times_.words, time_ + lead) : nullptr;
     return word ? word->end : 0;
@@ -111,39 +105,34 @@ qsizetype SpeakingVoice::said(Milliseconds now)
 MouthShape SpeakingVoice::mouth(Milliseconds now)
 {
     follow(now);
-    if (course_ != Course::Heard && course_ != Course::Unheard) {
+    if (course_ != Course::Heard && course_ != Course::Unheard)
         return MouthShape::Rest;
-    }
     const MouthTime* mouth = entryAt(times_.mouths, time_ + lead);
     return mouth && time_ + lead < times_.length ? mouth->shape : MouthShape::Rest;
 }
 
 void SpeakingVoice::follow(Milliseconds now)
 {
-    if (course_ == Course::None || course_ == Course::Over) {
+    if (course_ == Course::None || course_ == Course::Over)
         return;
-    }
     if (!waitingSince_ && course_ == Course::Coming) {
         waitingSince_ = now;
-        if (now - asked_ > leap) {
+        if (now - asked_ > leap)
             read(asked_);
-        }
     }
     Speaker::Progress progress;
     if (course_ != Course::Unheard || !complete_) {
         progress = speaker_->progress(ticket_, pieces_, time_);
-        for (const SpeechTimes& piece : progress.fresh) {
+        for (const SpeechTimes& piece : progress.fresh)
             append(piece);
-        }
         complete_ = progress.complete;
     }
-    if (course_ == Course::Coming) {
+    if (course_ == Course::Coming)
         await(progress, now);
-    } else if (course_ == Course::Heard && progress.sound == Speaker::Sound::Lost) {
+    else if (course_ == Course::Heard && progress.sound == Speaker::Sound::Lost)
         goOnUnheard(now);
-    } else {
+    else
         advance(course_ == Course::Heard ? std::max(time_, progress.played) : now - origin_, now);
-    }
 }
 
 /// Begins as soon as there is something to say and it is heard, or will not be.
@@ -156,9 +145,8 @@ void SpeakingVoice::await(const Speaker::Progress& progress, Milliseconds now)
         }
         return;
     }
-    if (!readySince_) {
+    if (!readySince_)
         readySince_ = now;
-    }
     if (progress.sound == Speaker::Sound::Playing) {
         course_ = Course::Heard;
         begun_ = now - progress.played + firstStart();
@@ -179,9 +167,8 @@ void SpeakingVoice::goOnUnheard(Milliseconds now)
 
 void SpeakingVoice::read(Milliseconds start)
 {
-    if (speaker_) {
+    if (speaker_)
         speaker_->stop(ticket_);
-    }
     times_ = readingTimes(text_);
     complete_ = true;
     course_ = Course::Unheard;
@@ -196,12 +183,10 @@ Milliseconds SpeakingVoice::firstStart() const
 
 void SpeakingVoice::append(const SpeechTimes& piece)
 {
-    for (const WordTime& word : piece.words) {
+    for (const WordTime& word : piece.words)
         times_.words.push_back({times_.length + word.start, word.end});
-    }
-    for (const MouthTime& mouth : piece.mouths) {
+    for (const MouthTime& mouth : piece.mouths)
         times_.mouths.push_back({times_.length + mouth.start, mouth.shape});
-    }
     times_.length += piece.length;
     ++pieces_;
 }
@@ -213,9 +198,8 @@ void SpeakingVoice::advance(Milliseconds time, Milliseconds now)
         waitingSince_ = now;
         return;
     }
-    if (course_ == Course::Unheard && !complete_) {
+    if (course_ == Course::Unheard && !complete_)
         origin_ = now - time_; // the text stands still until the next piece has been made
-    }
     if (complete_ || now - *waitingSince_ > voicePatience) {
         over_ = course_ == Course::Unheard ? origin_ + time_ : now;
         course_ = Course::Over;

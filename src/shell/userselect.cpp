@@ -24,7 +24,7 @@ QIcon applicationIcon()
     QIcon icon;
     // Larger ones would be a quarter of the program's start; window lists show none.
     for (const int size : {16, 22, 32, 48})
-        icon.addFile(QStringLiteral(":/pictures/icon/%1.png").arg(size), QSize(size, size));
+        icon.addFile(QString(":/pictures/icon/%1.png").arg(size), QSize(size, size));
     return icon;
 }
 

@@ -4,8 +4,8 @@
 
 namespace toolkit::author {
 
-inline const QString name = QStringLiteral("The Orvanta Team");
-inline const QString email = QStringLiteral("team@orvanta.example");
-inline const QString site = QStringLiteral("www.orvanta.example");
+inline const QString name = "The Orvanta Team";
+inline const QString email = "team@orvanta.example";
+inline const QString site = "www.orvanta.example";
 
 } // namespace toolkit::author

@@ -28,7 +28,7 @@ Qt::WindowFlags flagsFor(Border border)
 
 QString element(const QString& name, int index)
 {
-    return QStringLiteral("%1[%2]").arg(name).arg(index);
+    return QString("%1[%2]").arg(name).arg(index);
 }
 
 Form::Form(FormSettings settings, Services services)
@@ -197,10 +197,9 @@ void Form::focusMoved(QWidget* control)
         return;
     const QWidget* const former = std::exchange(focused_, control);
     const auto tell = [this](const FocusHandlers& handlers, const QWidget* whose) {
-        for (const auto& [watched, handler] : handlers) {
+        for (const auto& [watched, handler] : handlers)
             if (watched == whose)
                 run(handler);
-        }
     };
     tell(lostFocus_, former);
     tell(gotFocus_, control);

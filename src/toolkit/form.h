@@ -87,7 +87,7 @@ protected:
     [[nodiscard]] Services& services() { return services_; }
     [[nodiscard]] Screens& screens() { return services_.screens; }
     /// The title of the screen's boxes.
-    [[nodiscard]] virtual QString boxTitle() const { return QStringLiteral("Orvanta"); }
+    [[nodiscard]] virtual QString boxTitle() const { return "Orvanta"; }
     void notice(const QString& text, Dialogs::Icon icon = Dialogs::Icon::None);
     [[nodiscard]] bool confirm(const QString& text);
 

@@ -68,10 +68,9 @@ void Screens::close(const QString& name)
     if (!screen.form || screen.closing)
         return;
     screen.closing = true;
-    for (const auto& [child, other] : screens_) {
+    for (const auto& [child, other] : screens_)
         if (other.place.inside == name)
             close(child);
-    }
     screen.form->unload();
     screen.closing = false;
     const auto form = std::move(screen.form);

@@ -62,7 +62,7 @@ QString DesktopDialogs::input(QWidget* owner, const QString& title, const QStrin
 void DesktopBrowser::navigate(const QString& address)
 {
     QProcess opener;
-    opener.setProgram(QStringLiteral("xdg-open"));
+    opener.setProgram("xdg-open");
     opener.setArguments({address});
     opener.setStandardInputFile(QProcess::nullDevice());
     opener.setStandardOutputFile(QProcess::nullDevice());

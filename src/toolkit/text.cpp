@@ -23,7 +23,7 @@ constexpr double systemPoints = 8.25;
 QFont sized(const QString& family, double points)
 {
     static const QStringList installed = QFontDatabase::families();
-    QFont font(installed.contains(family) ? family : QStringLiteral("DejaVu Sans"));
+    QFont font(installed.contains(family) ? family : "DejaVu Sans");
     font.setPixelSize(pixels(points * twipsPerPoint));
     return font;
 }
@@ -63,14 +63,14 @@ qsizetype codePoints(QStringView text)
 
 QFont verdana(double points, Weight weight)
 {
-    QFont font = sized(QStringLiteral("Verdana"), points);
+    QFont font = sized("Verdana", points);
     font.setBold(weight == Weight::Bold);
     return font;
 }
 
 QFont arialBlack(double points)
 {
-    QFont font = sized(QStringLiteral("Arial Black"), points);
+    QFont font = sized("Arial Black", points);
     font.setWeight(QFont::Black);
     return font;
 }

@@ -41,7 +41,7 @@ TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
 void TextBox::setMasked()
 {
     setEchoMode(Password);
-    setStyleSheet(QStringLiteral("lineedit-password-character: 42"));
+    setStyleSheet("lineedit-password-character: 42");
 }
 
 void TextBox::setText(const QString& text)

@@ -60,7 +60,7 @@ TEST(Login, TakesNoBlankInANameAndCountsCodePoints)
     EXPECT_EQ(secret.text(), "a b c d e f g h");
     EXPECT_EQ(secret.displayText(), QString(15, '*'));
 
-    const QString face = QStringLiteral("\U0001F9DE");
+    const QString face = "\U0001F9DE";
     name.clear();
     name.insert(face.repeated(20));
     QApplication::processEvents();
@@ -138,9 +138,8 @@ TEST(ChangePassword, ChangesTheFirstAccountThatMatchesAndTellsWhatIsWrong)
         owner.run("changepassword", QString(c.steps) + "; Command1");
         EXPECT_EQ(owner.dialogs.take(), c.box);
         EXPECT_EQ(owner.screens.find("changepassword") != nullptr, c.focus != nullptr);
-        if (c.focus) {
+        if (c.focus)
             EXPECT_EQ(owner.focused("changepassword"), c.focus);
-        }
         EXPECT_EQ(owner.bank.value("select group_concat(password, '|') from users"), c.accounts);
     }
 }

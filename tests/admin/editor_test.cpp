@@ -40,9 +40,8 @@ void expect(const QString& screen, const Case& c)
     owner.run(screen, c.steps);
     EXPECT_EQ(owner.dialogs.take(), c.boxes);
     EXPECT_EQ(owner.dialogs.answers, "") << "a question was not asked";
-    if (c.shown) {
+    if (c.shown)
         EXPECT_EQ(owner.shown(screen), c.shown);
-    }
     const bool questions = screen == "addquestions";
     const std::string unchanged = questions ? stored : "sure?| really? ";
     EXPECT_EQ(questions ? owner.questions() : owner.messages(), c.stored ? c.stored : unchanged);
@@ -172,9 +171,8 @@ TEST(Editors, EnableButtonsByMode)
         owner.open({row.screen});
         owner.run(row.screen, row.steps);
         EXPECT_EQ(owner.buttons(row.screen), row.buttons);
-        if (row.focus) {
+        if (row.focus)
             EXPECT_EQ(owner.focused(row.screen), row.focus);
-        }
     }
 }
 
@@ -243,9 +241,8 @@ TEST(Editors, TellWhatOthersChangedAndWhatCouldNotBeWritten)
         owner.run("addquestions", c.steps);
         EXPECT_NE(owner.dialogs.take().find(c.told), std::string::npos);
         EXPECT_EQ(owner.shown("addquestions"), c.shown);
-        if (c.stored) {
+        if (c.stored)
             EXPECT_EQ(owner.questions(), c.stored);
-        }
     }
 }
 
@@ -255,13 +252,13 @@ TEST(Editors, KeepHostileTextsAsTheyAre)
     const QString texts[] = {"'); drop table questions;--",
                              "\"quoted\" `ticks` [x]",
                              "/* % _ * ? */",
-                             QStringLiteral("a\tb\u0001c\u007F"),
-                             QStringLiteral("\u05E9\u05DC\u05D5\u05DD \u202Eabc\u202C"),
-                             QStringLiteral("e\u0301\u0327\u0915\u094D\u0937\u093F"),
-                             QStringLiteral("\U0001F9DE\u200D\u2640\uFE0F"),
-                             QStringLiteral("\u0130\u00DF\uFB01 NULL 0x41"),
+                             "a\tb\u0001c\u007F",
+                             "\u05E9\u05DC\u05D5\u05DD \u202Eabc\u202C",
+                             "e\u0301\u0327\u0915\u094D\u0937\u093F",
+                             "\U0001F9DE\u200D\u2640\uFE0F",
+                             "\u0130\u00DF\uFB01 NULL 0x41",
                              QString(40000, QChar(0x0905)),
-                             QStringLiteral("line\nbreak\r\n\u2028end")};
+                             "line\nbreak\r\n\u2028end"};
     for (const QString& text : texts) {
         SCOPED_TRACE(text.first(qMin(text.size(), qsizetype(20))).toStdString());
         Owner owner;

@@ -133,10 +133,9 @@ std::string Owner::shown(const QString& screen) const
 std::string Owner::buttons(const QString& screen) const
 {
     QStringList names;
-    for (const auto* button : form(screen).findChildren<toolkit::Button*>()) {
+    for (const auto* button : form(screen).findChildren<toolkit::Button*>())
         if (button->isEnabled())
             names << button->objectName().sliced(3);
-    }
     names.sort();
     return names.join(' ').toStdString();
 }

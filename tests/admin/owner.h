@@ -43,10 +43,9 @@ public:
     template <typename Control>
     [[nodiscard]] Control& control(const QString& screen, const QString& name) const
     {
-        for (auto* child : form(screen).findChildren<QWidget*>(name)) {
+        for (auto* child : form(screen).findChildren<QWidget*>(name))
             if (auto* found = dynamic_cast<Control*>(child))
                 return *found;
-        }
         throw std::out_of_range("no such control: " + name.toStdString());
     }
 

@@ -55,10 +55,9 @@ public:
 
     void act()
     {
-        for (Desk& desk : desks_) {
+        for (Desk& desk : desks_)
             if (!owner_.screens.find(desk.screen))
                 reopen(desk);
-        }
         if (!owner_.screens.find("changepassword"))
             owner_.screens.show("changepassword");
         const int choice = pick(20);
@@ -126,9 +125,8 @@ private:
             owner_.form(desk.screen).parentWidget()->close(); // never asks
             EXPECT_EQ(owner_.dialogs.take(), "");
         } else if (choice < 4) {
-            for (std::size_t box = 0; box < desk.boxes.size(); ++box) {
+            for (std::size_t box = 0; box < desk.boxes.size(); ++box)
                 change(desk, box, firstUseful);
-            }
         } else if (choice < 14) {
             change(desk, static_cast<std::size_t>(pick(static_cast<int>(desk.boxes.size()))));
         } else {
@@ -253,9 +251,8 @@ private:
         if (here != table.end() && button == "cmdprevious")
             to = here == table.begin() ? here : std::prev(here);
         desk.row = to->first;
-        if (desk.tracks) {
+        if (desk.tracks)
             EXPECT_EQ(owner_.control<TextBox>(desk.screen, "questionid").text().toInt(), desk.row);
-        }
         EXPECT_EQ(text(desk, 0), to->second[0]);
     }
 

@@ -35,10 +35,10 @@ TEST(Opening, AnUnusableFileIsNamedAndLeftAsItIs)
         std::ofstream(bank.path().toStdString(), std::ios::binary) << bytes.toStdString();
         const auto failure = failureOf([&] { connect(bank); });
         EXPECT_EQ(failure.cause(), cause) << failure.what();
-        const auto start = QStringLiteral("The question bank \"%1\" cannot be opened: ").arg(bank.path());
+        const auto start = QString("The question bank \"%1\" cannot be opened: ").arg(bank.path());
         EXPECT_TRUE(failure.message().startsWith(start + QString::fromLatin1(words))) << failure.what();
         EXPECT_TRUE(bytesOf(bank) == bytes) << words;
-        EXPECT_EQ(QDir().entryList(QDir::Files), QStringList(QStringLiteral("orv.orv")));
+        EXPECT_EQ(QDir().entryList(QDir::Files), QStringList("orv.orv"));
     }
     const Bank bank;
     QFile::remove(bank.path());
@@ -51,11 +51,11 @@ TEST(Opening, AnUnusableFileIsNamedAndLeftAsItIs)
 TEST(Opening, TheBankOfTheCurrentDirectoryIsOpened)
 {
     const Bank bank;
-    EXPECT_EQ(db::opendatabase()->path(), QDir::currentPath() + QStringLiteral("/orv.orv"));
+    EXPECT_EQ(db::opendatabase()->path(), QDir::currentPath() + "/orv.orv");
     QDir(QDir::currentPath()).removeRecursively();
     EXPECT_EQ(failureOf([] { db::databasepath(); }).cause(), Cause::Missing);
-    QDir::setCurrent(QStringLiteral("/"));
-    EXPECT_EQ(db::databasepath(), QStringLiteral("/orv.orv"));
+    QDir::setCurrent("/");
+    EXPECT_EQ(db::databasepath(), "/orv.orv");
 }
 
 TEST(Opening, PermissionsDecideWhatCanBeDone)

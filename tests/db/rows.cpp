@@ -21,9 +21,8 @@ db::Recordset open(const Bank& bank, const db::Query& query)
 
 std::string place(const db::Recordset& rows, const char* field)
 {
-    if (rows.Bof() || rows.Eof()) {
+    if (rows.Bof() || rows.Eof())
         return rows.Bof() && rows.Eof() ? "none" : rows.Bof() ? "bof" : "eof";
-    }
     try {
         return rows.text(field).toStdString();
     } catch (const db::Failure& failure) {

@@ -16,7 +16,7 @@ TEST(Sharing, ACursorReadHalfWayLetsOthersWriteAndSeesIt)
     EXPECT_EQ(place(drawn) + place(messages, "message"), "11shall I lock it?");
 
     auto edited = open(bank, allQuestions());
-    edited.set("question", QStringLiteral("1st"));
+    edited.set("question", "1st");
     edited.Update();
     EXPECT_EQ(trace(edited, "4 delete"), "15 !");
     bank.execute("delete from locking where message <> 'really?'; insert into locking values ('sure?')");
@@ -31,7 +31,7 @@ TEST(Sharing, ARowThatOthersChangedSinceItWasReadIsNotWrittenUntilItIsReadAnew)
     auto rows = open(bank, allQuestions());
     const auto seen = rows.text("question");
     bank.execute("update questions set question = 'theirs', a = 5 where question_id = 11");
-    const auto write = [&] { rows.set("answer1", QStringLiteral("ours")), rows.Update(); };
+    const auto write = [&] { rows.set("answer1", "ours"), rows.Update(); };
     for (const std::function<void()>& change :
          {std::function<void()>(write), {[&] { rows.Delete(); }}, {write}}) {
         EXPECT_EQ(failureOf(change).cause(), Cause::RowChanged);

@@ -62,8 +62,7 @@ TEST(Writing, AnEmptyTableTakesTextsOfAnyKind)
     const Bank bank;
     bank.execute("delete from locking");
     auto rows = open(bank, promptMessages());
-    for (const auto& text :
-         {QStringLiteral("'); drop table locking"), QStringLiteral("\u00e9\0 \U0001F600")}) {
+    for (const auto& text : {"'); drop table locking", "\u00e9\0 \U0001F600"}) {
         rows.AddNew();
         rows.set("MESSAGE", text);
         EXPECT_EQ(rows.text("Message"), text);
@@ -79,7 +78,7 @@ TEST(Writing, AnEditThatIsNotWrittenIsDropped)
     for (const auto drop : {&db::Recordset::CancelUpdate, &db::Recordset::MoveNext, &db::Recordset::Delete}) {
         for (const auto begin : {&db::Recordset::CancelUpdate, &db::Recordset::AddNew}) {
             (rows.*begin)();
-            rows.set("question", QStringLiteral("lost"));
+            rows.set("question", "lost");
             (rows.*drop)();
             rows.Update();
             EXPECT_NE(trace(rows, "first", "question"), "lost");

@@ -33,8 +33,7 @@ bool holdsInTime(const Condition& condition)
 
 Desk::Desk(const DeskSettings& settings) : settings_(settings)
 {
-    const QString size =
-        QStringLiteral("%1x%2x24").arg(settings.screen.width()).arg(settings.screen.height());
+    const QString size = QString("%1x%2x24").arg(settings.screen.width()).arg(settings.screen.height());
     server_ = std::make_unique<Process>(
         "Xvfb", QStringList{"-displayfd", "1", "-screen", "0", size, "-nolisten", "tcp", "-noreset"},
         environment());
@@ -51,7 +50,7 @@ Desk::Desk(const DeskSettings& settings) : settings_(settings)
 QProcessEnvironment Desk::environment() const
 {
     QProcessEnvironment result;
-    result.insert("PATH", QStringLiteral(DESK_TOOLS ":") + qEnvironmentVariable("PATH"));
+    result.insert("PATH", QString(DESK_TOOLS ":") + qEnvironmentVariable("PATH"));
     result.insert("HOME", room_.path());
     result.insert("XDG_RUNTIME_DIR", room_.path());
     result.insert("ALSA_CONFIG_PATH", "/dev/null"); // nobody wants to hear the tests

@@ -55,14 +55,12 @@ QJsonObject described(const QWidget& widget)
 QJsonObject describedWindow(const QWidget& window, const QString& name)
 {
     QJsonObject controls;
-    for (const QWidget* child : window.findChildren<QWidget*>()) {
+    for (const QWidget* child : window.findChildren<QWidget*>())
         if (child->window() == &window && !nameOf(*child).isEmpty())
             controls[nameOf(*child)] = described(*child);
-    }
-    for (const QTimer* timer : window.findChildren<QTimer*>()) {
+    for (const QTimer* timer : window.findChildren<QTimer*>())
         if (!timer->objectName().isEmpty())
             controls[timer->objectName()] = QJsonObject{{"enabled", timer->isActive()}};
-    }
     return {{"name", name},
             {"title", window.windowTitle()},
             {"text", shownText(window)},

@@ -57,11 +57,11 @@ TEST_F(LifelineJourney, AreTakenOnceAndCrossedOutAndThePollIsPainted)
     untilColour("pollbar[2]", ground);
     take("lifeline1");
     for (int i = 0; i < 4; ++i)
-        untilColour(QStringLiteral("pollbar[%1]").arg(i), barColour);
+        untilColour(QString("pollbar[%1]").arg(i), barColour);
     EXPECT_EQ(desk->look().control("orv", "pollbar[2]").place.height(), 50);
     take("lifeline3");
     for (int k = 1; k <= 4; ++k) {
-        if (!desk->look().control("orv", QStringLiteral("option%1").arg(k)).text.isEmpty())
+        if (!desk->look().control("orv", QString("option%1").arg(k)).text.isEmpty())
             continue;
         EXPECT_NE(k, right());
         choose(k);
@@ -75,7 +75,7 @@ TEST_F(LifelineJourney, AreTakenOnceAndCrossedOutAndThePollIsPainted)
     take("lifeline2");
     const char* const sorry[] = {" Sorry! Guest You", "Sorry! Guest, you", "Sorry! Guest, you"};
     for (int n = 1; n <= 3; ++n) {
-        desk->click("orv", QStringLiteral("lifeline%1").arg(n));
+        desk->click("orv", QString("lifeline%1").arg(n));
         EXPECT_EQ(desk->answer("OK").summary(), std::string("Orvanta | ") + sorry[n - 1] +
                                                     " have already used this lifeline | information | OK");
     }

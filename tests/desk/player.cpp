@@ -70,7 +70,7 @@ int Player::right()
 
 ShownWindow Player::choose(int k)
 {
-    desk->click("orv", QStringLiteral("option%1").arg(k));
+    desk->click("orv", QString("option%1").arg(k));
     return desk->box();
 }
 

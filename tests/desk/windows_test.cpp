@@ -24,10 +24,9 @@ protected:
     /// Clicks at what must not come forward, where it is in sight, and waits until the windows are in order.
     void clickAroundAndExpectOrder(const QString& dialog)
     {
-        for (const char* below : {"back", "host"}) {
+        for (const char* below : {"back", "host"})
             if (host_ || below == std::string("back"))
                 desk->display->click(placeOn(desk->windowOf(below)), 3);
-        }
         QStringList wanted = order_;
         if (!dialog.isEmpty())
             wanted << dialog;
@@ -44,10 +43,9 @@ private:
     {
         const QRect area = desk->display->area() & desk->display->place(window);
         for (int y = area.top() + 20; y < area.bottom(); y += 25) {
-            for (int x = area.left() + 20; x < area.right(); x += 25) {
+            for (int x = area.left() + 20; x < area.right(); x += 25)
                 if (desk->display->reaches({x, y}, window))
                     return {x, y};
-            }
         }
         throw std::runtime_error("a window is hidden");
     }

@@ -187,12 +187,12 @@ void Spectator::look()
 
 void Spectator::lookAtOption(int k)
 {
-    const auto& label = control<Label>(QStringLiteral("option%1").arg(k));
+    const auto& label = control<Label>(QString("option%1").arg(k));
     if (fiftyQuestion > 0 && removed.size() < 2 && label.text().isEmpty())
         removed.insert(k);
     const bool right = row && row->isRight(k);
     require(!blank(k) || !right, "Fifty-fifty removes wrong answers only.");
-    const QString answerShown = row ? QChar('A' + k - 1) + QStringLiteral("> ") + row->answers.at(k - 1) : "";
+    const QString answerShown = row ? QString(QChar('A' + k - 1)) + "> " + row->answers.at(k - 1) : "";
     require(label.text() == (blank(k) ? "" : answerShown), "Options show the answers that are not removed.");
 
     const bool green = label.palette().window().color() == QColor(0, 192, 0);

@@ -24,7 +24,7 @@ TEST(Ladder, MarkingARungKeepsItsAmountAndTheOtherMarks)
     for (int n = 1; n <= lastQuestion; ++n) {
         text = withRungMarked(text, n);
         const QString line = text.split("\r\n").at(lastQuestion - n);
-        EXPECT_TRUE(line.startsWith(QStringLiteral("%1>%2X").arg(n, 3).arg(n < 10 ? " " : "")))
+        EXPECT_TRUE(line.startsWith(QString("%1>%2X").arg(n, 3).arg(n < 10 ? " " : "")))
             << line.toStdString();
         EXPECT_TRUE(line.trimmed().endsWith(prizeLadder()[n])) << line.toStdString();
         EXPECT_EQ(text.count('X'), n);

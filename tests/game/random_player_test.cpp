@@ -101,10 +101,10 @@ private:
         const bool counting = game_->counting;
         const std::pair<int, std::function<void()>> actions[] = {
             {counting ? 80 : 240, [this] { clickOption(); }},
-            {fifty ? 60 : 0, [this] { clickAt(QStringLiteral("option%1").arg(*game_->removed.begin())); }},
+            {fifty ? 60 : 0, [this] { clickAt(QString("option%1").arg(*game_->removed.begin())); }},
             {game_->shown("cmdok") ? 500 : 5, [this] { clickAt("cmdok"); }},
             {game_->shown("cmdokquit") ? 150 : 5, [this] { clickAt("cmdokquit"); }},
-            {60, [this] { clickAt(QStringLiteral("lifeline%1").arg(1 + upTo(2))); }},
+            {60, [this] { clickAt(QString("lifeline%1").arg(1 + upTo(2))); }},
             {35, [this] { clickAt("LL"); }},
             {20, [this] { clickAt("mws"); }},
             {game_->answer == Spectator::Answer::Right ? 40 : 6, [this] { clickAt("leave"); }},
@@ -125,7 +125,7 @@ private:
         int k = 1 + upTo(3);
         for (const bool lookedUp = chance(94); lookedUp && !game_->row->isRight(k);)
             k = 1 + upTo(3);
-        clickAt(QStringLiteral("option%1").arg(k));
+        clickAt(QString("option%1").arg(k));
     }
 
     /// A click where the control (or the whole form) is, whatever may lie over it.
@@ -165,7 +165,7 @@ private:
 
     void step(milliseconds span)
     {
-        note(QStringLiteral("wait %1 ms").arg(span.count()));
+        note(QString("wait %1 ms").arg(span.count()));
         desk_.clock.advance(span);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
     }

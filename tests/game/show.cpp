@@ -33,7 +33,7 @@ void ShowTest::start()
 void ShowTest::chooseOption(int k, bool lock)
 {
     desk.dialogs.expectConfirm("Asha shall I lock it?", lock);
-    desk.click("orv", QStringLiteral("option%1").arg(k));
+    desk.click("orv", QString("option%1").arg(k));
 }
 
 void ShowTest::answerRight()
@@ -65,7 +65,7 @@ std::string ShowTest::looks() const
 {
     std::string result;
     for (int k = 1; k <= 4; ++k) {
-        const auto& option = desk.control<toolkit::Label>("orv", QStringLiteral("option%1").arg(k));
+        const auto& option = desk.control<toolkit::Label>("orv", QString("option%1").arg(k));
         const bool green = option.palette().window().color() == QColor(0, 192, 0);
         result += !option.isOpaque() ? '.' : green ? 'g' : 'c';
     }

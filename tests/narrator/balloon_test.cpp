@@ -8,7 +8,7 @@
 
 using namespace narrator;
 
-TEST(BalloonText, shows_pause_marks_as_one_mark)
+TEST(BalloonText, ShowsPauseMarksAsOneMark)
 {
     const std::pair<const char*, const char*> table[]{
         {" ,,\t,\n", ""},
@@ -19,21 +19,19 @@ TEST(BalloonText, shows_pause_marks_as_one_mark)
         {"1,00,000 rupees, 2 , 3", "1,00,000 rupees, 2, 3"},
         {"<b>&\x01 in\x7f it", "<b>& in it"},
     };
-    for (const auto& [given, shown] : table) {
+    for (const auto& [given, shown] : table)
         EXPECT_EQ(shownText(QString::fromUtf8(given)).toStdString(), shown) << given;
-    }
 }
 
-TEST(Balloon, grows_and_scrolls_within_its_room_whatever_is_said)
+TEST(Balloon, GrowsAndScrollsWithinItsRoomWhateverIsSaid)
 {
     QWidget parent;
     parent.show();
     const QRect room(2, 2, 296, 162);
     Balloon balloon(room, &parent);
-    const QString texts[]{QStringLiteral("Hi"), QString(3000, u'W'),
-                          QStringLiteral("words on, and on ").repeated(60),
-                          QStringLiteral("\u0928\u092e\u0938\u094d\u0924\u0947 \U0001F600 ").repeated(99),
-                          QStringLiteral("\u05e9\u05dc\u05d5\u05dd ").repeated(200)};
+    const QString texts[]{"Hi", QString(3000, u'W'), QString("words on, and on ").repeated(60),
+                          QString("\u0928\u092e\u0938\u094d\u0924\u0947 \U0001F600 ").repeated(99),
+                          QString("\u05e9\u05dc\u05d5\u05dd ").repeated(200)};
     for (const QString& text : texts) {
         EXPECT_FALSE(balloon.say(text, 0) && balloon.isVisible());
         EXPECT_TRUE(balloon.say(text, 2));
@@ -52,10 +50,10 @@ TEST(Balloon, grows_and_scrolls_within_its_room_whatever_is_said)
     EXPECT_FALSE(balloon.isVisible());
 }
 
-TEST(Balloon, is_a_text_with_a_name_for_screen_readers)
+TEST(Balloon, IsATextWithANameForScreenReaders)
 {
     Balloon balloon(QRect(2, 2, 296, 162), nullptr);
-    balloon.say(QStringLiteral("Well, now then"), 9);
+    balloon.say("Well, now then", 9);
     QAccessibleInterface* said = QAccessible::queryAccessibleInterface(&balloon);
     EXPECT_EQ(said->role(), QAccessible::StaticText);
     EXPECT_EQ(said->text(QAccessible::Name).toStdString(), "Host says");

@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 using namespace narrator;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -17,7 +16,7 @@ namespace {
 std::string verdict(const QByteArray& bytes)
 {
     try {
-        (void)Figure(readCharacter(bytes, u"sample"_s), u"sample"_s);
+        (void)Figure(readCharacter(bytes, "sample"), "sample");
         return "fine";
     } catch (const LoadFailure& failure) {
         return QByteArray(failure.what()).replace('"', '\'').toStdString();
@@ -28,9 +27,8 @@ std::string verdict(const QByteArray& bytes)
 QByteArray times(int count, const QByteArray& text)
 {
     QByteArray all;
-    while (count-- > 0) {
+    while (count-- > 0)
         all += QByteArray(text).replace("%", QByteArray::number(count));
-    }
     return all;
 }
 
@@ -115,7 +113,7 @@ const Hostile table[]{
 
 } // namespace
 
-TEST(CharacterFile, names_the_first_defect_and_its_line)
+TEST(CharacterFile, NamesTheFirstDefectAndItsLine)
 {
     ASSERT_EQ(verdict(sample::character()), "fine");
     EXPECT_EQ(verdict(""), "sample: the file is no UTF-8 text");
@@ -133,9 +131,9 @@ TEST(CharacterFile, names_the_first_defect_and_its_line)
     }
 }
 
-TEST(CharacterFile, survives_damage_at_any_place)
+TEST(CharacterFile, SurvivesDamageAtAnyPlace)
 {
-    QFile file(QStringLiteral(GENIE));
+    QFile file(QString(GENIE));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray whole = file.readAll().trimmed();
     for (qsizetype place = 3; place < whole.size(); place += whole.size() / 60) {
@@ -146,9 +144,9 @@ TEST(CharacterFile, survives_damage_at_any_place)
     }
 }
 
-TEST(Genie, moves_in_another_way_for_every_name_and_waves_beside_the_head)
+TEST(Genie, MovesInAnotherWayForEveryNameAndWavesBesideTheHead)
 {
-    Figure figure(readCharacterFile(QStringLiteral(GENIE)), {});
+    Figure figure(readCharacterFile(QString(GENIE)), {});
     const Rig& rig = figure.rig();
     std::vector<Pose> seen{rig.rest};
     for (const Gesture& gesture : rig.gestures) {
@@ -168,6 +166,6 @@ TEST(Genie, moves_in_another_way_for_every_name_and_waves_beside_the_head)
     };
     const QRect besideHead(155, 20, 44, 70);
     EXPECT_EQ(meanAlpha(rig.rest, besideHead), 0);
-    EXPECT_GT(meanAlpha(poseAt(rig, {rig.gesture(QStringLiteral("Greet")), rig.rest}, 560), besideHead), 25);
+    EXPECT_GT(meanAlpha(poseAt(rig, {rig.gesture("Greet"), rig.rest}, 560), besideHead), 25);
     EXPECT_GT(meanAlpha(rig.rest, QRect(80, 110, 40, 40)), 240);
 }

@@ -15,8 +15,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-const QString genie = QStringLiteral("genie");
-const QString another = QStringLiteral("another");
+const QString genie = "genie";
+const QString another = "another";
 
 struct Game
 {
@@ -25,17 +25,17 @@ struct Game
         form->resize(602, 434);
         button->setGeometry(450, 350, 80, 40);
         form->show();
-        characters->Load(genie, QStringLiteral(GENIE));
+        characters->Load(genie, QString(GENIE));
         host().Show();
     }
 
     [[nodiscard]] Character& host() const { return characters->Item(genie); }
-    [[nodiscard]] QWidget* stage() const { return form->findChild<QWidget*>(QStringLiteral("host")); }
+    [[nodiscard]] QWidget* stage() const { return form->findChild<QWidget*>("host"); }
 
     /// What the balloon shows, "" while there is none.
     [[nodiscard]] std::string said() const
     {
-        const auto* balloon = form->findChild<QLabel*>(QStringLiteral("balloon"));
+        const auto* balloon = form->findChild<QLabel*>("balloon");
         return balloon->isVisible() ? balloon->text().toStdString() : "";
     }
 
@@ -52,29 +52,29 @@ struct Game
 
 } // namespace
 
-TEST(Host, fails_to_load_what_is_no_character)
+TEST(Host, FailsToLoadWhatIsNoCharacter)
 {
     Game game;
     for (const char* path : {"", "/nowhere/genie.acs", "/dev", "/dev/zero", __FILE__}) {
         EXPECT_THROW(game.characters->Load(another, QString::fromLatin1(path)), LoadFailure) << path;
         EXPECT_THROW((void)game.characters->Item(another), LoadFailure);
-        EXPECT_EQ(game.form->findChildren<QWidget*>(QStringLiteral("host")).size(), 1);
+        EXPECT_EQ(game.form->findChildren<QWidget*>("host").size(), 1);
     }
-    EXPECT_THROW(game.characters->Load(genie, QStringLiteral(GENIE)), LoadFailure);
-    game.characters->Load(another, QStringLiteral(GENIE));
-    EXPECT_FALSE(game.form->findChildren<QWidget*>(QStringLiteral("host")).last()->isVisible());
+    EXPECT_THROW(game.characters->Load(genie, QString(GENIE)), LoadFailure);
+    game.characters->Load(another, QString(GENIE));
+    EXPECT_FALSE(game.form->findChildren<QWidget*>("host").last()->isVisible());
     game.form.reset();
-    EXPECT_THROW(game.characters->Load(QStringLiteral("late"), QStringLiteral(GENIE)), LoadFailure);
+    EXPECT_THROW(game.characters->Load("late", QString(GENIE)), LoadFailure);
 }
 
-TEST(Host, speaks_while_the_form_is_seen)
+TEST(Host, SpeaksWhileTheFormIsSeen)
 {
     Game game;
     game.form->resize(792, 500);
     EXPECT_EQ(game.stage()->geometry().bottomRight(), game.form->rect().bottomRight());
-    game.host().Play(QStringLiteral("RestPose")); // 900 ms
-    game.host().Speak(QStringLiteral("Question is,,Who?"));
-    game.host().Speak(QStringLiteral("Well?"));
+    game.host().Play("RestPose"); // 900 ms
+    game.host().Speak("Question is,,Who?");
+    game.host().Speak("Well?");
     EXPECT_EQ(game.said(), "");
     game.clock.advance(1000ms);
     EXPECT_EQ(game.said(), "Question");
@@ -86,21 +86,21 @@ TEST(Host, speaks_while_the_form_is_seen)
     EXPECT_EQ(game.said(), "");
 
     game.form->hide();
-    game.host().Speak(QStringLiteral("Is anybody there?"));
+    game.host().Speak("Is anybody there?");
     game.clock.advance(1s);
     game.form->show();
     EXPECT_EQ(game.said(), "Is anybody there?");
 }
 
-TEST(Host, is_muted_by_its_sign_and_by_a_key_that_no_field_takes)
+TEST(Host, IsMutedByItsSignAndByAKeyThatNoFieldTakes)
 {
     Game game;
-    auto* sign = game.form->findChild<QAbstractButton*>(QStringLiteral("mute"));
+    auto* sign = game.form->findChild<QAbstractButton*>("mute");
     EXPECT_EQ(sign->accessibleName().toStdString(), "Mute the host");
     EXPECT_EQ(game.form->childAt(sign->geometry().center()), sign);
     QLineEdit field(game.form.get());
     const auto press = [](QWidget& widget, Qt::KeyboardModifiers held) {
-        QKeyEvent key(QEvent::KeyPress, Qt::Key_M, held, QStringLiteral("m"));
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_M, held, "m");
         QApplication::sendEvent(&widget, &key);
     };
     const struct
@@ -119,7 +119,7 @@ TEST(Host, is_muted_by_its_sign_and_by_a_key_that_no_field_takes)
     }
 }
 
-TEST(Host, lets_the_form_have_its_clicks)
+TEST(Host, LetsTheFormHaveItsClicks)
 {
     Game game;
     int clicks = 0;
@@ -134,15 +134,15 @@ TEST(Host, lets_the_form_have_its_clicks)
     EXPECT_EQ(clicks, 1);
 }
 
-TEST(Host, survives_every_order_of_farewell)
+TEST(Host, SurvivesEveryOrderOfFarewell)
 {
     for (const char first : {'f', 'c', 'b'}) { // form, characters, form by a click on its button
         Game game;
-        game.host().Speak(QStringLiteral("I am not done"));
+        game.host().Speak("I am not done");
         if (first == 'f') {
             game.form.reset();
             game.clock.advance(500ms);
-            game.host().Speak(QStringLiteral("Hello?"));
+            game.host().Speak("Hello?");
             game.host().Show();
         } else if (first == 'c') {
             game.characters.reset();

@@ -16,7 +16,7 @@ using Parts = std::vector<int>;
 
 } // namespace
 
-TEST(Track, is_evaluated_at_between_and_beyond_its_keys)
+TEST(Track, IsEvaluatedAtBetweenAndBeyondItsKeys)
 {
     const std::vector<Key> keys{
         {100, 10, Ease::Linear}, {200, 20, Ease::Hold}, {300, {}, Ease::InOut}, {400, 50, Ease::Back}};
@@ -25,23 +25,21 @@ TEST(Track, is_evaluated_at_between_and_beyond_its_keys)
         {199, 10}, {200, 20},  {250, 10}, {300, 0},  {350, 50 * (1 - 0.25 * (2.7 * 0.5 - 1.7))},
         {400, 50}, {9000, 50},
     };
-    for (const auto& [time, value] : table) {
+    for (const auto& [time, value] : table)
         EXPECT_NEAR(valueAt(keys, 4, 0, time), value, 1e-9) << time;
-    }
     EXPECT_EQ(valueAt({{0, 7, Ease::InOut}}, 4, 0, 0), 7);
 
     const std::vector<Step> steps{{100, 3}, {200, {}}};
     const std::pair<double, int> stepped[]{{0, 9}, {99, 9}, {100, 3}, {199, 3}, {200, 1}, {900, 1}};
-    for (const auto& [time, value] : stepped) {
+    for (const auto& [time, value] : stepped)
         EXPECT_EQ(valueAt(steps, 9, 1, time), value) << time;
-    }
 }
 
-TEST(Motion, begins_in_the_pose_reached_and_comes_back_to_rest)
+TEST(Motion, BeginsInThePoseReachedAndComesBackToRest)
 {
     const Rig rig = sample::rig();
-    EXPECT_EQ(rig.gesture(QStringLiteral("SAD")), nullptr);
-    const Gesture* sad = rig.gesture(QStringLiteral("sad"));
+    EXPECT_EQ(rig.gesture("SAD"), nullptr);
+    const Gesture* sad = rig.gesture("sad");
     const Pose raised = poseAt(rig, {sad, rig.rest}, 400);
     EXPECT_DOUBLE_EQ(raised.bones[arm][0], 90);
     EXPECT_EQ(visibleDraws(rig, raised), Parts({palm, body, lip})); // the arm's layer went behind the body
@@ -53,7 +51,7 @@ TEST(Motion, begins_in_the_pose_reached_and_comes_back_to_rest)
     EXPECT_DOUBLE_EQ(poseAt(rig, {sad, falling}, 100).bones[arm][0], 70);
 }
 
-TEST(Motion, lays_breath_lids_and_mouth_over_the_pose_and_turns_bones_about_their_pivots)
+TEST(Motion, LaysBreathLidsAndMouthOverThePoseAndTurnsBonesAboutTheirPivots)
 {
     const Rig rig = sample::rig();
     Pose pose = rig.rest;
@@ -80,7 +78,7 @@ TEST(Motion, lays_breath_lids_and_mouth_over_the_pose_and_turns_bones_about_thei
     EXPECT_EQ(bones[arm].map(QPointF(30, 32)).toPoint(), QPoint(25, 22));
 }
 
-TEST(Gaze, wanders_to_the_question_and_the_pointer_but_only_at_rest)
+TEST(Gaze, WandersToTheQuestionAndThePointerButOnlyAtRest)
 {
     std::vector<double> numbers{0.5, 0.9, 0.5, 0, 0.1}; // used from the back
     std::function<double()> random = [&numbers] {

@@ -4,7 +4,7 @@
 
 using namespace narrator;
 
-TEST(Placement, goes_right_left_or_over_the_corner)
+TEST(Placement, GoesRightLeftOrOverTheCorner)
 {
     const QSize host(300, 400);
     const QRect large(0, 0, 1920, 1080);
@@ -24,12 +24,11 @@ TEST(Placement, goes_right_left_or_over_the_corner)
         {{100, -300, 602, 434}, large, {710, 0}},                    // top above the screen
         {{0, 0, 100, 100}, {0, 30, 200, 300}, {0, 30}},              // screen smaller than the host
     };
-    for (const auto& row : table) {
+    for (const auto& row : table)
         EXPECT_EQ(besideForm(row.form, host, row.screen), row.place);
-    }
 }
 
-TEST(Placement, shrinks_the_host_before_it_lies_over_the_form)
+TEST(Placement, ShrinksTheHostBeforeItLiesOverTheForm)
 {
     const struct
     {
@@ -40,7 +39,6 @@ TEST(Placement, shrinks_the_host_before_it_lies_over_the_form)
         {{244, 262, 792, 500}, {0, 0, 1280, 1024}, 0.75}, {{211, 167, 602, 434}, {0, 0, 1024, 768}, 0.625},
         {{116, 134, 792, 500}, {0, 0, 1024, 768}, 0.5},   {{1920, 0, 800, 600}, {1920, 0, 800, 600}, 0.5},
     };
-    for (const auto& row : table) {
+    for (const auto& row : table)
         EXPECT_EQ(scaleBeside(row.form, 300, row.screen), row.scale) << row.form.x();
-    }
 }

@@ -37,7 +37,7 @@ struct SlowVoice final : Voice
 
 } // namespace
 
-TEST(Player, carries_requests_out_one_after_another_until_stopped)
+TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
 {
     // In a script "!" stops, "/" skips, a number speaks a text of that length, "+" and "@" watch for and leap
     // to milliseconds, and the rest are gestures. They take a second, the hand is open from 100 ms to 900 ms.
@@ -69,17 +69,16 @@ TEST(Player, carries_requests_out_one_after_another_until_stopped)
         std::string log;
         for (const QString& step : QString::fromLatin1(row.script).split(u' ')) {
             const Milliseconds span(step[0] == u'+' || step[0] == u'@' ? step.mid(1).toInt() : 0);
-            if (step[0] == u'!') {
+            if (step[0] == u'!')
                 player.stop(now);
-            } else if (step[0] == u'/') {
+            else if (step[0] == u'/')
                 player.skip(now);
-            } else if (step[0].isDigit()) {
+            else if (step[0].isDigit())
                 player.speak(QString(step.toInt(), u'x'), now);
-            } else if (step[0].isLetter()) {
+            else if (step[0].isLetter())
                 player.play(step, now);
-            } else if (step[0] == u'@') {
+            else if (step[0] == u'@')
                 now = span;
-            }
             for (const auto end = now + span; step[0] == u'+' && now < end; now += 50ms) {
                 const Frame frame = player.frame(now);
                 const bool moving = frame.pose.slots != rig.rest.slots;
@@ -87,9 +86,8 @@ TEST(Player, carries_requests_out_one_after_another_until_stopped)
                                          : moving              ? "gesture"
                                          : player.idle(now)    ? "idle"
                                                                : "-";
-                if (!log.ends_with(":" + seen)) {
+                if (!log.ends_with(":" + seen))
                     log += " " + std::to_string(now.count()) + ":" + seen;
-                }
             }
         }
         EXPECT_EQ(log, row.log);
@@ -98,11 +96,15 @@ TEST(Player, carries_requests_out_one_after_another_until_stopped)
     }
 }
 
-TEST(Player, gives_every_text_its_reading_time)
+TEST(Player, GivesEveryTextItsReadingTime)
 {
     const std::pair<QString, Milliseconds> table[]{
-        {QStringLiteral(",,"), 0ms}, {QStringLiteral("?"), 1500ms}, {QString(22, u'a'), 1500ms},
-        {QString(23, u'a'), 1534ms}, {QString(60, u'a'), 4000ms},   {QString(1'000'000, u'a'), 66'666'667ms},
+        {",,", 0ms},
+        {"?", 1500ms},
+        {QString(22, u'a'), 1500ms},
+        {QString(23, u'a'), 1534ms},
+        {QString(60, u'a'), 4000ms},
+        {QString(1'000'000, u'a'), 66'666'667ms},
     };
     const Rig rig = sample::rig();
     for (const auto& [text, time] : table) {

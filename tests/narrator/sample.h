@@ -9,16 +9,14 @@ namespace sample {
 inline QByteArray character()
 {
     QByteArray mouths;
-    for (const QByteArray& shape : QByteArray("Rest M F T S E O U").split(' ')) {
+    for (const QByteArray& shape : QByteArray("Rest M F T S E O U").split(' '))
         mouths += "<h:mouth shape='" + shape + "' part='lip'/>";
-    }
     QByteArray aliases;
     const QByteArray names =
         "Alert Announce announce blink confused Congratulate Congratulate_2 Decline DoMagic1 DoMagic2 "
         "Explain Search RestPose GestureDown Sad sad Show suggest Think think Thinking Uncertain";
-    for (const QByteArray& name : names.split(' ')) {
+    for (const QByteArray& name : names.split(' '))
         aliases += "<h:gesture name='" + name + "' same='Greet'/>";
-    }
     return QByteArray(
                R"(<svg xmlns="http://www.w3.org/2000/svg" xmlns:h="urn:host-character:1" viewBox='0 0 40 44'>
 <metadata><h:character version='1' name='Small' size='200 220'>
@@ -53,7 +51,7 @@ inline QByteArray character()
 
 inline narrator::Rig rig()
 {
-    return narrator::readCharacter(character(), QStringLiteral("sample")).rig;
+    return narrator::readCharacter(character(), "sample").rig;
 }
 
 } // namespace sample

@@ -40,9 +40,8 @@ struct FakeDevice final : SoundDevice
     bool write(std::span<const std::int16_t> samples) override
     {
         std::this_thread::sleep_for(Milliseconds(samples.size() * 1000 / sampleRate));
-        if (room->kind == Room::Kind::Stuck) {
+        if (room->kind == Room::Kind::Stuck)
             room->sleepForEver();
-        }
         const std::lock_guard lock(room->mutex);
         room->heard.insert(room->heard.end(), samples.begin(), samples.end());
         return room->kind != Room::Kind::Dies;
@@ -76,9 +75,8 @@ struct Talk
         room->kind = kind;
         speaker = makeSpeaker([] { return std::make_unique<FakeSynthesiser>(); },
                               [given = room]() -> std::unique_ptr<SoundDevice> {
-                                  if (given->kind == Room::Kind::NeverOpens) {
+                                  if (given->kind == Room::Kind::NeverOpens)
                                       given->sleepForEver();
-                                  }
                                   const bool missing = given->kind == Room::Kind::Missing;
                                   return missing ? nullptr : std::make_unique<FakeDevice>(given);
                               });
@@ -99,9 +97,8 @@ struct Talk
     void start(int pieces)
     {
         std::vector<SpokenPiece> given;
-        for (int i = 1; i <= pieces; ++i) {
+        for (int i = 1; i <= pieces; ++i)
             given.push_back({{{"word", i, Pause::End}}});
-        }
         ticket = speaker->start(std::move(given));
     }
 
@@ -113,9 +110,8 @@ struct Talk
         const auto elapsed = [start] {
             return std::chrono::duration_cast<Milliseconds>(std::chrono::steady_clock::now() - start);
         };
-        while (elapsed() < 3s && !done(speaker->progress(ticket, 0, 0ms))) {
+        while (elapsed() < 3s && !done(speaker->progress(ticket, 0, 0ms)))
             std::this_thread::sleep_for(2ms);
-        }
         return elapsed();
     }
 
@@ -132,7 +128,7 @@ struct Talk
 
 } // namespace
 
-TEST(Speaker, plays_all_pieces_once_and_in_order)
+TEST(Speaker, PlaysAllPiecesOnceAndInOrder)
 {
     Talk talk(Room::Kind::Good);
     talk.start(3);
@@ -145,20 +141,19 @@ TEST(Speaker, plays_all_pieces_once_and_in_order)
     EXPECT_EQ(talk.speaker->progress(talk.ticket, 1, 900ms).fresh.size(), 2);
 }
 
-TEST(Speaker, falls_silent_at_once)
+TEST(Speaker, FallsSilentAtOnce)
 {
     for (const char how : {'s', 'm', 'n', 'g'}) { // stopped, muted, overtaken by the next text, given up
         Talk talk(Room::Kind::Good);
         talk.start(2);
         talk.until([](const auto& progress) { return progress.played > 100ms; });
         const auto called = std::chrono::steady_clock::now();
-        if (how == 'm') {
+        if (how == 'm')
             talk.speaker->setMuted(true);
-        } else if (how == 'n') {
+        else if (how == 'n')
             talk.start(0);
-        } else {
+        else
             how == 's' ? talk.speaker->stop(talk.ticket) : talk.speaker->giveUpSound(talk.ticket);
-        }
         EXPECT_LT(std::chrono::steady_clock::now() - called, 20ms);
         std::this_thread::sleep_for(100ms);
         {
@@ -179,7 +174,7 @@ TEST(Speaker, falls_silent_at_once)
     }
 }
 
-TEST(Speaker, makes_do_without_sound)
+TEST(Speaker, MakesDoWithoutSound)
 {
     for (const auto kind :
          {Room::Kind::Missing, Room::Kind::NeverOpens, Room::Kind::Dies, Room::Kind::Stuck}) {

@@ -25,7 +25,7 @@ std::string spoken(const QString& text)
 
 } // namespace
 
-TEST(Speech, is_put_in_words)
+TEST(Speech, IsPutInWords)
 {
     const std::pair<const char*, const char*> table[]{
         {"Your question is,,____ is big?,,the four options are,,A,Delhi,B,10,C,Rs. 1,60,000",
@@ -44,20 +44,18 @@ TEST(Speech, is_put_in_words)
         {"\u0928\u092e\u0938\u094d\u0924\u0947 ?!,, \U0001F600 \x01\x7f", ""},
         {"", ""},
     };
-    for (const auto& [given, lines] : table) {
+    for (const auto& [given, lines] : table)
         EXPECT_EQ(spoken(QString::fromUtf8(given)), lines) << given;
-    }
     EXPECT_EQ(spoken(QString(3000, u'x')), std::string(40, 'x'));
     EXPECT_LT(spoken(QString(3000, u'7')).size(), 400);
 }
 
-TEST(Speech, tells_how_much_of_the_text_each_word_says)
+TEST(Speech, TellsHowMuchOfTheTextEachWordSays)
 {
-    const QString text = QStringLiteral(" Who?,,is \"R\u00e9n\u00e9\",Rs. 1,000 \u0928\u092e ");
+    const QString text = " Who?,,is \"R\u00e9n\u00e9\",Rs. 1,000 \u0928\u092e ";
     std::string ends;
-    for (const SpokenWord& word : spokenWords(text)) {
+    for (const SpokenWord& word : spokenWords(text))
         ends += word.text + '=' + text.first(word.end).trimmed().toStdString() + '|';
-    }
     EXPECT_EQ(
         ends,
         "Who=Who?,,|is=Who?,,is|Rene=Who?,,is \"R\u00e9n\u00e9\",|one=Who?,,is \"R\u00e9n\u00e9\",Rs. 1,000|"
@@ -65,12 +63,11 @@ TEST(Speech, tells_how_much_of_the_text_each_word_says)
         "\u0928\u092e|");
 }
 
-TEST(Speech, has_nothing_in_it_that_could_wedge_the_voice)
+TEST(Speech, HasNothingInItThatCouldWedgeTheVoice)
 {
     for (char32_t character = 0; character <= 0x10ffff; character += character < 0x3000 ? 1 : 13) {
         const QString one = QString::fromUcs4(&character, 1);
-        const std::string line =
-            spoken(u'a' + one + one + QStringLiteral("b 5") + one + u'7' + one + one + one);
+        const std::string line = spoken(u'a' + one + one + "b 5" + one + u'7' + one + one + one);
         EXPECT_EQ(
             line.find_first_not_of("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789' ,.?|"),
             std::string::npos)
@@ -78,11 +75,10 @@ TEST(Speech, has_nothing_in_it_that_could_wedge_the_voice)
     }
 }
 
-TEST(Speech, is_cut_into_pieces_that_begin_with_a_short_one)
+TEST(Speech, IsCutIntoPiecesThatBeginWithAShortOne)
 {
-    const QString lists = QStringLiteral("apples, pears and plums ").repeated(30);
-    for (const QString& text :
-         {lists, QStringLiteral("word ").repeated(200), QStringLiteral("Go. ").repeated(99)}) {
+    const QString lists = QString("apples, pears and plums ").repeated(30);
+    for (const QString& text : {lists, QString("word ").repeated(200), QString("Go. ").repeated(99)}) {
         const std::vector<SpokenPiece> pieces = spokenPieces(spokenWords(text));
         EXPECT_LE(pieces.front().line().size(), 40);
         std::size_t words = 0;
@@ -94,7 +90,7 @@ TEST(Speech, is_cut_into_pieces_that_begin_with_a_short_one)
     }
 }
 
-TEST(Speech, becomes_mouths)
+TEST(Speech, BecomesMouths)
 {
     // "pie show" with the times of the voice
     const std::vector<Segment> segments{{"pau", 40ms}, {"p", 120ms},  {"ay", 320ms},
@@ -104,22 +100,20 @@ TEST(Speech, becomes_mouths)
     const std::vector<MouthTime> mouths{{0ms, Rest}, {40ms, M},  {120ms, A}, {230ms, E},   {320ms, S},
                                         {420ms, O},  {530ms, U}, {670ms, F}, {690ms, Rest}};
     EXPECT_EQ(mouthsOf(segments), mouths); // no T: it would be gone at once
-    for (int i = 0; i < us_phoneset.num_phones; ++i) {
+    for (int i = 0; i < us_phoneset.num_phones; ++i)
         EXPECT_TRUE(shapesOf(us_phoneset.phonenames[i])) << us_phoneset.phonenames[i];
-    }
     EXPECT_FALSE(shapesOf("xyz"));
 }
 
-TEST(Speech, is_made_with_times_that_fit_it)
+TEST(Speech, IsMadeWithTimesThatFitIt)
 {
     const std::unique_ptr<Synthesiser> voice = makeFliteSynthesiser();
-    const QString text = QStringLiteral("The answer, in 1947, was 1,60,000.");
+    const QString text = "The answer, in 1947, was 1,60,000.";
     const SpokenPiece piece{spokenWords(text)};
     for (const bool dropped : {false, true, false}) {
         const Speech speech = voice->synthesise(piece, [dropped] { return dropped; });
-        if (dropped) {
+        if (dropped)
             continue;
-        }
         EXPECT_NEAR(static_cast<double>(speech.times.length.count()), 4500, 1000);
         EXPECT_EQ(static_cast<std::int64_t>(speech.samples.size()),
                   speech.times.length.count() * sampleRate / 1000);

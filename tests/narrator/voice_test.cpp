@@ -23,9 +23,8 @@ struct ScriptedSpeaker final : Speaker
         const Milliseconds time = now - begun;
         const bool fresh = time >= made && known == 0;
         Progress progress{{}, time >= whole, time >= dies ? Sound::Lost : Sound::Waiting, 0ms};
-        if (fresh) {
+        if (fresh)
             progress.fresh = {{{{0ms, 3}, {500ms, 7}}, {{0ms, MouthShape::A}, {500ms, MouthShape::O}}, 1s}};
-        }
         if (time >= opens && time < dies) {
             progress.sound = Sound::Playing;
             progress.played = std::min<Milliseconds>(1s, (time - opens) * percent / 100);
@@ -46,7 +45,7 @@ struct ScriptedSpeaker final : Speaker
 
 } // namespace
 
-TEST(Voice, keeps_time_with_every_kind_of_sound)
+TEST(Voice, KeepsTimeWithEveryKindOfSound)
 {
     constexpr Milliseconds never = 1h;
     const struct
@@ -73,15 +72,14 @@ TEST(Voice, keeps_time_with_every_kind_of_sound)
         speaker.dies = row.dies;
         speaker.percent = row.percent;
         SpeakingVoice voice(&speaker);
-        voice.say(QStringLiteral("One two"), 0ms);
+        voice.say("One two", 0ms);
         Milliseconds seen[3]{never, never, never};
         for (Milliseconds now{0}; now < 5s; now += 10ms) {
             speaker.now = now;
             const qsizetype said = voice.said(now);
             const bool marks[]{said >= 3, said == 7, voice.lastWord(now).has_value()};
-            for (std::size_t i = 0; i < std::size(marks); ++i) {
+            for (std::size_t i = 0; i < std::size(marks); ++i)
                 seen[i] = marks[i] ? std::min(seen[i], now) : seen[i];
-            }
             EXPECT_EQ(said > 0, voice.firstWord(now).has_value()) << row.sound;
         }
         EXPECT_EQ(seen[0], row.first) << row.sound;
@@ -93,12 +91,12 @@ TEST(Voice, keeps_time_with_every_kind_of_sound)
     }
 }
 
-TEST(Voice, moves_the_lips_ahead_and_catches_up_in_silence)
+TEST(Voice, MovesTheLipsAheadAndCatchesUpInSilence)
 {
     ScriptedSpeaker speaker;
     speaker.dies = 1h;
     SpeakingVoice voice(&speaker);
-    voice.say(QStringLiteral("One two"), 0ms);
+    voice.say("One two", 0ms);
     speaker.now = 455ms;
     EXPECT_EQ(voice.mouth(455ms), MouthShape::A);
     speaker.now = 465ms;
@@ -106,7 +104,7 @@ TEST(Voice, moves_the_lips_ahead_and_catches_up_in_silence)
     voice.hush();
     EXPECT_EQ(voice.mouth(465ms), MouthShape::Rest);
     EXPECT_EQ(speaker.stops, 1);
-    voice.say(QStringLiteral("One two"), 1s);
+    voice.say("One two", 1s);
     EXPECT_EQ(voice.lastWord(60s), 1467ms); // read by then
     EXPECT_EQ(speaker.stops, 2);
 }

@@ -39,9 +39,8 @@ TEST(Create, WritesTheSourceRowByRow)
         {"select group_concat(message) from locking", "Shall I?,Do you?"},
         {"select username || length(password) || count(*) from users", "owner121"},
     };
-    for (const auto& [query, value] : cases) {
+    for (const auto& [query, value] : cases)
         EXPECT_EQ(database.execAndGet(query).getString(), value);
-    }
     const std::string password = database.execAndGet("select password from users");
     EXPECT_NE(printed.str().find(password), std::string::npos);
     std::ostringstream again;

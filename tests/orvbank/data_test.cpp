@@ -25,12 +25,10 @@ TEST(Data, IsAWellMixedBankOfSpeakableTexts)
         EXPECT_TRUE(prompt.message.front().isUpper()) << prompt.message.toStdString();
         spoken << prompt.message;
     }
-    for (const QString& text : spoken) {
+    for (const QString& text : spoken)
         EXPECT_TRUE(QRegularExpression("^[ -~]*\\?$").match(text).hasMatch()) << text.toStdString();
-    }
-    for (const auto& [level, count] : counts) {
+    for (const auto& [level, count] : counts)
         EXPECT_GE(count, 150) << level.toStdString();
-    }
     EXPECT_EQ(counts.size(), 3U);
     EXPECT_GE(intake.bank.prompts.size(), 24U);
 }

@@ -15,7 +15,7 @@ namespace {
 
 QString randomText(std::mt19937& random, int limit)
 {
-    const QString harmful = QStringLiteral("\"\"'',,;;\\\\~=#{}:%/$[]<>-+ nA.)|  ");
+    const QString harmful = "\"\"'',,;;\\\\~=#{}:%/$[]<>-+ nA.)|  ";
     QString text;
     while (bank::length(text) < 1 + static_cast<int>(random() % limit) || text.trimmed().isEmpty()) {
         const char32_t ranges[] = {0x20,  0x7e,  0xa1,  0x24f, 0x300,   0x36f,
@@ -40,9 +40,8 @@ bank::Bank randomBank(std::size_t count)
             question.tallies.at(i) = 1 + random() % 3;
         }
         question.right = QString("ABCD").mid(random() % 4, 1);
-        if (bank::breaches(question, bank::Texts::Played).empty() && bank::writers::aikenHolds(question)) {
+        if (bank::breaches(question, bank::Texts::Played).empty() && bank::writers::aikenHolds(question))
             bank.questions.push_back(question);
-        }
     }
     return bank;
 }
@@ -54,11 +53,9 @@ std::string rows(const Folder& folder, const std::string& file, bool withTallies
     SQLite::Statement row(database,
                           "select question_id, question, answer1, answer2, answer3, answer4, correct_answer, "
                           "Level, a, b, c, d from questions order by Level, question_id");
-    while (row.executeStep()) {
-        for (int i = 1; i < (withTallies ? 12 : 8); ++i) {
+    while (row.executeStep())
+        for (int i = 1; i < (withTallies ? 12 : 8); ++i)
             all += row.getColumn(i).getString() + '\n';
-        }
-    }
     return all;
 }
 
@@ -155,9 +152,8 @@ TEST(Exchange, LeavesTheFileAloneUnlessAllIsWell)
     for (const auto& [file, content, expected] : cases) {
         folder.write(file, content);
         std::vector<std::string> arguments{"import", "bank.orv", file};
-        if (file == "a.aiken") {
+        if (file == "a.aiken")
             arguments.insert(arguments.end(), {"--level", "1"});
-        }
         EXPECT_EQ(folder.run(arguments), std::pair(1, expected));
         EXPECT_TRUE(folder.content("bank.orv") == before) << content;
     }

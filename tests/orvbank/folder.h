@@ -57,13 +57,11 @@ public:
     [[nodiscard]] std::pair<int, std::string> run(const std::vector<std::string>& arguments) const
     {
         std::vector<std::string> words{"orvbank"};
-        for (const std::string& word : arguments) {
+        for (const std::string& word : arguments)
             words.push_back(word.find('.') != std::string::npos || word == "data" ? path(word) : word);
-        }
         std::vector<const char*> argv;
-        for (const std::string& word : words) {
+        for (const std::string& word : words)
             argv.push_back(word.c_str());
-        }
         std::ostringstream printed;
         const int code = bank::run(static_cast<int>(argv.size()), argv.data(), printed, printed);
         return {code, QString::fromStdString(printed.str()).remove(directory_.path() + '/').toStdString()};

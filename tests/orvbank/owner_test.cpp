@@ -31,14 +31,12 @@ TEST_F(Owner, GivesOnlyWhatTheLoginTakes)
     const std::string formerPassword = value("select password from users where rowid = 1");
     EXPECT_EQ(folder.run({"admin", "bank.orv", "password", "owner", "--generate"}).first, 0);
     EXPECT_NE(value("select password from users where rowid = 1"), formerPassword);
-    for (const std::string name : {"", "a b", "sixteen-letters-", "owner"}) {
+    for (const std::string name : {"", "a b", "sixteen-letters-", "owner"})
         EXPECT_EQ(folder.run({"admin", "bank.orv", "add", name, "--generate"}).first, 1) << name;
-    }
     EXPECT_EQ(folder.run({"admin", "bank.orv", "password", "nobody", "--generate"}).first, 1);
     EXPECT_EQ(folder.run({"admin", "bank.orv", "list"}), std::pair(0, "owner\n" + longest + '\n'));
-    for (const QString password : {"", " secret", "secret\t", "sixteen-letters-"}) {
+    for (const QString password : {"", " secret", "secret\t", "sixteen-letters-"})
         EXPECT_NE(bank::passwordFault(password), "") << password.toStdString();
-    }
     EXPECT_EQ(bank::passwordFault("my secret"), "");
 }
 
@@ -64,9 +62,8 @@ TEST_F(Owner, CountsPlays)
     EXPECT_EQ(code, 0);
     for (const std::string line : {"level 1                       5          1          4       75 %\n",
                                    "  words                       5          0          0          -\n",
-                                   "       4     1      4   75 %  2 one?\n"}) {
+                                   "       4     1      4   75 %  2 one?\n"})
         EXPECT_NE(printed.find(line), std::string::npos) << printed;
-    }
 }
 
 } // namespace

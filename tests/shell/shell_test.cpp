@@ -114,10 +114,7 @@ TEST_F(ShellTest, ConsentIsEitherGivenOrRefusedOrOpen)
     auto& reject = desk.control<QCheckBox>("rules", "reject");
     auto& startplay = desk.control<Button>("rules", "startplay");
     const auto state = [&] {
-        return QStringLiteral("%1%2%3")
-            .arg(accept.isChecked())
-            .arg(reject.isChecked())
-            .arg(startplay.isEnabled());
+        return QString("%1%2%3").arg(accept.isChecked()).arg(reject.isChecked()).arg(startplay.isEnabled());
     };
     const QString question = "Are you sure you don't want to play";
 

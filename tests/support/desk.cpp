@@ -33,10 +33,9 @@ void Desk::click(const QString& screen, const QString& name) const
 std::string Desk::open() const
 {
     QStringList names;
-    for (const char* name : {"back", "login", "mainscreen", "orv", "rules", "thank", "userselect"}) {
+    for (const char* name : {"back", "login", "mainscreen", "orv", "rules", "thank", "userselect"})
         if (screens.find(name))
             names << name;
-    }
     return names.join(' ').toStdString();
 }
 

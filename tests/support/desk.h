@@ -43,10 +43,9 @@ public:
 template <typename Control>
 Control& Desk::control(const QString& screen, const QString& name) const
 {
-    for (QObject* child : form(screen).findChildren<QObject*>(name)) {
+    for (QObject* child : form(screen).findChildren<QObject*>(name))
         if (auto* found = dynamic_cast<Control*>(child))
             return *found;
-    }
     throw std::out_of_range("no such control: " + name.toStdString());
 }
 

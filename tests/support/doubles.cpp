@@ -42,12 +42,11 @@ QString ScriptedDialogs::take(const QString& kind, const QString& title, const Q
     const Box box = script_.front();
     script_.pop_front();
     EXPECT_EQ(kind.toStdString(), box.kind.toStdString()) << text.toStdString();
-    for (const QString& part : box.parts) {
+    for (const QString& part : box.parts)
         if (box.whole)
             EXPECT_EQ(text.toStdString(), part.toStdString());
         else
             EXPECT_TRUE(text.contains(part)) << text.toStdString() << "\nlacks: " << part.toStdString();
-    }
     if (box.meanwhile)
         box.meanwhile();
     return box.answer;

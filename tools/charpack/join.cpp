@@ -7,46 +7,39 @@
 #include <functional>
 #include <stdexcept>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-const QString rigNamespace = u"urn:host-character:1"_s;
+const QString rigNamespace = "urn:host-character:1";
 
 /// Hands every token between the root's start and end to `each`, the root's own start to `root`.
 void readXml(const QString& path, const std::function<void(QXmlStreamReader&)>& root,
              const std::function<void(QXmlStreamReader&)>& each)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw std::runtime_error((path + u": "_s + file.errorString()).toStdString());
-    }
+    if (!file.open(QIODevice::ReadOnly))
+        throw std::runtime_error((path + ": " + file.errorString()).toStdString());
     QXmlStreamReader xml(&file);
-    if (xml.readNextStartElement()) {
+    if (xml.readNextStartElement())
         root(xml);
-    }
     for (int depth = 1; depth > 0 && !xml.atEnd();) {
         const auto type = xml.readNext();
-        if (type == QXmlStreamReader::StartElement) {
+        if (type == QXmlStreamReader::StartElement)
             ++depth;
-        } else if (type == QXmlStreamReader::EndElement) {
+        else if (type == QXmlStreamReader::EndElement)
             --depth;
-        }
-        if (depth > 0 && type != QXmlStreamReader::Invalid) {
+        if (depth > 0 && type != QXmlStreamReader::Invalid)
             each(xml);
-        }
     }
     if (xml.hasError()) {
         throw std::runtime_error(
-            u"%1, line %2: %3"_s.arg(path).arg(xml.lineNumber()).arg(xml.errorString()).toStdString());
+            QString("%1, line %2: %3").arg(path).arg(xml.lineNumber()).arg(xml.errorString()).toStdString());
     }
 }
 
 void copyToken(QXmlStreamReader& from, QXmlStreamWriter& to)
 {
-    if (!from.isStartElement()) {
+    if (!from.isStartElement())
         return to.writeCurrentToken(from);
-    }
     // The namespaces are declared once, in the root.
     to.writeStartElement(from.namespaceUri().toString(), from.name().toString());
     to.writeAttributes(from.attributes());
@@ -62,19 +55,18 @@ QByteArray joinCharacter(const QString& drawing, const QString& rig, const QStri
     const auto nothing = [](QXmlStreamReader&) {};
     const auto metadata = [&](QXmlStreamReader& svg) {
         out.writeDefaultNamespace(svg.namespaceUri().toString());
-        out.writeNamespace(rigNamespace, u"h"_s);
+        out.writeNamespace(rigNamespace, "h");
         copy(svg);
-        out.writeCharacters(u"\n"_s);
-        out.writeStartElement(svg.namespaceUri().toString(), u"metadata"_s);
+        out.writeCharacters("\n");
+        out.writeStartElement(svg.namespaceUri().toString(), "metadata");
         readXml(rig, copy, copy);
-        for (const QString& file : gestures) {
+        for (const QString& file : gestures)
             readXml(file, nothing, copy);
-        }
         out.writeEndElement(); // character
         out.writeEndElement(); // metadata
     };
     readXml(drawing, metadata, copy);
     out.writeEndElement();
-    out.writeCharacters(u"\n"_s);
+    out.writeCharacters("\n");
     return joined;
 }

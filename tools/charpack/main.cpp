@@ -21,17 +21,15 @@ namespace {
 
 void require(bool done, const QFileDevice& file)
 {
-    if (!done) {
-        throw std::runtime_error((file.fileName() + QStringLiteral(": ") + file.errorString()).toStdString());
-    }
+    if (!done)
+        throw std::runtime_error((file.fileName() + ": " + file.errorString()).toStdString());
 }
 
 void join(const std::vector<std::string>& sources, const std::string& output)
 {
     QStringList gestures;
-    for (std::size_t i = 2; i < sources.size(); ++i) {
+    for (std::size_t i = 2; i < sources.size(); ++i)
         gestures += QString::fromStdString(sources[i]);
-    }
     const QByteArray joined =
         joinCharacter(QString::fromStdString(sources[0]), QString::fromStdString(sources[1]), gestures);
     QSaveFile file(QString::fromStdString(output));
@@ -49,9 +47,8 @@ narrator::Figure load(const std::string& path)
 
 void save(const QImage& image, const std::string& path)
 {
-    if (!image.save(QString::fromStdString(path))) {
+    if (!image.save(QString::fromStdString(path)))
         throw std::runtime_error(path + ": the picture cannot be written");
-    }
 }
 
 struct DrawOptions
@@ -66,13 +63,11 @@ struct DrawOptions
 void draw(const DrawOptions& options)
 {
     narrator::Figure figure = load(options.character);
-    if (options.gesture.empty()) {
+    if (options.gesture.empty())
         return save(drawSheet(figure, options.poses, options.zoom), options.output);
-    }
     const narrator::Gesture* gesture = figure.rig().gesture(QString::fromStdString(options.gesture));
-    if (!gesture) {
+    if (!gesture)
         throw std::runtime_error("there is no gesture " + options.gesture);
-    }
     save(drawGesture(figure, *gesture, options.poses, options.zoom), options.output);
 }
 
@@ -81,18 +76,17 @@ void drawSheets(const std::string& path, const std::string& output)
 {
     narrator::Figure figure = load(path);
     const QDir folder(QString::fromStdString(output));
-    if (!folder.mkpath(QStringLiteral("."))) {
+    if (!folder.mkpath("."))
         throw std::runtime_error(output + ": the folder cannot be made");
-    }
     const auto keep = [&](const QImage& image, const QString& name) {
-        save(inFewColours(image), folder.filePath(name + QStringLiteral(".png")).toStdString());
+        save(inFewColours(image), folder.filePath(name + ".png").toStdString());
     };
-    keep(drawOverview(figure, 6, 0.75), QStringLiteral("overview"));
-    keep(drawMouths(figure), QStringLiteral("mouths"));
+    keep(drawOverview(figure, 6, 0.75), "overview");
+    keep(drawMouths(figure), "mouths");
     int number = 0;
     for (const narrator::Gesture& gesture : figure.rig().gestures) {
         // The number tells names apart where the case of letters does not count.
-        const QString place = QStringLiteral("%1-").arg(++number, 2, 10, QLatin1Char('0'));
+        const QString place = QString("%1-").arg(++number, 2, 10, QLatin1Char('0'));
         keep(drawGesture(figure, gesture, 7, 0.8), place + gesture.name);
     }
 }
@@ -127,15 +121,14 @@ int run(int argc, char** argv)
     sheetsCommand->add_option("--output", output, "The folder of the pictures")->required();
     CLI11_PARSE(app, argc, argv);
 
-    if (*joinCommand) {
+    if (*joinCommand)
         join(sources, output);
-    } else if (*checkCommand) {
+    else if (*checkCommand)
         load(character);
-    } else if (*sheetsCommand) {
+    else if (*sheetsCommand)
         drawSheets(character, output);
-    } else {
+    else
         draw(drawing);
-    }
     return 0;
 }
 

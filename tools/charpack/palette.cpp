@@ -40,9 +40,8 @@ Box boxOf(std::vector<Shade> shades)
         }
     }
     long pixels = 0;
-    for (const Shade& shade : box.shades) {
+    for (const Shade& shade : box.shades)
         pixels += shade.pixels;
-    }
     box.weight = pixels * widest;
     return box;
 }
@@ -52,14 +51,12 @@ std::pair<Box, Box> halves(Box box)
 {
     std::ranges::sort(box.shades, {}, [&](const Shade& shade) { return shade.channels.at(box.channel); });
     long all = 0;
-    for (const Shade& shade : box.shades) {
+    for (const Shade& shade : box.shades)
         all += shade.pixels;
-    }
     long below = 0;
     auto cut = box.shades.begin();
-    while (cut + 2 < box.shades.end() && 2 * (below + cut->pixels) < all) {
+    while (cut + 2 < box.shades.end() && 2 * (below + cut->pixels) < all)
         below += (cut++)->pixels;
-    }
     ++cut;
     return {boxOf({box.shades.begin(), cut}), boxOf({cut, box.shades.end()})};
 }
@@ -69,9 +66,8 @@ QRgb mean(const Box& box)
     std::array<long, 3> sum{};
     long pixels = 0;
     for (const Shade& shade : box.shades) {
-        for (std::size_t channel = 0; channel < 3; ++channel) {
+        for (std::size_t channel = 0; channel < 3; ++channel)
             sum.at(channel) += static_cast<long>(shade.channels.at(channel)) * shade.pixels;
-        }
         pixels += shade.pixels;
     }
     const auto of = [&](std::size_t channel) {
@@ -98,22 +94,19 @@ QImage inFewColours(const QImage& image)
     }
     std::vector<Shade> all;
     all.reserve(shades.size());
-    for (const auto& [key, shade] : shades) {
+    for (const auto& [key, shade] : shades)
         all.push_back(shade);
-    }
     std::vector<Box> boxes{boxOf(std::move(all))};
     while (boxes.size() < maxColours) {
         const auto heaviest = std::ranges::max_element(boxes, {}, &Box::weight);
-        if (heaviest->weight == 0) {
+        if (heaviest->weight == 0)
             break;
-        }
         auto [first, second] = halves(std::move(*heaviest));
         *heaviest = std::move(first);
         boxes.push_back(std::move(second));
     }
     QList<QRgb> palette;
-    for (const Box& box : boxes) {
+    for (const Box& box : boxes)
         palette.append(mean(box));
-    }
     return opaque.convertToFormat(QImage::Format_Indexed8, palette, Qt::ThresholdDither);
 }

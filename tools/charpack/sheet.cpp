@@ -105,8 +105,7 @@ QImage drawSheet(narrator::Figure& figure, int poses, double zoom)
 {
     const std::vector<narrator::Gesture>& gestures = figure.rig().gestures;
     Sheet sheet(figure.rig(), poses, static_cast<int>(gestures.size()), zoom);
-    for (std::size_t row = 0; row < gestures.size(); ++row) {
+    for (std::size_t row = 0; row < gestures.size(); ++row)
         drawRow(sheet, figure, gestures[row], poses, static_cast<int>(row));
-    }
     return sheet.image();
 }

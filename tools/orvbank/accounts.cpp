@@ -19,16 +19,11 @@ bool isBlank(QChar c)
 
 QString fault(const QString& what, const QString& text)
 {
-    if (text.isEmpty()) {
-        return QStringLiteral("the %1 is empty").arg(what);
-    }
-    if (length(text) > maxLength) {
-        return QStringLiteral("the %1 has %2 characters, at most %3 fit")
-            .arg(what)
-            .arg(length(text))
-            .arg(maxLength);
-    }
-    return strayCharacter(text) ? QStringLiteral("the %1 holds a control character").arg(what) : QString();
+    if (text.isEmpty())
+        return QString("the %1 is empty").arg(what);
+    if (length(text) > maxLength)
+        return QString("the %1 has %2 characters, at most %3 fit").arg(what).arg(length(text)).arg(maxLength);
+    return strayCharacter(text) ? QString("the %1 holds a control character").arg(what) : QString();
 }
 
 void requirePresence(Store& store, const std::string& name, bool wanted)
@@ -37,8 +32,7 @@ void requirePresence(Store& store, const std::string& name, bool wanted)
     const bool found = std::any_of(accounts.begin(), accounts.end(),
                                    [&](const Account& account) { return account.name == name; });
     if (found != wanted) {
-        throw Failure((found ? QStringLiteral("%1 has an account \"%2\" already")
-                             : QStringLiteral("%1 has no account \"%2\""))
+        throw Failure(QString(found ? "%1 has an account \"%2\" already" : "%1 has no account \"%2\"")
                           .arg(store.file(), QString::fromStdString(name)));
     }
 }
@@ -46,12 +40,10 @@ void requirePresence(Store& store, const std::string& name, bool wanted)
 std::string askedPassword()
 {
     const QString password = askHidden("New password: ");
-    if (const QString reason = passwordFault(password); !reason.isEmpty()) {
-        throw Failure(QStringLiteral("Nothing was changed: %1").arg(reason));
-    }
-    if (askHidden("The same again: ") != password) {
-        throw Failure(QStringLiteral("Nothing was changed: the two entries differ"));
-    }
+    if (const QString reason = passwordFault(password); !reason.isEmpty())
+        throw Failure(QString("Nothing was changed: %1").arg(reason));
+    if (askHidden("The same again: ") != password)
+        throw Failure("Nothing was changed: the two entries differ");
     return password.toStdString();
 }
 
@@ -59,16 +51,14 @@ std::string askedPassword()
 
 QString nameFault(const QString& name)
 {
-    const QString what = QStringLiteral("name");
-    return std::any_of(name.begin(), name.end(), isBlank) ? QStringLiteral("the name holds a blank")
-                                                          : fault(what, name);
+    const QString what = "name";
+    return std::any_of(name.begin(), name.end(), isBlank) ? "the name holds a blank" : fault(what, name);
 }
 
 QString passwordFault(const QString& password)
 {
     const bool blankEnd = !password.isEmpty() && (isBlank(password.front()) || isBlank(password.back()));
-    return blankEnd ? QStringLiteral("the password has a blank at an end")
-                    : fault(QStringLiteral("password"), password);
+    return blankEnd ? "the password has a blank at an end" : fault("password", password);
 }
 
 void changeAccount(Store& store, AccountChange change, const std::string& name, bool generate,
@@ -76,22 +66,19 @@ void changeAccount(Store& store, AccountChange change, const std::string& name, 
 {
     const bool adds = change == AccountChange::Add;
     const QString unfit = adds ? nameFault(QString::fromStdString(name)) : QString();
-    if (!unfit.isEmpty()) {
-        throw Failure(QStringLiteral("No account was added: %1").arg(unfit));
-    }
+    if (!unfit.isEmpty())
+        throw Failure(QString("No account was added: %1").arg(unfit));
     requirePresence(store, name, !adds);
     const Account account{name, generate ? newPassword() : askedPassword()};
     store.changing([&] {
         requirePresence(store, name, !adds);
         adds ? store.addAccount(account) : store.setPassword(account);
-        if (generate) {
+        if (generate)
             out << "The password of \"" << name << "\" is \"" << account.password
                 << "\". It is not shown again: note it down now.\n"
                 << std::flush;
-        }
-        if (!out) {
-            throw Failure(QStringLiteral("Nothing was changed: the password could not be shown"));
-        }
+        if (!out)
+            throw Failure("Nothing was changed: the password could not be shown");
     });
     out << (adds ? "The account was added.\n" : "The password was set.\n") << std::flush;
 }

@@ -35,19 +35,17 @@ bool hasFourInOrder(const Block& block)
 void finish(const Block& block, const Line& last, Intake& intake)
 {
     if (block.text.empty() || !hasFourInOrder(block) || block.excess > 0) {
-        intake.complaints.add(
-            block.text.empty() ? last.place : block.text.front().place,
-            QStringLiteral("a question must be its text, four lines \"A. \" to \"D. \" and a "
-                           "line \"ANSWER: \""));
+        intake.complaints.add(block.text.empty() ? last.place : block.text.front().place,
+                              "a question must be its text, four lines \"A. \" to \"D. \" and a "
+                              "line \"ANSWER: \"");
         return;
     }
     Question question;
     question.place = block.text.front().place;
     question.text = joined(block.text);
     question.right = aiken::answerIn(last.text)->trimmed().toString();
-    for (std::size_t i = 0; i < block.options.size(); ++i) {
+    for (std::size_t i = 0; i < block.options.size(); ++i)
         question.options.at(i) = block.options.at(i).second.text;
-    }
     const Place text = question.place;
     intake.accept(std::move(question), [&](Field field) {
         const auto option = static_cast<std::size_t>(field) - static_cast<std::size_t>(Field::A);
@@ -87,30 +85,27 @@ std::optional<QStringView> answerIn(QStringView line)
 void readAiken(const std::filesystem::path& file, Intake& intake)
 {
     if (intake.level().isEmpty()) {
-        intake.complaints.add({nameOf(file)}, QStringLiteral("Aiken holds no levels; --level gives one"));
+        intake.complaints.add({nameOf(file)}, "Aiken holds no levels; --level gives one");
         return;
     }
     Block block;
     Line last;
     for (const Line& line : readLines(file, intake.complaints)) {
-        if (line.text.isEmpty()) {
+        if (line.text.isEmpty())
             continue;
-        }
         last = line;
         const qsizetype marker = aiken::markerIn(line.text);
-        if (aiken::answerIn(line.text)) {
+        if (aiken::answerIn(line.text))
             finish(std::exchange(block, {}), line, intake);
-        } else if (marker > 0 && !block.text.empty()) {
+        else if (marker > 0 && !block.text.empty())
             addOption(block, line, marker);
-        } else if (block.options.empty()) {
+        else if (block.options.empty())
             block.text.push_back(line);
-        } else {
+        else
             ++block.excess;
-        }
     }
-    if (!block.text.empty()) {
-        intake.complaints.add(last.place, QStringLiteral("the last question has no line \"ANSWER: \""));
-    }
+    if (!block.text.empty())
+        intake.complaints.add(last.place, "the last question has no line \"ANSWER: \"");
 }
 
 } // namespace bank

@@ -26,9 +26,8 @@ void copy(SQLite::Database& source, SQLite::Database& target, Progress& progress
     progress.begin("Copying page");
     while (result != SQLITE_DONE) {
         result = backup.executeStep(pagesPerStep);
-        if (result == SQLITE_BUSY || result == SQLITE_LOCKED) {
+        if (result == SQLITE_BUSY || result == SQLITE_LOCKED)
             throw SQLite::Exception("database is locked", result);
-        }
         progress.step(pagesPerStep);
     }
 }
@@ -37,7 +36,7 @@ void requireSound(SQLite::Database& copy, const std::filesystem::path& target)
 {
     const std::string found = copy.execAndGet("pragma integrity_check(1)").getString();
     if (found != "ok") {
-        throw Failure(QStringLiteral("%1 was not written, the copy would be damaged: %2")
+        throw Failure(QString("%1 was not written, the copy would be damaged: %2")
                           .arg(nameOf(target), QString::fromStdString(found)));
     }
 }

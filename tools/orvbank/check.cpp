@@ -16,9 +16,8 @@ bool hasTable(Store& store, const char* table, Complaints& complaints)
         return true;
     } catch (const db::Failure& failure) {
         using Cause = db::Failure::Cause;
-        if (failure.cause() != Cause::NoTable && failure.cause() != Cause::NoField) {
+        if (failure.cause() != Cause::NoTable && failure.cause() != Cause::NoField)
             throw;
-        }
         complaints.add({store.file()}, failure.message());
         return false;
     }
@@ -28,9 +27,8 @@ void checkAccounts(Store& store, Complaints& complaints)
 {
     const auto accounts = store.accounts();
     if (accounts.empty()) {
-        complaints.warn({store.file()},
-                        QStringLiteral("nobody can log in to the administration console, there is no "
-                                       "account; \"orvbank admin\" adds one"));
+        complaints.warn({store.file()}, "nobody can log in to the administration console, there is no "
+                                        "account; \"orvbank admin\" adds one");
     }
     for (const Account& account : accounts) {
         const QString name = QString::fromStdString(account.name);
@@ -38,7 +36,7 @@ void checkAccounts(Store& store, Complaints& complaints)
              {nameFault(name), passwordFault(QString::fromStdString(account.password))}) {
             if (!reason.isEmpty()) {
                 complaints.warn({store.file()},
-                                QStringLiteral("the account \"%1\" cannot log in: %2").arg(name, reason));
+                                QString("the account \"%1\" cannot log in: %2").arg(name, reason));
             }
         }
     }
@@ -52,19 +50,15 @@ Complaints checkStore(Store& store, Progress& progress)
     Bank bank;
     const Place whole{store.file()};
     store.checkIntegrity();
-    if (hasTable(store, "users", complaints)) {
+    if (hasTable(store, "users", complaints))
         checkAccounts(store, complaints);
-    }
     const bool hasPrompts = hasTable(store, "locking", complaints);
-    if (hasPrompts) {
+    if (hasPrompts)
         bank.prompts = store.prompts();
-    }
-    for (const Prompt& prompt : bank.prompts) {
+    for (const Prompt& prompt : bank.prompts)
         checkPrompt(prompt, complaints);
-    }
-    if (!hasTable(store, "questions", complaints)) {
+    if (!hasTable(store, "questions", complaints))
         return complaints;
-    }
     bank.questions = store.questions(progress);
     progress.begin("Checking question", static_cast<long long>(bank.questions.size()));
     for (const Question& question : bank.questions) {
@@ -73,9 +67,8 @@ Complaints checkStore(Store& store, Progress& progress)
         progress.step();
     }
     checkEnough(bank, whole, complaints);
-    if (hasPrompts) {
+    if (hasPrompts)
         checkPrompts(bank, whole, complaints);
-    }
     checkMix(bank, whole, complaints, progress);
     return complaints;
 }

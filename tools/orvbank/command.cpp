@@ -43,9 +43,8 @@ struct Command
     void tell(const QStringList& lines, std::ostream& where)
     {
         progress.clear();
-        for (const QString& line : lines) {
+        for (const QString& line : lines)
             where << line.toStdString() << '\n';
-        }
     }
 };
 
@@ -59,9 +58,8 @@ void create(Command& command)
     Intake intake(Texts::Reviewed, {}, command.progress);
     readFolder(command.other, intake);
     checkRepeats(intake.bank, intake.complaints);
-    if (intake.complaints.empty()) {
+    if (intake.complaints.empty())
         checkEnough(intake.bank, {nameOf(command.other)}, intake.complaints);
-    }
     intake.complaints.throwIfAny();
     checkPrompts(intake.bank, {nameOf(command.other)}, intake.complaints);
     command.tell(intake.complaints.warnings(), command.err);
@@ -79,7 +77,7 @@ void create(Command& command)
     if (!command.out) {
         std::error_code ignored;
         std::filesystem::remove(command.file, ignored);
-        throw Failure(QStringLiteral("%1 was removed again: its password could not be shown")
+        throw Failure(QString("%1 was removed again: its password could not be shown")
                           .arg(QString::fromStdString(command.file)));
     }
 }
@@ -103,9 +101,8 @@ Complaints checkSource(Command& command)
 
 void check(Command& command)
 {
-    if (command.file.empty() && command.other.empty()) {
+    if (command.file.empty() && command.other.empty())
         throw CLI::RequiredError("FILE or --from");
-    }
     Complaints found;
     if (command.file.empty()) {
         found = checkSource(command);
@@ -117,10 +114,10 @@ void check(Command& command)
     command.tell(found.warnings(), command.out);
     const QString subject = QString::fromStdString(command.file.empty() ? command.other : command.file);
     if (found.empty()) {
-        command.tell({subject + QStringLiteral(": no faults")}, command.out);
+        command.tell({subject + ": no faults"}, command.out);
     } else {
         const auto count = found.lines().size();
-        command.tell({subject + QStringLiteral(": %1 %2").arg(count).arg(count == 1 ? "fault" : "faults")},
+        command.tell({subject + QString(": %1 %2").arg(count).arg(count == 1 ? "fault" : "faults")},
                      command.out);
         command.exitCode = Faulty;
     }
@@ -132,14 +129,11 @@ void importSource(Command& command)
     command.progress.begin("Reading question");
     readSource(command.other, command.format, intake);
     command.tell(intake.complaints.warnings(), command.err);
-    if (intake.complaints.empty() && intake.bank.questions.empty()) {
-        intake.complaints.add({nameOf(command.other)}, QStringLiteral("there are no questions in it"));
-    }
+    if (intake.complaints.empty() && intake.bank.questions.empty())
+        intake.complaints.add({nameOf(command.other)}, "there are no questions in it");
     const auto lacksLevel = [](const Question& question) { return question.level.isEmpty(); };
-    if (std::ranges::any_of(intake.bank.questions, lacksLevel)) {
-        intake.complaints.add({nameOf(command.other)},
-                              QStringLiteral("--level gives a level to questions without"));
-    }
+    if (std::ranges::any_of(intake.bank.questions, lacksLevel))
+        intake.complaints.add({nameOf(command.other)}, "--level gives a level to questions without");
     intake.complaints.throwIfAny();
     Store store(command.file);
     const std::size_t prompts = importQuestions(store, intake, command.import, command.progress);
@@ -156,9 +150,8 @@ void exportBank(Command& command)
     Store store(command.file);
     store.require("questions");
     std::vector<Question> questions = store.questions(command.progress);
-    if (!command.level.empty()) {
+    if (!command.level.empty())
         std::erase_if(questions, [&](const Question& q) { return q.level.toStdString() != command.level; });
-    }
     const Exported written = exportQuestions(std::move(questions), command.other, format);
     command.tell(written.warnings, command.err);
     command.out << counted(written.questions, "question") << " went into " << command.other << ".\n";
@@ -189,9 +182,8 @@ void listAccounts(Command& command)
 {
     Store store(command.file);
     store.require("users");
-    for (const Account& account : store.accounts()) {
+    for (const Account& account : store.accounts())
         command.out << account.name << '\n';
-    }
 }
 
 void backup(Command& command)

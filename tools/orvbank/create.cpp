@@ -35,9 +35,8 @@ CREATE TABLE locking (message TEXT);
 void fill(SQLite::Database& database, const Bank& bank, const Account& account)
 {
     Insertion questions(SQLite::Statement(database, sql::insertQuestion));
-    for (const Question& question : bank.questions) {
+    for (const Question& question : bank.questions)
         questions.add(question);
-    }
     SQLite::Statement prompts(database, sql::insertPrompt);
     for (const Prompt& prompt : bank.prompts) {
         SQLite::bind(prompts, prompt.message.toStdString());
@@ -61,7 +60,7 @@ void createDatabase(const std::filesystem::path& file, const Bank& bank, const A
         fill(database, bank, account);
         transaction.commit();
     } catch (const SQLite::Exception& error) {
-        throw Failure(QStringLiteral("%1 cannot be written: %2")
+        throw Failure(QString("%1 cannot be written: %2")
                           .arg(QString::fromStdString(file.string()), QString::fromUtf8(error.what())));
     }
     newFile.publish();

@@ -14,17 +14,15 @@ CsvRecords::CsvRecords(const QString& content, QChar separator, QString file)
 bool CsvRecords::next(std::vector<Cell>& record, Complaints& complaints)
 {
     record.clear();
-    if (at_ >= content_.size()) {
+    if (at_ >= content_.size())
         return false;
-    }
     record.push_back(cell(complaints));
     while (at_ < content_.size() && content_[at_] == separator_) {
         ++at_;
         record.push_back(cell(complaints));
     }
-    if (at_ < content_.size()) {
+    if (at_ < content_.size())
         endLine();
-    }
     return true;
 }
 
@@ -51,9 +49,8 @@ QString CsvRecords::quoted(const Cell& cell, Complaints& complaints)
             ++at_;
             if (at_ == content_.size() || content_[at_] != u'"') {
                 if (!atCellEnd()) {
-                    complaints.add(placeOf(cell),
-                                   QStringLiteral("the text goes on behind its closing quotation mark; a "
-                                                  "quotation mark inside a text must be doubled"));
+                    complaints.add(placeOf(cell), "the text goes on behind its closing quotation mark; a "
+                                                  "quotation mark inside a text must be doubled");
                     text += unquoted();
                 }
                 return text;
@@ -64,16 +61,15 @@ QString CsvRecords::quoted(const Cell& cell, Complaints& complaints)
         }
         text += c;
     }
-    complaints.add(placeOf(cell), QStringLiteral("the quotation mark that opens here is never closed"));
+    complaints.add(placeOf(cell), "the quotation mark that opens here is never closed");
     return text;
 }
 
 QStringView CsvRecords::unquoted()
 {
     const qsizetype start = at_;
-    while (!atCellEnd()) {
+    while (!atCellEnd())
         ++at_;
-    }
     return QStringView(content_).mid(start, at_ - start);
 }
 

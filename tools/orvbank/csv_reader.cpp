@@ -39,7 +39,7 @@ int columnOf(const QString& name)
 {
     const auto* const found =
         std::find_if(std::begin(columnNames), std::end(columnNames), [&](const Name& known) {
-            return name.compare(QLatin1String(known.name), Qt::CaseInsensitive) == 0;
+            return name.compare(QString(known.name), Qt::CaseInsensitive) == 0;
         });
     return found == std::end(columnNames) ? unused : found->column;
 }
@@ -49,7 +49,7 @@ std::vector<int> columnsOf(const std::vector<Cell>& header)
 {
     // In a table that was taken out of a database as it is, a to d are the tallies.
     const bool fromDatabase = std::any_of(header.begin(), header.end(), [](const Cell& cell) {
-        return cell.text.compare(QLatin1String("answer1"), Qt::CaseInsensitive) == 0;
+        return cell.text.compare("answer1", Qt::CaseInsensitive) == 0;
     });
     std::vector<int> columns;
     for (const Cell& cell : header) {
@@ -86,15 +86,13 @@ public:
     void read()
     {
         std::vector<Cell> cells;
-        if (!records_.next(header_, intake_.complaints) || !readHeader()) {
+        if (!records_.next(header_, intake_.complaints) || !readHeader())
             return;
-        }
         while (records_.next(cells, intake_.complaints)) {
             const bool blank =
                 std::all_of(cells.begin(), cells.end(), [](const Cell& cell) { return cell.text.isEmpty(); });
-            if (!blank && hasAllCells(cells)) {
+            if (!blank && hasAllCells(cells))
                 readQuestion(cells);
-            }
         }
     }
 
@@ -108,30 +106,26 @@ private:
             const Place place = records_.placeOf(header_[i]);
             if (columns_[i] == unused) {
                 if (!header_[i].text.isEmpty()) {
-                    intake_.complaints.warn(
-                        place, QStringLiteral("the column \"%1\" is not used").arg(header_[i].text));
+                    intake_.complaints.warn(place,
+                                            QString("the column \"%1\" is not used").arg(header_[i].text));
                 }
             } else if (++seen[columns_[i]] > 1) {
-                intake_.complaints.add(
-                    place, QStringLiteral("there is a second column \"%1\"").arg(header_[i].text));
+                intake_.complaints.add(place,
+                                       QString("there is a second column \"%1\"").arg(header_[i].text));
             }
         }
         QStringList missing;
-        for (const Field field : {Field::Question, Field::A, Field::B, Field::C, Field::D}) {
-            if (!seen.contains(number(field))) {
+        for (const Field field : {Field::Question, Field::A, Field::B, Field::C, Field::D})
+            if (!seen.contains(number(field)))
                 missing << nameOf(field);
-            }
-        }
-        if (!seen.contains(number(Field::Right)) && !seen.contains(key)) {
-            missing << QStringLiteral("right");
-        }
-        if (!seen.contains(number(Field::Level)) && intake_.level().isEmpty()) {
-            missing << QStringLiteral("level (or give --level)");
-        }
+        if (!seen.contains(number(Field::Right)) && !seen.contains(key))
+            missing << "right";
+        if (!seen.contains(number(Field::Level)) && intake_.level().isEmpty())
+            missing << "level (or give --level)";
         if (!missing.empty()) {
-            intake_.complaints.add({file_, 1},
-                                   QStringLiteral("the first row must name the columns; missing: %1")
-                                       .arg(missing.join(QStringLiteral(", "))));
+            intake_.complaints.add(
+                {file_, 1},
+                QString("the first row must name the columns; missing: %1").arg(missing.join(", ")));
         }
         return intake_.complaints.empty();
     }
@@ -145,9 +139,8 @@ private:
         if (!fits) {
             intake_.complaints.add(
                 records_.placeOf(cells.front()),
-                QStringLiteral(
-                    "the row has %1 cells, the first row has %2; a text with a separator in it must "
-                    "stand in quotation marks")
+                QString("the row has %1 cells, the first row has %2; a text with a separator in it must "
+                        "stand in quotation marks")
                     .arg(cells.size())
                     .arg(columns_.size()));
         }
@@ -160,7 +153,7 @@ private:
         const qint64 value = cell.text.isEmpty() ? 1 : cell.text.toLongLong(&isNumber);
         if (!isNumber || value < 0) {
             intake_.complaints.add(records_.placeOf(cell),
-                                   QStringLiteral("the tally \"%1\" is no whole number").arg(cell.text));
+                                   QString("the tally \"%1\" is no whole number").arg(cell.text));
         } else {
             tally = value;
         }
@@ -172,26 +165,23 @@ private:
         question.place = {file_, cells.front().line};
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             const int column = columns_[i];
-            if (column >= firstTally) {
+            if (column >= firstTally)
                 readTally(cells[i], question.tallies.at(static_cast<std::size_t>(column - firstTally)));
-            } else if (column == key) {
+            else if (column == key)
                 question.key = cells[i].text;
-            } else if (column != unused) {
+            else if (column != unused)
                 question.at(static_cast<Field>(column)) = cells[i].text;
-            }
         }
-        if (question.right.isEmpty() && !question.key.isEmpty()) {
+        if (question.right.isEmpty() && !question.key.isEmpty())
             question.findRight();
-        }
         intake_.accept(std::move(question), [&](Field field) { return placeOf(field, cells); });
     }
 
     [[nodiscard]] Place placeOf(Field field, const std::vector<Cell>& cells) const
     {
         auto found = std::find(columns_.begin(), columns_.end(), number(field));
-        if (found == columns_.end() && field == Field::Right) {
+        if (found == columns_.end() && field == Field::Right)
             found = std::find(columns_.begin(), columns_.end(), key);
-        }
         const auto index = static_cast<std::size_t>(found - columns_.begin());
         return records_.placeOf(cells.at(index < columns_.size() ? index : 0));
     }
@@ -209,7 +199,7 @@ void readCsv(const std::filesystem::path& file, Intake& intake)
 {
     const QString content = readText(file, intake.complaints);
     if (content.trimmed().isEmpty()) {
-        intake.complaints.add({nameOf(file)}, QStringLiteral("the file is empty"));
+        intake.complaints.add({nameOf(file)}, "the file is empty");
         return;
     }
     CsvSource(content, nameOf(file), intake).read();

@@ -21,7 +21,7 @@ void requireSound(const std::vector<Question>& questions)
     }
     if (!complaints.empty()) {
         throw Failure(complaints.lines().join(u'\n') +
-                      QStringLiteral("\nNothing was exported: only CSV holds questions with such faults"));
+                      "\nNothing was exported: only CSV holds questions with such faults");
     }
 }
 
@@ -30,11 +30,9 @@ void removeMisleading(std::vector<Question>& questions, Complaints& complaints)
 {
     std::erase_if(questions, [&](const Question& question) {
         const bool holds = writers::aikenHolds(question);
-        if (!holds) {
-            complaints.warn(question.place,
-                            QStringLiteral("is left out, Aiken would take its text for an option or "
-                                           "an answer"));
-        }
+        if (!holds)
+            complaints.warn(question.place, "is left out, Aiken would take its text for an option or "
+                                            "an answer");
         return !holds;
     });
 }
@@ -42,9 +40,8 @@ void removeMisleading(std::vector<Question>& questions, Complaints& complaints)
 void requireOneLevel(const std::vector<Question>& questions)
 {
     const auto differs = [&](const Question& question) { return question.level != questions.front().level; };
-    if (std::any_of(questions.begin(), questions.end(), differs)) {
-        throw Failure(QStringLiteral("Aiken holds no levels: export one at a time with --level"));
-    }
+    if (std::any_of(questions.begin(), questions.end(), differs))
+        throw Failure("Aiken holds no levels: export one at a time with --level");
 }
 
 void warnOfLosses(const std::vector<Question>& questions, const Place& target, Format format,
@@ -55,21 +52,17 @@ void warnOfLosses(const std::vector<Question>& questions, const Place& target, F
             if (question.right.isEmpty()) {
                 complaints.warn(
                     question.place,
-                    QStringLiteral("\"right\" is left empty, the right answer \"%1\" is none of the options")
+                    QString("\"right\" is left empty, the right answer \"%1\" is none of the options")
                         .arg(question.key));
             }
         }
         return;
     }
     const auto isPlayed = [](const Question& question) { return question.tallies != Question().tallies; };
-    if (std::any_of(questions.begin(), questions.end(), isPlayed)) {
-        complaints.warn(target,
-                        QStringLiteral("how often the options were chosen is left out, only CSV holds it"));
-    }
-    if (format == Format::Aiken) {
-        complaints.warn(target,
-                        QStringLiteral("the level is left out, Aiken does not hold it; import with --level"));
-    }
+    if (std::any_of(questions.begin(), questions.end(), isPlayed))
+        complaints.warn(target, "how often the options were chosen is left out, only CSV holds it");
+    if (format == Format::Aiken)
+        complaints.warn(target, "the level is left out, Aiken does not hold it; import with --level");
 }
 
 QByteArray contentOf(const std::vector<Question>& questions, Format format)
@@ -93,9 +86,8 @@ Exported exportQuestions(std::vector<Question> questions, const std::filesystem:
 {
     Complaints complaints;
     NewFile newFile(target);
-    if (format != Format::Csv) {
+    if (format != Format::Csv)
         requireSound(questions);
-    }
     if (format == Format::Aiken) {
         requireOneLevel(questions);
         removeMisleading(questions, complaints);
@@ -103,9 +95,8 @@ Exported exportQuestions(std::vector<Question> questions, const std::filesystem:
     warnOfLosses(questions, {nameOf(target)}, format, complaints);
     QFile file(newFile.temporary());
     const QByteArray content = contentOf(questions, format);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush()) {
-        throw Failure(QStringLiteral("%1 cannot be written: %2").arg(nameOf(target), file.errorString()));
-    }
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
+        throw Failure(QString("%1 cannot be written: %2").arg(nameOf(target), file.errorString()));
     file.close();
     newFile.publish();
     return {questions.size(), complaints.warnings()};

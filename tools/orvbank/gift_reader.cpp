@@ -47,22 +47,19 @@ public:
     /// The text from one offset to another without the blanks around it.
     [[nodiscard]] Piece piece(qsizetype from, qsizetype to) const
     {
-        while (from < to && text_[from].isSpace()) {
+        while (from < to && text_[from].isSpace())
             ++from;
-        }
         return {text_.mid(from, to - from).trimmed(), placeOf(from)};
     }
 
     /// The first of `characters` from `from` on that no backslash takes its meaning.
     [[nodiscard]] qsizetype find(QStringView characters, qsizetype from) const
     {
-        for (qsizetype at = from; at < text_.size(); ++at) {
-            if (text_[at] == u'\\') {
+        for (qsizetype at = from; at < text_.size(); ++at)
+            if (text_[at] == u'\\')
                 ++at;
-            } else if (characters.contains(text_[at])) {
+            else if (characters.contains(text_[at]))
                 return at;
-            }
-        }
         return -1;
     }
 
@@ -105,16 +102,14 @@ public:
     {
         Block block;
         for (const Line& line : readLines(file, intake_.complaints)) {
-            if (line.text.startsWith(QLatin1String("//"))) {
+            if (line.text.startsWith("//"))
                 continue;
-            }
-            if (block.empty() && line.text.startsWith(QLatin1String("$CATEGORY:"))) {
+            if (block.empty() && line.text.startsWith("$CATEGORY:"))
                 readCategory(line.text);
-            } else if (!line.text.isEmpty()) {
+            else if (!line.text.isEmpty())
                 block.add(line);
-            } else {
+            else
                 readBlock(std::exchange(block, {}));
-            }
         }
         readBlock(block);
     }
@@ -122,28 +117,26 @@ public:
 private:
     void readCategory(const QString& line)
     {
-        static const QRegularExpression ending(QStringLiteral("level\\s*([^\\s/]+)$"),
+        static const QRegularExpression ending("level\\s*([^\\s/]+)$",
                                                QRegularExpression::CaseInsensitiveOption);
         level_ = ending.match(line).captured(1);
     }
 
     void readBlock(const Block& block)
     {
-        if (block.empty()) {
+        if (block.empty())
             return;
-        }
         const qsizetype open = block.find(u"{", 0);
         const qsizetype close = open < 0 ? -1 : block.find(u"}", open);
         if (close < 0) {
             intake_.complaints.add(block.placeOf(std::max<qsizetype>(open, 0)),
-                                   open < 0 ? QStringLiteral("there are no answers in braces")
-                                            : QStringLiteral("the brace that opens here is never closed"));
+                                   open < 0 ? "there are no answers in braces"
+                                            : "the brace that opens here is never closed");
             return;
         }
         const auto answers = answersOf(block, open + 1, close);
-        if (!answers || !fits(block, open, *answers)) {
+        if (!answers || !fits(block, open, *answers))
             return;
-        }
         const Piece text = questionOf(block, open, close);
         Question question;
         question.place = block.placeOf(0);
@@ -151,9 +144,8 @@ private:
         question.text = text.text;
         for (std::size_t i = 0; i < answers->size(); ++i) {
             question.options.at(i) = plain(answers->at(i).piece.text);
-            if (answers->at(i).right) {
+            if (answers->at(i).right)
                 question.right = nameOf(optionFields.at(i));
-            }
         }
         intake_.accept(question, [&](Field field) {
             const auto option = static_cast<std::size_t>(field) - static_cast<std::size_t>(Field::A);
@@ -164,18 +156,17 @@ private:
     /// The question without its title and the name of its markup. A gap in the middle becomes a line.
     static Piece questionOf(const Block& block, qsizetype open, qsizetype close)
     {
-        static const QRegularExpression markup(QStringLiteral("^\\[(html|moodle|plain|markdown)\\]\\s*"));
+        static const QRegularExpression markup("^\\[(html|moodle|plain|markdown)\\]\\s*");
         qsizetype start = 0;
-        if (block.text().startsWith(QLatin1String("::"))) {
-            const qsizetype end = block.text().indexOf(QLatin1String("::"), 2);
+        if (block.text().startsWith("::")) {
+            const qsizetype end = block.text().indexOf("::", 2);
             start = end < 0 || end > open ? 0 : end + 2;
         }
         Piece piece = block.piece(start, open);
         piece.text = plain(piece.text.remove(markup));
         const QString rest = plain(block.piece(close + 1, block.text().size()).text);
-        if (!rest.isEmpty()) {
-            piece.text += QStringLiteral(" ____ ") + rest;
-        }
+        if (!rest.isEmpty())
+            piece.text += " ____ " + rest;
         return piece;
     }
 
@@ -189,11 +180,10 @@ private:
             qsizetype feedback = block.find(u"#", at + 1);
             feedback = feedback < 0 || feedback > next ? next : feedback;
             answers.push_back({block.text()[at] == u'=', block.piece(at + 1, feedback)});
-            static const QRegularExpression weight(QStringLiteral("^%-?[0-9.]+%"));
+            static const QRegularExpression weight("^%-?[0-9.]+%");
             if (weight.match(answers.back().piece.text).hasMatch()) {
-                intake_.complaints.add(
-                    answers.back().piece.place,
-                    QStringLiteral("an option is right or wrong, a bank holds no weights"));
+                intake_.complaints.add(answers.back().piece.place,
+                                       "an option is right or wrong, a bank holds no weights");
                 return std::nullopt;
             }
             at = next < to ? next : -1;
@@ -205,15 +195,13 @@ private:
     {
         const auto right =
             std::count_if(answers.begin(), answers.end(), [](const Answer& a) { return a.right; });
-        if (answers.size() == optionFields.size() && right == 1) {
+        if (answers.size() == optionFields.size() && right == 1)
             return true;
-        }
-        intake_.complaints.add(
-            block.placeOf(open),
-            QStringLiteral("%1 options of which %2 are right; a bank holds only questions with "
-                           "four options of which one is right")
-                .arg(answers.size())
-                .arg(right));
+        intake_.complaints.add(block.placeOf(open),
+                               QString("%1 options of which %2 are right; a bank holds only questions with "
+                                       "four options of which one is right")
+                                   .arg(answers.size())
+                                   .arg(right));
         return false;
     }
 

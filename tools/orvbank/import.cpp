@@ -17,13 +17,12 @@ struct DryRun
 void complainOfKnown(const std::vector<Question>& known, Intake& intake)
 {
     QHash<QString, const Question*> texts;
-    for (const Question& question : known) {
+    for (const Question& question : known)
         texts.insert(folded(question.text), &question);
-    }
     for (const Question& question : intake.bank.questions) {
         if (const auto* const same = texts.value(folded(question.text))) {
             intake.complaints.add(question.place,
-                                  QStringLiteral("the same question stands in %1").arg(same->place.text()));
+                                  QString("the same question stands in %1").arg(same->place.text()));
         }
     }
 }
@@ -44,9 +43,8 @@ std::size_t write(Store& store, Intake& intake, const ImportOptions& options, Pr
     const Bank& bank = intake.bank;
     if (options.replace) {
         store.removeQuestions();
-        if (!bank.prompts.empty()) {
+        if (!bank.prompts.empty())
             store.removePrompts();
-        }
     } else {
         complainOfKnown(store.questions(progress), intake);
         intake.complaints.throwIfAny();
@@ -63,16 +61,14 @@ std::size_t importQuestions(Store& store, Intake& intake, const ImportOptions& o
 {
     checkRepeats(intake.bank, intake.complaints);
     intake.complaints.throwIfAny();
-    for (const char* table : tables) {
+    for (const char* table : tables)
         store.require(table);
-    }
     std::size_t prompts = 0;
     try {
         store.changing([&] {
             prompts = write(store, intake, options, progress);
-            if (options.dryRun) {
+            if (options.dryRun)
                 throw DryRun();
-            }
         });
     } catch (const DryRun&) {
         return prompts;

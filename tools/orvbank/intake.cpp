@@ -11,9 +11,8 @@ Intake::Intake(Texts demanded, QString level, Progress& progress)
 
 void Intake::accept(Question question, const std::function<Place(Field)>& placeOf)
 {
-    if (question.level.isEmpty()) {
+    if (question.level.isEmpty())
         question.level = level_;
-    }
     checkQuestion(question, demanded_, placeOf, complaints);
     bank.questions.push_back(std::move(question));
     progress_.step();

@@ -13,12 +13,10 @@ QByteArray contentOf(const std::filesystem::path& path)
     QFile file(path);
     const bool opened = file.open(QIODevice::ReadOnly);
     QByteArray content = opened ? file.readAll() : QByteArray();
-    if (!opened || file.error() != QFileDevice::NoError) {
-        throw Failure(QStringLiteral("%1 cannot be read: %2").arg(nameOf(path), file.errorString()));
-    }
-    if (content.startsWith("\xEF\xBB\xBF")) {
+    if (!opened || file.error() != QFileDevice::NoError)
+        throw Failure(QString("%1 cannot be read: %2").arg(nameOf(path), file.errorString()));
+    if (content.startsWith("\xEF\xBB\xBF"))
         content.remove(0, 3);
-    }
     return content;
 }
 
@@ -40,15 +38,13 @@ QString nameOf(const std::filesystem::path& file)
 QString readText(const std::filesystem::path& file, Complaints& complaints)
 {
     const QByteArray content = contentOf(file);
-    if (auto text = decoded(content)) {
+    if (auto text = decoded(content))
         return *std::move(text);
-    }
     Place place{nameOf(file)};
     for (const QByteArray& line : content.split('\n')) {
         ++place.line;
-        if (!decoded(line)) {
-            complaints.add(place, QStringLiteral("the line is not valid UTF-8; save the file as UTF-8"));
-        }
+        if (!decoded(line))
+            complaints.add(place, "the line is not valid UTF-8; save the file as UTF-8");
     }
     return QString::fromUtf8(content);
 }

@@ -60,9 +60,8 @@ Sketch sketchOf(const Question& question)
         sketch.numbers += isNumeric(word) ? hash : 0;
     }
     std::sort(sketch.sorted.begin(), sketch.sorted.end());
-    for (const QString& option : question.options) {
+    for (const QString& option : question.options)
         sketch.options += hashOf(folded(option), 2);
-    }
     sketch.right = question.rightIndex() < 0 ? 0 : hashOf(folded(question.rightOption()), 3);
     sketch.same = folded(question.text);
     return sketch;
@@ -124,9 +123,8 @@ private:
     static void addWithoutOneWord(const Sketch& sketch, const Add& add)
     {
         add(mixed(sketch.sum) ^ sketch.right, {});
-        for (const QString& word : sketch.words) {
+        for (const QString& word : sketch.words)
             add(mixed(sketch.sum - hashOf(word, 1)) ^ sketch.right, word);
-        }
     }
 
     [[nodiscard]] const Sketch& sketch(const Entry& entry) const
@@ -140,18 +138,15 @@ private:
         std::vector<Entry> entries;
         for (int i = 0; i < static_cast<int>(sketches_.size()); ++i) {
             const Sketch& s = sketches_[static_cast<std::size_t>(i)];
-            if (!s.words.empty() && s.right != 0) {
+            if (!s.words.empty() && s.right != 0)
                 keysOf(s, [&](Hash key, const QString& word) { entries.push_back({key, i, word}); });
-            }
         }
         std::sort(entries.begin(), entries.end());
         for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
             const auto end = entries.end() - entry > window ? entry + window + 1 : entries.end();
-            for (auto other = entry + 1; other != end && other->key == entry->key; ++other) {
-                if (entry->question != other->question && isNear(*entry, *other)) {
+            for (auto other = entry + 1; other != end && other->key == entry->key; ++other)
+                if (entry->question != other->question && isNear(*entry, *other))
                     note(entry->question, other->question);
-                }
-            }
         }
         progress_.step(static_cast<long long>(sketches_.size()));
     }
@@ -161,9 +156,8 @@ private:
         int& twin = twins_[static_cast<std::size_t>(std::max(a, b))];
         const bool equal =
             sketches_[static_cast<std::size_t>(a)].same == sketches_[static_cast<std::size_t>(b)].same;
-        if (twin < 0 && !equal) {
+        if (twin < 0 && !equal)
             twin = std::min(a, b);
-        }
     }
 
     [[nodiscard]] bool differInOneWord(const Entry& a, const Entry& b) const
@@ -179,9 +173,8 @@ private:
     {
         const auto& x = sketch(a).sorted;
         const auto& y = sketch(b).sorted;
-        if (sketch(a).numbers != sketch(b).numbers || sketch(a).right != sketch(b).right) {
+        if (sketch(a).numbers != sketch(b).numbers || sketch(a).right != sketch(b).right)
             return false;
-        }
         std::size_t common = 0;
         for (auto p = x.begin(), q = y.begin(); p != x.end() && q != y.end();) {
             if (*p == *q) {
@@ -211,7 +204,7 @@ void checkNearRepeats(const Bank& bank, Complaints& complaints, Progress& progre
         if (twins[i] >= 0) {
             const Question& earlier = bank.questions[static_cast<std::size_t>(twins[i])];
             complaints.add(bank.questions[i].place,
-                           QStringLiteral("asks nearly the same as the question \"%1\" in %2")
+                           QString("asks nearly the same as the question \"%1\" in %2")
                                .arg(earlier.text, earlier.place.text()));
         }
     }

@@ -27,17 +27,15 @@ QString askHidden(const char* prompt)
 {
     std::array<char, 256> typed{}; // more than fits is found too long
     if (!::readpassphrase(prompt, typed.data(), typed.size(), RPP_REQUIRE_TTY)) {
-        throw Failure(
-            QStringLiteral("Nothing was changed: there is no terminal to ask for the password; run this in "
-                           "one, or let --generate make a password"));
+        throw Failure("Nothing was changed: there is no terminal to ask for the password; run this in "
+                      "one, or let --generate make a password");
     }
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     QString password =
         decoder(QByteArrayView(typed.data(), static_cast<qsizetype>(std::strlen(typed.data()))));
     ::explicit_bzero(typed.data(), typed.size());
-    if (decoder.hasError()) {
-        throw Failure(QStringLiteral("Nothing was changed: the password is not valid UTF-8"));
-    }
+    if (decoder.hasError())
+        throw Failure("Nothing was changed: the password is not valid UTF-8");
     return password;
 }
 

@@ -26,23 +26,20 @@ void Progress::step(long long things)
 void Progress::show()
 {
     const auto now = Clock::now();
-    if (now < due_) {
+    if (now < due_)
         return;
-    }
     due_ = now + std::chrono::milliseconds(100);
     shown_ = true;
     *terminal_ << "\r\x1b[K" << what_ << ' ' << done_;
-    if (total_ > 0) {
+    if (total_ > 0)
         *terminal_ << " of " << total_;
-    }
     *terminal_ << std::flush;
 }
 
 void Progress::clear()
 {
-    if (std::exchange(shown_, false)) {
+    if (std::exchange(shown_, false))
         *terminal_ << "\r\x1b[K" << std::flush;
-    }
 }
 
 } // namespace bank

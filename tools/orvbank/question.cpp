@@ -5,14 +5,11 @@ namespace bank {
 QString Place::text() const
 {
     QString text = file;
-    if (id != 0) {
-        return text + QStringLiteral(": question %1").arg(id);
-    }
-    for (const int number : {line, column}) {
-        if (number > 0) {
-            text += QStringLiteral(":%1").arg(number);
-        }
-    }
+    if (id != 0)
+        return text + QString(": question %1").arg(id);
+    for (const int number : {line, column})
+        if (number > 0)
+            text += QString(":%1").arg(number);
     return text;
 }
 
@@ -48,9 +45,8 @@ void Question::findRight()
         // An option that is the key to the letter goes before one in another case.
         if (options[i] == key || (right.isEmpty() && options[i].toLower() == wanted)) {
             right = nameOf(optionFields.at(i));
-            if (options[i] == key) {
+            if (options[i] == key)
                 return;
-            }
         }
     }
 }

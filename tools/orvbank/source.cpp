@@ -23,12 +23,11 @@ std::vector<std::filesystem::path> questionFiles(const std::filesystem::path& fo
     try {
         for (const auto& entry : std::filesystem::directory_iterator(folder)) {
             const std::string name = entry.path().filename().string();
-            if (name.starts_with("questions-") && name.ends_with(".txt")) {
+            if (name.starts_with("questions-") && name.ends_with(".txt"))
                 files.push_back(entry.path());
-            }
         }
     } catch (const std::filesystem::filesystem_error& error) {
-        throw Failure(QStringLiteral("%1 cannot be read: %2")
+        throw Failure(QString("%1 cannot be read: %2")
                           .arg(nameOf(folder), QString::fromStdString(error.code().message())));
     }
     std::sort(files.begin(), files.end());
@@ -45,31 +44,26 @@ Format formatOf(const std::filesystem::path& file)
                                                           {".aiken", Format::Aiken},
                                                           {".txt", Format::Text}};
     const QString ending = QString::fromStdString(file.extension().string()).toLower();
-    for (const auto& [known, format] : endings) {
-        if (ending == QLatin1String(known)) {
+    for (const auto& [known, format] : endings)
+        if (ending == QString(known))
             return format;
-        }
-    }
-    throw Failure(
-        QStringLiteral("%1: the name tells no format; end it in .csv, .gift, .aiken or .txt, or give "
-                       "--format")
-            .arg(nameOf(file)));
+    throw Failure(QString("%1: the name tells no format; end it in .csv, .gift, .aiken or .txt, or give "
+                          "--format")
+                      .arg(nameOf(file)));
 }
 
 void readFolder(const std::filesystem::path& folder, Intake& intake)
 {
-    for (const auto& file : questionFiles(folder)) {
+    for (const auto& file : questionFiles(folder))
         readRecords(file, intake);
-    }
     readPrompts(folder / "prompts.txt", intake);
 }
 
 void readSource(const std::filesystem::path& source, std::optional<Format> format, Intake& intake)
 {
     std::error_code ignored;
-    if (std::filesystem::is_directory(source, ignored)) {
+    if (std::filesystem::is_directory(source, ignored))
         return readFolder(source, intake);
-    }
     switch (format ? *format : formatOf(source)) {
     case Format::Csv:
         return readCsv(source, intake);

@@ -48,17 +48,16 @@ Count countOf(const Question& question)
 QString rightShare(const Count& count)
 {
     return count.plays == 0
-               ? QStringLiteral("-")
-               : QStringLiteral("%1 %").arg(
+               ? "-"
+               : QString("%1 %").arg(
                      100.0 * static_cast<double>(count.right) / static_cast<double>(count.plays), 0, 'f', 0);
 }
 
 void printRow(std::ostream& out, const QString& name, const QStringList& cells)
 {
     QString row = name.leftJustified(20);
-    for (const QString& cell : cells) {
+    for (const QString& cell : cells)
         row += cell.rightJustified(11);
-    }
     out << row.toStdString() << '\n';
 }
 
@@ -74,13 +73,11 @@ void printPlayed(const std::vector<Question>& questions, std::ostream& out)
     bool first = true;
     for (const Question& question : questions) {
         const Count count = countOf(question);
-        if (count.plays == 0) {
+        if (count.plays == 0)
             continue;
-        }
-        if (std::exchange(first, false)) {
+        if (std::exchange(first, false))
             out << "\n  number level  plays  right  question\n";
-        }
-        out << QStringLiteral("%1 %2 %3 %4  %5\n")
+        out << QString("%1 %2 %3 %4  %5\n")
                    .arg(question.place.id, 8)
                    .arg(question.level, 5)
                    .arg(count.plays, 6)
@@ -96,9 +93,8 @@ void printStats(const std::vector<Question>& questions, const std::vector<Questi
                 std::ostream& out)
 {
     QHash<QString, QString> topicOf;
-    for (const Question& question : topics) {
+    for (const Question& question : topics)
         topicOf.insert(folded(question.text), question.topic);
-    }
     struct Level
     {
         Count all;
@@ -111,18 +107,16 @@ void printStats(const std::vector<Question>& questions, const std::vector<Questi
         Level& level = levels[question.level];
         all += count;
         level.all += count;
-        if (!topics.empty()) {
-            level.byTopic[topicOf.value(folded(question.text), QStringLiteral("(unknown)"))] += count;
-        }
+        if (!topics.empty())
+            level.byTopic[topicOf.value(folded(question.text), "(unknown)")] += count;
     }
     printRow(out, {}, {"questions", "played", "plays", "right"});
     for (const auto& [name, level] : levels) {
-        printCount(out, QStringLiteral("level ") + name, level.all);
-        for (const auto& [topic, count] : level.byTopic) {
-            printCount(out, QStringLiteral("  ") + topic, count);
-        }
+        printCount(out, "level " + name, level.all);
+        for (const auto& [topic, count] : level.byTopic)
+            printCount(out, "  " + topic, count);
     }
-    printCount(out, QStringLiteral("all"), all);
+    printCount(out, "all", all);
     printPlayed(questions, out);
 }
 

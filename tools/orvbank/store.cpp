@@ -13,14 +13,14 @@ constexpr const char* selectQuestions =
     "select question_id, question, answer1, answer2, answer3, answer4, correct_answer, Level,"
     " a, b, c, d, Level in ('1', '2', '3') from questions order by cast(question_id as integer), question_id";
 
-QStringList fieldsOf(QStringView table)
+QStringList fieldsOf(const QString& table)
 {
-    const bool isQuestions = table == QLatin1String("questions");
+    const bool isQuestions = table == "questions";
     const char* const names = isQuestions
                                   ? "question_id question answer1 answer2 answer3 answer4 correct_answer "
                                     "Level a b c d"
-                              : table == QLatin1String("users") ? "username password"
-                                                                : "message";
+                              : table == "users" ? "username password"
+                                                 : "message";
     return QString::fromLatin1(names).split(u' ');
 }
 
@@ -44,9 +44,8 @@ Question questionOf(SQLite::Statement& row, const QString& file)
     question.key = textOf(row, 6);
     question.findRight();
     question.level = textOf(row, 7);
-    if (row.getColumn(12).getInt() == 0 && isLevel(question.level)) {
-        question.level += QStringLiteral(" (a number, not a text)");
-    }
+    if (row.getColumn(12).getInt() == 0 && isLevel(question.level))
+        question.level += " (a number, not a text)";
     return question;
 }
 
@@ -67,11 +66,10 @@ Insertion::Insertion(SQLite::Statement statement, qint64 firstId)
 
 void Insertion::add(const Question& question)
 {
-    if (id_ == 0) {
+    if (id_ == 0)
         statement_.bind(1);
-    } else {
+    else
         statement_.bind(1, static_cast<int64_t>(id_++));
-    }
     // They must live until the row is written.
     const std::array<std::string, 7> texts = {
         question.text.toStdString(),       question.options[0].toStdString(),
@@ -79,12 +77,10 @@ void Insertion::add(const Question& question)
         question.options[3].toStdString(), question.rightOption().toStdString(),
         question.level.toStdString()};
     int place = 2;
-    for (const std::string& text : texts) {
+    for (const std::string& text : texts)
         statement_.bindNoCopy(place++, text);
-    }
-    for (const qint64 tally : question.tallies) {
+    for (const qint64 tally : question.tallies)
         statement_.bind(place++, static_cast<int64_t>(tally));
-    }
     statement_.exec();
     statement_.reset();
 }
@@ -109,9 +105,8 @@ void Store::checkIntegrity()
         statement.executeStep();
         return statement.getColumn(0).getString();
     });
-    if (found != "ok") {
-        throw Failure(QStringLiteral("%1 is damaged: %2").arg(file_, QString::fromStdString(found)));
-    }
+    if (found != "ok")
+        throw Failure(QString("%1 is damaged: %2").arg(file_, QString::fromStdString(found)));
 }
 
 std::vector<Question> Store::questions(Progress& progress)
@@ -133,9 +128,8 @@ std::vector<Prompt> Store::prompts()
     return handle_.reading([&] {
         std::vector<Prompt> prompts;
         auto rows = handle_.prepared("select message from locking");
-        while (rows.executeStep()) {
+        while (rows.executeStep())
             prompts.push_back({{file_}, textOf(rows, 0)});
-        }
         return prompts;
     });
 }
@@ -145,9 +139,8 @@ std::vector<Account> Store::accounts()
     return handle_.reading([&] {
         std::vector<Account> accounts;
         auto rows = handle_.prepared("select username, password from users");
-        while (rows.executeStep()) {
+        while (rows.executeStep())
             accounts.push_back({rows.getColumn(0).getString(), rows.getColumn(1).getString()});
-        }
         return accounts;
     });
 }
@@ -155,13 +148,12 @@ std::vector<Account> Store::accounts()
 void Store::addQuestions(const std::vector<Question>& questions, Progress& progress)
 {
     qint64 firstId = 0;
-    if (!db::layoutOf(handle_, QStringLiteral("questions"), {}).idIsRowNumber) {
+    if (!db::layoutOf(handle_, "questions", {}).idIsRowNumber) {
         auto largest = handle_.prepared(db::sql::largestId);
         largest.executeStep();
         const qint64 last = largest.getColumn(0).getInt64();
-        if (last > std::numeric_limits<qint64>::max() - 1 - static_cast<qint64>(questions.size())) {
+        if (last > std::numeric_limits<qint64>::max() - 1 - static_cast<qint64>(questions.size()))
             throw db::failed(db::Attempt::Change, handle_.path(), db::reasons::noNumberLeft);
-        }
         firstId = last + 1;
     }
     Insertion insertion(handle_.prepared(sql::insertQuestion), firstId);
@@ -174,9 +166,8 @@ void Store::addQuestions(const std::vector<Question>& questions, Progress& progr
 
 void Store::addPrompts(const std::vector<Prompt>& prompts)
 {
-    for (const Prompt& prompt : prompts) {
+    for (const Prompt& prompt : prompts)
         run(sql::insertPrompt, {prompt.message.toStdString()});
-    }
 }
 
 void Store::removeQuestions()
@@ -203,9 +194,8 @@ void Store::run(const char* sql, std::initializer_list<std::string> values)
 {
     auto statement = handle_.prepared(sql);
     int place = 0;
-    for (const std::string& value : values) {
+    for (const std::string& value : values)
         statement.bind(++place, value);
-    }
     statement.exec();
 }
 

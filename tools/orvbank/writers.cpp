@@ -15,19 +15,17 @@ QString csvCell(QString text)
     const auto needsMarks = [](QChar c) {
         return c == u'"' || c == u',' || c == u';' || c == u'\t' || c == u'\n' || c == u'\r';
     };
-    if (std::none_of(text.cbegin(), text.cend(), needsMarks)) {
+    if (std::none_of(text.cbegin(), text.cend(), needsMarks))
         return text;
-    }
-    return u'"' + text.replace(u'"', QStringLiteral("\"\"")) + u'"';
+    return u'"' + text.replace(u'"', "\"\"") + u'"';
 }
 
 QString giftText(const QString& text)
 {
     QString escaped;
     for (const QChar c : text) {
-        if (QStringView(u"~=#{}:\\").contains(c)) {
+        if (QStringView(u"~=#{}:\\").contains(c))
             escaped += u'\\';
-        }
         escaped += c;
     }
     return escaped;
@@ -36,7 +34,7 @@ QString giftText(const QString& text)
 QString giftOption(const QString& text)
 {
     // A percent sign in front would begin a weight.
-    return (text.startsWith(u'%') ? QStringLiteral("\\") : QString()) + giftText(text);
+    return (text.startsWith(u'%') ? "\\" : QString()) + giftText(text);
 }
 
 } // namespace
@@ -44,17 +42,15 @@ QString giftOption(const QString& text)
 QByteArray csv(const std::vector<Question>& questions)
 {
     QString content(QChar::ByteOrderMark);
-    content += QStringLiteral("level,question,A,B,C,D,right,tally A,tally B,tally C,tally D\r\n");
+    content += "level,question,A,B,C,D,right,tally A,tally B,tally C,tally D\r\n";
     for (const Question& question : questions) {
         QStringList cells;
         for (const Field field :
-             {Field::Level, Field::Question, Field::A, Field::B, Field::C, Field::D, Field::Right}) {
+             {Field::Level, Field::Question, Field::A, Field::B, Field::C, Field::D, Field::Right})
             cells << csvCell(question.at(field));
-        }
-        for (const qint64 tally : question.tallies) {
+        for (const qint64 tally : question.tallies)
             cells << QString::number(tally);
-        }
-        content += cells.join(u',') + QStringLiteral("\r\n");
+        content += cells.join(u',') + "\r\n";
     }
     return content.toUtf8();
 }
@@ -67,16 +63,15 @@ QByteArray gift(const std::vector<Question>& questions)
     for (const Question& question : questions) {
         if (question.level != level) {
             level = question.level;
-            content += QStringLiteral("$CATEGORY: level %1\n\n").arg(level);
+            content += QString("$CATEGORY: level %1\n\n").arg(level);
         }
         // Behind a title no text can be taken for a comment, a category or the name of a markup.
-        content +=
-            QStringLiteral("::%1::[plain]").arg(++number) + giftText(question.text) + QStringLiteral(" {\n");
+        content += QString("::%1::[plain]").arg(++number) + giftText(question.text) + " {\n";
         for (std::size_t i = 0; i < question.options.size(); ++i) {
             const bool right = static_cast<int>(i) == question.rightIndex();
             content += u'\t' + QString(right ? u'=' : u'~') + giftOption(question.options.at(i)) + u'\n';
         }
-        content += QStringLiteral("}\n\n");
+        content += "}\n\n";
     }
     return content.toUtf8();
 }
@@ -86,24 +81,21 @@ QByteArray aiken(const std::vector<Question>& questions)
     QString content;
     for (const Question& question : questions) {
         content += question.text + u'\n';
-        for (const Field field : optionFields) {
-            content += nameOf(field) + QStringLiteral(". ") + question.at(field) + u'\n';
-        }
-        content += QStringLiteral("ANSWER: ") + question.right + QStringLiteral("\n\n");
+        for (const Field field : optionFields)
+            content += nameOf(field) + ". " + question.at(field) + u'\n';
+        content += "ANSWER: " + question.right + "\n\n";
     }
     return content.toUtf8();
 }
 
 QByteArray records(const std::vector<Question>& questions)
 {
-    QString content =
-        QStringLiteral("# The database holds neither topic nor why: add them before this becomes the "
-                       "source of a bank.\n\n");
+    QString content = "# The database holds neither topic nor why: add them before this becomes the "
+                      "source of a bank.\n\n";
     for (const Question& question : questions) {
         for (const Field field :
-             {Field::Level, Field::Question, Field::A, Field::B, Field::C, Field::D, Field::Right}) {
-            content += nameOf(field) + QStringLiteral(": ") + question.at(field) + u'\n';
-        }
+             {Field::Level, Field::Question, Field::A, Field::B, Field::C, Field::D, Field::Right})
+            content += nameOf(field) + ": " + question.at(field) + u'\n';
         content += u'\n';
     }
     return content.toUtf8();

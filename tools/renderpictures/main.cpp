@@ -27,21 +27,20 @@ struct Job
     QSize size;
     int quality = usualQuality;
 
-    bool jpeg() const { return picture.endsWith(QLatin1String(".jpg")); }
+    bool jpeg() const { return picture.endsWith(".jpg"); }
 };
 
 std::runtime_error failure(const QString& file, const QString& reason)
 {
-    return std::runtime_error((file + QLatin1String(": ") + reason).toStdString());
+    return std::runtime_error((file + ": " + reason).toStdString());
 }
 
 int number(const QString& text, int largest)
 {
     bool isNumber = false;
     const int value = text.toInt(&isNumber);
-    if (!isNumber || value < 1 || value > largest) {
-        throw failure(text, QStringLiteral("is no whole number from 1 to %1").arg(largest));
-    }
+    if (!isNumber || value < 1 || value > largest)
+        throw failure(text, QString("is no whole number from 1 to %1").arg(largest));
     return value;
 }
 
@@ -53,25 +52,21 @@ Job jobOf(const QStringList& arguments)
     }
     Job job{arguments[1], arguments[2],
             QSize(number(arguments[3], largestSide), number(arguments[4], largestSide))};
-    if (!job.jpeg() && !job.picture.endsWith(QLatin1String(".png"))) {
-        throw failure(job.picture, QStringLiteral("the name of a picture ends in .png or .jpg"));
-    }
-    if (arguments.size() == 6) {
+    if (!job.jpeg() && !job.picture.endsWith(".png"))
+        throw failure(job.picture, "the name of a picture ends in .png or .jpg");
+    if (arguments.size() == 6)
         job.quality = number(arguments[5], 100);
-    }
     return job;
 }
 
 QImage rendered(const Job& job)
 {
     QFile file(job.drawing);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly))
         throw failure(job.drawing, file.errorString());
-    }
     QSvgRenderer drawing(file.readAll());
-    if (!drawing.isValid()) {
-        throw failure(job.drawing, QStringLiteral("is not a drawing that can be rendered"));
-    }
+    if (!drawing.isValid())
+        throw failure(job.drawing, "is not a drawing that can be rendered");
     drawing.setAspectRatioMode(Qt::KeepAspectRatio);
     QImage large(job.size * oversampling, QImage::Format_ARGB32_Premultiplied);
     large.fill(job.jpeg() ? screenGround : QColor(Qt::transparent));
@@ -92,9 +87,8 @@ void save(const QImage& image, const Job& job)
         writer.setQuality(job.quality);
         writer.setOptimizedWrite(true);
     }
-    if (!writer.write(image)) {
+    if (!writer.write(image))
         throw failure(job.picture, writer.errorString());
-    }
 }
 
 } // namespace
