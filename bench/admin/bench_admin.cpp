@@ -1,8 +1,8 @@
 // Prints what the question editor costs on a small bank and on one of a million questions: opening it, the
 // moves, and a save with the durable write that belongs to it. Each line ends with the ratio of the two.
 
-#include "../measure.h"
 #include "admin/add_questions.h"
+#include "bench/measure.h"
 #include "toolkit/desktop.h"
 #include "toolkit/screens.h"
 
@@ -10,7 +10,6 @@
 #include <QDir>
 
 #include <cstdio>
-#include <fstream>
 #include <map>
 
 namespace {
@@ -40,14 +39,6 @@ public:
     void reseed() override {}
     float next() override { return 0; }
 };
-
-double residentMiB()
-{
-    double pages = 0;
-    double ignored = 0;
-    std::ifstream("/proc/self/statm") >> ignored >> pages;
-    return pages * 4096 / (1 << 20);
-}
 
 /// The median times in milliseconds by what was done.
 std::map<std::string, double> measure(toolkit::Services services, const QString& bank)
@@ -84,7 +75,7 @@ std::map<std::string, double> measure(toolkit::Services services, const QString&
     std::map<std::string, double> medians;
     for (const auto& [what, values] : times)
         medians[what] = median(values);
-    medians["memory, MiB"] = residentMiB();
+    medians["memory, MiB"] = residentMebibytes();
     return medians;
 }
 
@@ -105,8 +96,8 @@ int main(int argc, char** argv)
     screens.add("addquestions", [&] { return std::make_unique<admin::AddQuestions>(services); });
 
     const QTemporaryDir directory;
-    const auto small = measure(services, makeBank(directory, "few", few, true));
-    const auto large = measure(services, makeBank(directory, "many", many, true));
+    const auto small = measure(services, makeBank(directory.filePath("few"), few));
+    const auto large = measure(services, makeBank(directory.filePath("many"), many));
     std::printf("%-12s %12s %12s %8s   (ms, the median of %d)\n", "", "300", "1,000,000", "ratio", rounds);
     for (const auto& [what, value] : small)
         std::printf("%-12s %12.2f %12.2f %8.2f\n", what.c_str(), value, large.at(what),

@@ -2,19 +2,17 @@
 // prepared insert, measured in the same run; the check must not cost more per question in a larger bank.
 
 #include "bank/command.h"
+#include "bench/measure.h"
 
 #include <QTemporaryDir>
 
-#include <SQLiteCpp/Database.h>
 #include <sqlite3.h>
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <random>
 #include <sstream>
 #include <stdexcept>
@@ -23,23 +21,10 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using namespace bench;
 using Row = std::array<std::string, 7>; ///< the fields of the table from question to Level
 
 constexpr int runs = 9;
-
-double milliseconds(const std::function<void()>& work)
-{
-    const auto start = Clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 /// Questions of made-up words, about as long as real ones.
 std::vector<Row> makeRows(int count)
@@ -107,25 +92,13 @@ void bareInserts(const std::string& path, const std::vector<Row>& rows)
     sqlite3_close(engine);
 }
 
-void makeEmptyBank(const std::string& path)
-{
-    SQLite::Database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
-        .exec(
-            "create table questions (question_id integer primary key, question text, answer1 text, answer2 "
-            "text,"
-            " answer3 text, answer4 text, correct_answer text, Level text, a integer, b integer, c integer,"
-            " d integer); create index levels on questions (Level);"
-            "create table users (username text, password text); create table locking (message text);"
-            "insert into locking values ('Shall I lock it?'); insert into users values ('owner', 'secret')");
-}
-
 void compareImport(const std::string& folder)
 {
     const auto rows = makeRows(100'000);
     const std::string empty = folder + "/empty.orv";
     const std::string file = folder + "/bank.orv";
     const std::string csv = folder + "/questions.csv";
-    makeEmptyBank(empty);
+    makeBank(QString::fromStdString(empty), 0);
     writeCsv(csv, rows);
     const auto afresh = [&] {
         std::filesystem::copy_file(empty, file, std::filesystem::copy_options::overwrite_existing);
@@ -148,7 +121,7 @@ void compareCheck(const std::string& folder)
 {
     for (const int count : {10'000, 50'000, 100'000}) {
         const std::string file = folder + "/check" + std::to_string(count) + ".orv";
-        makeEmptyBank(file);
+        makeBank(QString::fromStdString(file), 0);
         bareInserts(file, makeRows(count));
         std::vector<double> times;
         for (int i = 0; i < 3; ++i)

@@ -1,7 +1,7 @@
 // Prints what drawing, reading and walking questions cost on a small bank and on one of a million
 // questions. The bound of the draw is a ratio to a floor that is measured in the same run.
 
-#include "../measure.h"
+#include "bench/measure.h"
 #include "db/connection.h"
 
 #include <QTemporaryDir>
@@ -152,14 +152,14 @@ void printMemory(const char* name, const QString& path)
 int main()
 {
     const QTemporaryDir directory;
-    const QString small = makeBank(directory, "small.orv", few, true);
-    const QString large = makeBank(directory, "large.orv", many, true);
+    const QString small = makeBank(directory.filePath("small.orv"), few);
+    const QString large = makeBank(directory.filePath("large.orv"), many);
     printMemory("300", small);
     printMemory("1,000,000", large);
     printMoves("300", small);
     printMoves("1,000,000", large);
     compareReading(small, large);
     compareDraw("with index", large);
-    compareDraw("without index", makeBank(directory, "bare.orv", many, false));
+    compareDraw("without index", makeBank(directory.filePath("bare.orv"), many, false));
     return 0;
 }

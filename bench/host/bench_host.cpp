@@ -2,9 +2,9 @@
 // heard and until it is silent, and what it adds to the start and the memory of a game. Sound goes through
 // ALSA to a device that takes it in real time and plays nothing.
 
-#include "program.h"
-#include "server.h"
-
+#include "bench/measure.h"
+#include "bench/program.h"
+#include "bench/server.h"
 #include "narrator/alsa_device.h"
 #include "narrator/flite_synthesiser.h"
 #include "narrator/host.h"
@@ -96,17 +96,6 @@ double cpuSeconds()
     return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-double residentMebibytes()
-{
-    std::ifstream sums("/proc/self/smaps_rollup");
-    for (std::string word; sums >> word;) {
-        double kilobytes = 0;
-        if (word == "Rss:" && sums >> kilobytes)
-            return kilobytes / 1024;
-    }
-    return 0;
-}
-
 void pass(std::chrono::milliseconds span)
 {
     QEventLoop loop;
@@ -171,8 +160,8 @@ public:
         load();
         shares();
         delays();
-        print("memory with the host, above that without", residentMebibytes() - memoryBefore_, "at most 40",
-              "MiB");
+        print("memory with the host, above that without", bench::residentMebibytes() - memoryBefore_,
+              "at most 40", "MiB");
     }
 
 private:
@@ -180,7 +169,7 @@ private:
 
     void load()
     {
-        memoryBefore_ = residentMebibytes();
+        memoryBefore_ = bench::residentMebibytes();
         FirstPaint paint;
         qApp->installEventFilter(&paint);
         const Time start = SteadyClock::now();
@@ -252,13 +241,13 @@ private:
 int main(int argc, char** argv)
 {
     try {
-        const start::PrivateDirectory directory;
+        const bench::PrivateDirectory directory;
         const auto configuration = directory.path() / "sound.conf";
         std::ofstream(configuration) << "pcm.default { type null }\n";
         setenv("ALSA_CONFIG_PATH", configuration.c_str(), 1);
         setenv("XDG_RUNTIME_DIR", directory.path().c_str(), 1);
         setenv("QT_QPA_PLATFORM", "xcb", 1);
-        const start::Server server;
+        const bench::Server server;
         const QApplication application(argc, argv);
         std::printf("%s build, text of %d characters\n", HOST_BUILD, static_cast<int>(longText.size()));
         Show().measure();

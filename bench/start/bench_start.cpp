@@ -3,10 +3,10 @@
 // run.
 
 #include "display.h"
-#include "program.h"
-#include "server.h"
 
-#include <SQLiteCpp/Database.h>
+#include "bench/measure.h"
+#include "bench/program.h"
+#include "bench/server.h"
 
 #include <algorithm>
 #include <chrono>
@@ -23,8 +23,8 @@
 namespace {
 
 using namespace std::chrono_literals;
+using bench::Program;
 using start::Display;
-using start::Program;
 
 constexpr int runs = 41;
 constexpr int looks = 5;                 // at memory, which hardly varies
@@ -44,33 +44,6 @@ struct Series
     std::vector<double> settled;      // MiB a second later
     std::vector<double> inGame;       // MiB a second after the first question has come
 };
-
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
-
-void makeBank(const std::filesystem::path& directory, int questions)
-{
-    std::filesystem::create_directory(directory);
-    SQLite::Database bank(directory / "orv.orv", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    bank.exec(
-        "pragma synchronous = off; begin;"
-        "create table questions (question_id integer primary key, question text, answer1 text, answer2 text,"
-        " answer3 text, answer4 text, correct_answer text, Level text, a integer, b integer, c integer,"
-        " d integer);"
-        "create table users (username text, password text);"
-        "create table locking (message text);"
-        "insert into locking values ('Shall it be locked?')");
-    bank.exec(
-        "with recursive n(i) as (select 1 union all select i + 1 from n where i < " +
-        std::to_string(questions) +
-        ") insert into questions select i, 'What is the answer to the question with the number ' || i || '?',"
-        " 'first ' || i, 'second ' || i, 'third ' || i, 'fourth ' || i, 'first ' || i,"
-        " cast(1 + i % 3 as text), 1, 1, 1, 1 from n;"
-        "create index levels on questions (Level); commit");
-}
 
 void waitFor(const std::string& what, const std::function<bool()>& condition)
 {
@@ -94,7 +67,7 @@ public:
     [[nodiscard]] Display& display() { return display_; }
 
 private:
-    start::Server server_;
+    bench::Server server_;
     Program manager_;
     Display display_{QByteArray::fromStdString(server_.name())};
 };
@@ -198,8 +171,8 @@ void print(const Series& floor, const Series& game, const Series& largeGame)
     std::printf("%s build, medians of %d starts and of %d looks at memory\n", START_BUILD, runs, looks);
     std::printf("%-40s %6s   %-12s   %s\n", "", "ratio", "bound", "value / floor");
     for (const auto& [what, values, base, bound, unit] : lines) {
-        const double value = median(values);
-        const double beside = median(base);
+        const double value = bench::median(values);
+        const double beside = bench::median(base);
         std::printf("%-40s %6.2f   %-12s   %.1f / %.1f %s\n", what, value / beside, bound, value, beside,
                     unit);
     }
@@ -209,8 +182,10 @@ void measure(const std::filesystem::path& directory)
 {
     const auto small = directory / "300";
     const auto large = directory / "1000000";
-    makeBank(small, 300);
-    makeBank(large, 1'000'000);
+    for (const auto& [folder, questions] : {std::pair(small, bench::few), {large, bench::many}}) {
+        std::filesystem::create_directory(folder);
+        bench::makeBank(QString::fromStdString(folder / "orv.orv"), questions);
+    }
     Desktop desktop;
     Display& display = desktop.display();
 
@@ -244,7 +219,7 @@ void measure(const std::filesystem::path& directory)
 int main()
 {
     try {
-        const start::PrivateDirectory directory;
+        const bench::PrivateDirectory directory;
         setenv("XDG_RUNTIME_DIR", directory.path().c_str(), 1);
         setenv("LC_ALL", "C.UTF-8", 1);
         setenv("ALSA_CONFIG_PATH", "/dev/null", 1); // nobody wants to hear it

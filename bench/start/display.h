@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desk/display.h"
+#include "display/display.h"
 
 #include <cstdint>
 #include <optional>

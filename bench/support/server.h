@@ -1,10 +1,10 @@
 #pragma once
 
-#include "program.h"
+#include "bench/program.h"
 
 #include <string>
 
-namespace start {
+namespace bench {
 
 /// An X server of its own for this process and what it starts; DISPLAY names it.
 class Server
@@ -32,4 +32,4 @@ private:
     std::string name_;
 };
 
-} // namespace start
+} // namespace bench

@@ -1,9 +1,10 @@
-#include "program.h"
+#include "bench/program.h"
+
+#include "bench/measure.h"
 
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <fstream>
 #include <system_error>
 #include <utility>
 
@@ -12,7 +13,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace start {
+namespace bench {
 
 Program::Program(std::vector<std::string> command, const std::filesystem::path& directory, int output)
 {
@@ -53,18 +54,12 @@ Program::~Program()
 
 double Program::resident() const
 {
-    std::ifstream sums("/proc/" + std::to_string(process_) + "/smaps_rollup");
-    for (std::string word; sums >> word;) {
-        double kilobytes = 0;
-        if (word == "Rss:" && sums >> kilobytes)
-            return kilobytes / 1024;
-    }
-    return 0;
+    return residentMebibytes(std::to_string(process_));
 }
 
 PrivateDirectory::PrivateDirectory()
 {
-    std::string name = std::filesystem::temp_directory_path() / "bench-start-XXXXXX";
+    std::string name = std::filesystem::temp_directory_path() / "bench-XXXXXX";
     if (!mkdtemp(name.data()))
         throw std::system_error(errno, std::generic_category(), name);
     path_ = name;
@@ -76,4 +71,4 @@ PrivateDirectory::~PrivateDirectory()
     std::filesystem::remove_all(path_, ignored);
 }
 
-} // namespace start
+} // namespace bench

@@ -7,7 +7,7 @@
 
 #include <sys/types.h>
 
-namespace start {
+namespace bench {
 
 using Time = std::chrono::steady_clock::time_point;
 
@@ -47,4 +47,4 @@ private:
     std::filesystem::path path_;
 };
 
-} // namespace start
+} // namespace bench

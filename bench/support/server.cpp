@@ -1,4 +1,4 @@
-#include "server.h"
+#include "bench/server.h"
 
 #include <cstdlib>
 #include <stdexcept>
@@ -7,7 +7,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace start {
+namespace bench {
 
 Server::Pipe::Pipe()
 {
@@ -38,4 +38,4 @@ std::string Server::nameFromServer()
     return name;
 }
 
-} // namespace start
+} // namespace bench
