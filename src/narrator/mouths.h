@@ -1,6 +1,6 @@
 #pragma once
 
-#include "narrator/rig.h"
+#include "rig/rig.h"
 
 #include <chrono>
 #include <optional>
@@ -8,6 +8,8 @@
 #include <vector>
 
 namespace narrator {
+
+using rig::MouthShape;
 
 /// One sound of the voice; it begins where the one before ends.
 struct Segment

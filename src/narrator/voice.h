@@ -1,7 +1,7 @@
 #pragma once
 
-#include "narrator/rig.h"
 #include "narrator/speaker.h"
+#include "rig/rig.h"
 
 #include <QString>
 

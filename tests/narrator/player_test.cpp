@@ -1,5 +1,5 @@
 #include "narrator/player.h"
-#include "sample.h"
+#include "support/sample.h"
 
 #include <gtest/gtest.h>
 
@@ -59,7 +59,7 @@ TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
         {0ms, 0ms, "Greet 60 Greet 60 Greet @9000 +3000 60 think 60 @3600000 +100", // catches up
          " 9000:60 10000:- 10100:gesture 10900:- 11200:idle"},
     };
-    const Rig rig = sample::rig();
+    const rig::Rig rig = sample::rig();
     for (const auto& row : table) {
         SpeakingVoice silent(nullptr);
         SlowVoice slow(row.delay, row.length);
@@ -106,7 +106,7 @@ TEST(Player, GivesEveryTextItsReadingTime)
         {QString(60, u'a'), 4000ms},
         {QString(1'000'000, u'a'), 66'666'667ms},
     };
-    const Rig rig = sample::rig();
+    const rig::Rig rig = sample::rig();
     for (const auto& [text, time] : table) {
         EXPECT_EQ(readingTime(text), time);
         SpeakingVoice voice(nullptr);
