@@ -21,9 +21,16 @@ double sinceMs(std::chrono::milliseconds start, std::chrono::milliseconds now)
     return static_cast<double>((now - start).count());
 }
 
+/// The rig and the voice know the same shapes and not each other.
+MouthShape rigShape(voice::MouthShape shape)
+{
+    static_assert(static_cast<int>(voice::MouthShape::U) == static_cast<int>(MouthShape::U));
+    return static_cast<MouthShape>(shape);
+}
+
 } // namespace
 
-Player::Player(const Rig& rig, Voice& voice, std::function<double()> random, Milliseconds now)
+Player::Player(const Rig& rig, voice::Voice& voice, std::function<double()> random, Milliseconds now)
     : rig_(rig),
       voice_(voice),
       random_(std::move(random)),
@@ -67,7 +74,7 @@ Frame Player::frame(Milliseconds now)
     addLook(rig_, frame.pose, gaze_.at(now, motion_.gesture == nullptr, sights_));
     closeLids(rig_, frame.pose, lidsClosed(now));
     if (!text_.isEmpty()) {
-        shapeMouth(rig_, frame.pose, voice_.mouth(now));
+        shapeMouth(rig_, frame.pose, rigShape(voice_.mouth(now)));
         frame.said = voice_.said(now);
     }
     return frame;
@@ -136,7 +143,7 @@ std::chrono::milliseconds readingTime(const QString& text)
 {
     if (shownText(text).isEmpty())
         return 0ms;
-    return std::max(std::chrono::milliseconds(leastReadingTime), readingPace(text.size()));
+    return std::max(std::chrono::milliseconds(leastReadingTime), voice::readingPace(text.size()));
 }
 
 } // namespace narrator

@@ -3,7 +3,7 @@
 #include "narrator/gaze.h"
 #include "narrator/motion.h"
 #include "narrator/request_queue.h"
-#include "narrator/voice.h"
+#include "voice/voice.h"
 
 #include <QString>
 
@@ -29,7 +29,7 @@ public:
     using Milliseconds = std::chrono::milliseconds;
 
     /// `random` gives numbers from 0 up to 1; rig and voice must outlive the player.
-    Player(const Rig& rig, Voice& voice, std::function<double()> random, Milliseconds now);
+    Player(const Rig& rig, voice::Voice& voice, std::function<double()> random, Milliseconds now);
 
     void play(const QString& gesture, Milliseconds now);
     void speak(const QString& text, Milliseconds now);
@@ -54,7 +54,7 @@ private:
     [[nodiscard]] double lidsClosed(Milliseconds now);
 
     const Rig& rig_;
-    Voice& voice_;
+    voice::Voice& voice_;
     std::function<double()> random_;
     Gaze gaze_;
     Sights sights_;

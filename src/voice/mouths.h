@@ -1,13 +1,14 @@
 #pragma once
 
-#include "narrator/rig.h"
-
 #include <chrono>
 #include <optional>
 #include <string_view>
 #include <vector>
 
-namespace narrator {
+namespace voice {
+
+/// What the mouth shows while something is said; Rest is closed lips.
+enum class MouthShape { Rest, M, F, T, S, E, A, O, U };
 
 /// One sound of the voice; it begins where the one before ends.
 struct Segment
@@ -38,4 +39,4 @@ struct SoundShapes
 /// lips are always kept.
 [[nodiscard]] std::vector<MouthTime> mouthsOf(const std::vector<Segment>& segments);
 
-} // namespace narrator
+} // namespace voice
