@@ -1,11 +1,11 @@
 #include "narrator/host.h"
 
 #include "narrator/player.h"
-#include "narrator/voice.h"
 #include "rig/character_file.h"
 #include "rig/figure.h"
 #include "stage/stage.h"
 #include "toolkit/clock.h"
+#include "voice/voice.h"
 
 #include <QPointer>
 #include <QRandomGenerator>
@@ -27,7 +27,7 @@ constexpr auto lookPeriod = 1s;
 class Host final : public Character
 {
 public:
-    Host(QWidget& form, toolkit::Clock& clock, Speaker* speaker, const QString& path)
+    Host(QWidget& form, toolkit::Clock& clock, voice::Speaker* speaker, const QString& path)
         : clock_(clock),
           figure_(rig::readCharacterFile(path), path),
           voice_(speaker),
@@ -111,7 +111,7 @@ private:
 
     toolkit::Clock& clock_;
     rig::Figure figure_;
-    SpeakingVoice voice_;
+    voice::SpeakingVoice voice_;
     Player player_;
     QPointer<stage::Stage> stage_;
     toolkit::Timer timer_;
@@ -121,7 +121,7 @@ private:
 class LoadedCharacters final : public Characters
 {
 public:
-    LoadedCharacters(QWidget& form, toolkit::Clock& clock, Speaker* speaker)
+    LoadedCharacters(QWidget& form, toolkit::Clock& clock, voice::Speaker* speaker)
         : form_(&form), clock_(clock), speaker_(speaker)
     {
     }
@@ -150,13 +150,13 @@ public:
 private:
     QPointer<QWidget> form_;
     toolkit::Clock& clock_;
-    Speaker* speaker_;
+    voice::Speaker* speaker_;
     std::map<QString, std::unique_ptr<Host>> hosts_;
 };
 
 } // namespace
 
-std::unique_ptr<Characters> makeCharacters(QWidget& form, toolkit::Clock& clock, Speaker* speaker)
+std::unique_ptr<Characters> makeCharacters(QWidget& form, toolkit::Clock& clock, voice::Speaker* speaker)
 {
     return std::make_unique<LoadedCharacters>(form, clock, speaker);
 }

@@ -21,9 +21,16 @@ double sinceMs(std::chrono::milliseconds start, std::chrono::milliseconds now)
     return static_cast<double>((now - start).count());
 }
 
+/// The rig and the voice know the same shapes and not each other.
+rig::MouthShape rigShape(voice::MouthShape shape)
+{
+    static_assert(static_cast<int>(voice::MouthShape::U) == static_cast<int>(rig::MouthShape::U));
+    return static_cast<rig::MouthShape>(shape);
+}
+
 } // namespace
 
-Player::Player(const rig::Rig& rig, Voice& voice, std::function<double()> random, Milliseconds now)
+Player::Player(const rig::Rig& rig, voice::Voice& voice, std::function<double()> random, Milliseconds now)
     : rig_(rig),
       voice_(voice),
       random_(std::move(random)),
@@ -67,7 +74,7 @@ Frame Player::frame(Milliseconds now)
     rig::addLook(rig_, frame.pose, gaze_.at(now, motion_.gesture == nullptr, sights_));
     rig::closeLids(rig_, frame.pose, lidsClosed(now));
     if (!text_.isEmpty()) {
-        rig::shapeMouth(rig_, frame.pose, voice_.mouth(now));
+        rig::shapeMouth(rig_, frame.pose, rigShape(voice_.mouth(now)));
         frame.said = voice_.said(now);
     }
     return frame;
@@ -136,7 +143,7 @@ std::chrono::milliseconds readingTime(const QString& text)
 {
     if (stage::shownText(text).isEmpty())
         return 0ms;
-    return std::max(std::chrono::milliseconds(leastReadingTime), readingPace(text.size()));
+    return std::max(std::chrono::milliseconds(leastReadingTime), voice::readingPace(text.size()));
 }
 
 } // namespace narrator

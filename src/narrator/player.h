@@ -1,9 +1,9 @@
 #pragma once
 
 #include "narrator/request_queue.h"
-#include "narrator/voice.h"
 #include "rig/gaze.h"
 #include "rig/motion.h"
+#include "voice/voice.h"
 
 #include <QString>
 
@@ -29,7 +29,7 @@ public:
     using Milliseconds = std::chrono::milliseconds;
 
     /// `random` gives numbers from 0 up to 1; rig and voice must outlive the player.
-    Player(const rig::Rig& rig, Voice& voice, std::function<double()> random, Milliseconds now);
+    Player(const rig::Rig& rig, voice::Voice& voice, std::function<double()> random, Milliseconds now);
 
     void play(const QString& gesture, Milliseconds now);
     void speak(const QString& text, Milliseconds now);
@@ -54,7 +54,7 @@ private:
     [[nodiscard]] double lidsClosed(Milliseconds now);
 
     const rig::Rig& rig_;
-    Voice& voice_;
+    voice::Voice& voice_;
     std::function<double()> random_;
     rig::Gaze gaze_;
     rig::Sights sights_;

@@ -15,7 +15,7 @@ double middle()
 }
 
 /// Says each text with a delay before the first word, at a pace of its own.
-struct SlowVoice final : Voice
+struct SlowVoice final : voice::Voice
 {
     SlowVoice(Milliseconds wait, Milliseconds span) : delay(wait), length(span) {}
 
@@ -24,7 +24,7 @@ struct SlowVoice final : Voice
     std::optional<Milliseconds> firstWord(Milliseconds now) override { return after(delay, now); }
     std::optional<Milliseconds> lastWord(Milliseconds now) override { return after(length, now); }
     qsizetype said(Milliseconds) override { return 0; }
-    MouthShape mouth(Milliseconds) override { return MouthShape::A; }
+    voice::MouthShape mouth(Milliseconds) override { return voice::MouthShape::A; }
 
     [[nodiscard]] std::optional<Milliseconds> after(Milliseconds span, Milliseconds now) const
     {
@@ -61,9 +61,9 @@ TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
     };
     const rig::Rig rig = sample::rig();
     for (const auto& row : table) {
-        SpeakingVoice silent(nullptr);
+        voice::SpeakingVoice silent(nullptr);
         SlowVoice slow(row.delay, row.length);
-        Voice& voice = row.length > 0ms ? static_cast<Voice&>(slow) : silent;
+        voice::Voice& voice = row.length > 0ms ? static_cast<voice::Voice&>(slow) : silent;
         Player player(rig, voice, middle, 0ms);
         Milliseconds now{0};
         std::string log;
@@ -109,7 +109,7 @@ TEST(Player, GivesEveryTextItsReadingTime)
     const rig::Rig rig = sample::rig();
     for (const auto& [text, time] : table) {
         EXPECT_EQ(readingTime(text), time);
-        SpeakingVoice voice(nullptr);
+        voice::SpeakingVoice voice(nullptr);
         Player player(rig, voice, middle, 0ms);
         player.speak(text, 0ms);
         EXPECT_EQ(player.frame(0ms).said, time > 0ms ? text.size() : 0); // one word

@@ -1,15 +1,14 @@
 #pragma once
 
-#include "rig/rig.h"
-
 #include <chrono>
 #include <optional>
 #include <string_view>
 #include <vector>
 
-namespace narrator {
+namespace voice {
 
-using rig::MouthShape;
+/// What the mouth shows while something is said; Rest is closed lips.
+enum class MouthShape { Rest, M, F, T, S, E, A, O, U };
 
 /// One sound of the voice; it begins where the one before ends.
 struct Segment
@@ -40,4 +39,4 @@ struct SoundShapes
 /// lips are always kept.
 [[nodiscard]] std::vector<MouthTime> mouthsOf(const std::vector<Segment>& segments);
 
-} // namespace narrator
+} // namespace voice

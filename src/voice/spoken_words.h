@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace narrator {
+namespace voice {
 
 /// The pause behind a word and the tune that leads to it.
 enum class Pause { None, Short, End, Question };
@@ -24,4 +24,4 @@ struct SpokenWord
 /// as "blank", accents folded, words of more than 40 letters cut. Empty if there is nothing to say.
 [[nodiscard]] std::vector<SpokenWord> spokenWords(const QString& text);
 
-} // namespace narrator
+} // namespace voice

@@ -1,8 +1,8 @@
-#include "narrator/voice.h"
+#include "voice/voice.h"
 
 #include <gtest/gtest.h>
 
-using namespace narrator;
+using namespace voice;
 using namespace std::chrono_literals;
 using Milliseconds = std::chrono::milliseconds;
 

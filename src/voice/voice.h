@@ -1,14 +1,13 @@
 #pragma once
 
-#include "narrator/speaker.h"
-#include "rig/rig.h"
+#include "voice/speaker.h"
 
 #include <QString>
 
 #include <chrono>
 #include <optional>
 
-namespace narrator {
+namespace voice {
 
 /// Says one text at a time and tells what is to be seen of it meanwhile. Times are those of the clock.
 class Voice
@@ -87,4 +86,4 @@ private:
 /// The time that `characters` take to be read, without any minimum.
 [[nodiscard]] std::chrono::milliseconds readingPace(qsizetype characters);
 
-} // namespace narrator
+} // namespace voice

@@ -1,4 +1,4 @@
-#include "narrator/speaker.h"
+#include "voice/speaker.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <mutex>
 #include <thread>
 
-using namespace narrator;
+using namespace voice;
 using namespace std::chrono_literals;
 using Milliseconds = std::chrono::milliseconds;
 using Sound = Speaker::Sound;

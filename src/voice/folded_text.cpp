@@ -1,4 +1,4 @@
-#include "narrator/speech_fold.h"
+#include "voice/folded_text.h"
 
 #include <QStringView>
 
@@ -6,7 +6,7 @@
 #include <array>
 #include <string_view>
 
-namespace narrator {
+namespace voice {
 
 namespace {
 
@@ -122,4 +122,4 @@ FoldedText foldedText(const QString& text)
     return folded;
 }
 
-} // namespace narrator
+} // namespace voice

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "narrator/mouths.h"
-#include "narrator/speech_split.h"
+#include "voice/mouths.h"
+#include "voice/spoken_pieces.h"
 
 #include <chrono>
 #include <cstdint>
@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-namespace narrator {
+namespace voice {
 
 /// Samples a second of all sound, one channel.
 inline constexpr int sampleRate = 16'000;
@@ -50,4 +50,4 @@ public:
 
 using SynthesiserFactory = std::function<std::unique_ptr<Synthesiser>()>;
 
-} // namespace narrator
+} // namespace voice

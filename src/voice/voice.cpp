@@ -1,10 +1,10 @@
-#include "narrator/voice.h"
+#include "voice/voice.h"
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
-namespace narrator {
+namespace voice {
 
 using namespace std::chrono_literals;
 using Milliseconds = std::chrono::milliseconds;
@@ -211,4 +211,4 @@ Milliseconds readingPace(qsizetype characters)
     return Milliseconds((characters * 1000 + charactersPerSecond - 1) / charactersPerSecond);
 }
 
-} // namespace narrator
+} // namespace voice

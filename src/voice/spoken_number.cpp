@@ -1,9 +1,9 @@
-#include "narrator/spoken_number.h"
+#include "voice/spoken_number.h"
 
 #include <array>
 #include <cstdint>
 
-namespace narrator {
+namespace voice {
 
 namespace {
 
@@ -64,4 +64,4 @@ std::vector<std::string> digitWords(std::string_view digits)
     return words;
 }
 
-} // namespace narrator
+} // namespace voice

@@ -1,8 +1,8 @@
-#include "narrator/mouths.h"
+#include "voice/mouths.h"
 
 #include <array>
 
-namespace narrator {
+namespace voice {
 
 using namespace std::chrono_literals;
 
@@ -72,4 +72,4 @@ std::vector<MouthTime> mouthsOf(const std::vector<Segment>& segments)
     return shown;
 }
 
-} // namespace narrator
+} // namespace voice

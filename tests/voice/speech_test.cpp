@@ -1,6 +1,6 @@
-#include "narrator/flite_synthesiser.h"
-#include "narrator/mouths.h"
-#include "narrator/speech_split.h"
+#include "voice/flite_synthesiser.h"
+#include "voice/mouths.h"
+#include "voice/spoken_pieces.h"
 
 #include <QStringList>
 
@@ -12,7 +12,7 @@ extern "C" {
 extern const cst_phoneset us_phoneset;
 }
 
-using namespace narrator;
+using namespace voice;
 using namespace std::chrono_literals;
 
 namespace {

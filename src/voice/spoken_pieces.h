@@ -1,11 +1,11 @@
 #pragma once
 
-#include "narrator/speech_text.h"
+#include "voice/spoken_words.h"
 
 #include <string>
 #include <vector>
 
-namespace narrator {
+namespace voice {
 
 /// What the voice says in one go.
 struct SpokenPiece
@@ -20,4 +20,4 @@ struct SpokenPiece
 /// short one, so that the voice is soon heard.
 [[nodiscard]] std::vector<SpokenPiece> spokenPieces(std::vector<SpokenWord> words);
 
-} // namespace narrator
+} // namespace voice

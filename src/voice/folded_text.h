@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace narrator {
+namespace voice {
 
 /// A text in ASCII. Whatever cannot be written so is gone; blanks of any kind are ' '.
 struct FoldedText
@@ -16,4 +16,4 @@ struct FoldedText
 
 [[nodiscard]] FoldedText foldedText(const QString& text);
 
-} // namespace narrator
+} // namespace voice

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "narrator/sound_device.h"
+#include "voice/sound_device.h"
 
-namespace narrator {
+namespace voice {
 
 /// Opens ALSA's device "default".
 [[nodiscard]] std::unique_ptr<SoundDevice> openAlsaDevice();
 
-} // namespace narrator
+} // namespace voice

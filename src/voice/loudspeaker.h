@@ -1,13 +1,13 @@
 #pragma once
 
-#include "narrator/sound_device.h"
+#include "voice/sound_device.h"
 
 #include <chrono>
 #include <cstdint>
 #include <memory>
 #include <vector>
 
-namespace narrator {
+namespace voice {
 
 /// The one thread that touches the sound device. Nobody ever waits for it, neither in a call nor at the
 /// end of this object: a sound server may never answer. The device is opened when there is something to
@@ -53,4 +53,4 @@ private:
     std::shared_ptr<Shared> shared_;
 };
 
-} // namespace narrator
+} // namespace voice

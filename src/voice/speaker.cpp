@@ -1,8 +1,8 @@
-#include "narrator/speaker.h"
+#include "voice/speaker.h"
 
-#include "narrator/alsa_device.h"
-#include "narrator/flite_synthesiser.h"
-#include "narrator/loudspeaker.h"
+#include "voice/alsa_device.h"
+#include "voice/flite_synthesiser.h"
+#include "voice/loudspeaker.h"
 
 #include <atomic>
 #include <condition_variable>
@@ -11,7 +11,7 @@
 #include <thread>
 #include <utility>
 
-namespace narrator {
+namespace voice {
 
 using namespace std::chrono_literals;
 using Milliseconds = std::chrono::milliseconds;
@@ -159,4 +159,4 @@ std::unique_ptr<Speaker> makeSpeaker()
     return makeSpeaker(makeFliteSynthesiser, openAlsaDevice);
 }
 
-} // namespace narrator
+} // namespace voice

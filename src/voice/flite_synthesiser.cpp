@@ -1,4 +1,4 @@
-#include "narrator/flite_synthesiser.h"
+#include "voice/flite_synthesiser.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,7 +10,7 @@ extern "C" {
 cst_voice* register_cmu_us_rms(const char* directory);
 }
 
-namespace narrator {
+namespace voice {
 
 using namespace std::chrono_literals;
 using Milliseconds = std::chrono::milliseconds;
@@ -146,4 +146,4 @@ std::unique_ptr<Synthesiser> makeFliteSynthesiser()
     return std::make_unique<FliteSynthesiser>();
 }
 
-} // namespace narrator
+} // namespace voice

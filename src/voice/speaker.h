@@ -1,14 +1,14 @@
 #pragma once
 
-#include "narrator/sound_device.h"
-#include "narrator/synthesiser.h"
+#include "voice/sound_device.h"
+#include "voice/synthesiser.h"
 
 #include <chrono>
 #include <cstdint>
 #include <memory>
 #include <vector>
 
-namespace narrator {
+namespace voice {
 
 /// Makes speech and plays it behind the program's back: no call takes longer than it needs to write
 /// down what is wanted. Says one text at a time.
@@ -57,4 +57,4 @@ public:
 /// The host's voice on the machine's sound. There may be one at a time.
 [[nodiscard]] std::unique_ptr<Speaker> makeSpeaker();
 
-} // namespace narrator
+} // namespace voice

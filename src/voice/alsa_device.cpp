@@ -1,12 +1,12 @@
-#include "narrator/alsa_device.h"
+#include "voice/alsa_device.h"
 
-#include "narrator/synthesiser.h"
+#include "voice/synthesiser.h"
 
 #include <alsa/asoundlib.h>
 
 #include <algorithm>
 
-namespace narrator {
+namespace voice {
 
 namespace {
 
@@ -76,4 +76,4 @@ std::unique_ptr<SoundDevice> openAlsaDevice()
     return device;
 }
 
-} // namespace narrator
+} // namespace voice

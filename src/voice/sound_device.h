@@ -6,7 +6,7 @@
 #include <memory>
 #include <span>
 
-namespace narrator {
+namespace voice {
 
 /// Where samples are heard. Used by one thread only; any call may take as long as it likes.
 class SoundDevice
@@ -30,4 +30,4 @@ public:
 /// Opens the device; none if there is none.
 using SoundDeviceFactory = std::function<std::unique_ptr<SoundDevice>()>;
 
-} // namespace narrator
+} // namespace voice

@@ -1,6 +1,6 @@
-#include "narrator/loudspeaker.h"
+#include "voice/loudspeaker.h"
 
-#include "narrator/synthesiser.h"
+#include "voice/synthesiser.h"
 
 #include <algorithm>
 #include <array>
@@ -11,7 +11,7 @@
 #include <thread>
 #include <utility>
 
-namespace narrator {
+namespace voice {
 
 using namespace std::chrono_literals;
 using Milliseconds = std::chrono::milliseconds;
@@ -270,4 +270,4 @@ bool Loudspeaker::muted() const
     return shared_->muted;
 }
 
-} // namespace narrator
+} // namespace voice

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace narrator {
+namespace voice {
 
 /// A whole number as it is said in India, in thousands, lakhs and crores. `digits` holds nothing but
 /// digits; more than fifteen of them are said one by one.
@@ -13,4 +13,4 @@ namespace narrator {
 /// Each digit by itself.
 [[nodiscard]] std::vector<std::string> digitWords(std::string_view digits);
 
-} // namespace narrator
+} // namespace voice

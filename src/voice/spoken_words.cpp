@@ -1,14 +1,14 @@
-#include "narrator/speech_text.h"
+#include "voice/spoken_words.h"
 
-#include "narrator/speech_fold.h"
-#include "narrator/spoken_number.h"
+#include "voice/folded_text.h"
+#include "voice/spoken_number.h"
 
 #include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
 
-namespace narrator {
+namespace voice {
 
 namespace {
 
@@ -333,4 +333,4 @@ std::vector<SpokenWord> spokenWords(const QString& text)
     return words;
 }
 
-} // namespace narrator
+} // namespace voice

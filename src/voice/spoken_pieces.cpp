@@ -1,11 +1,11 @@
-#include "narrator/speech_split.h"
+#include "voice/spoken_pieces.h"
 
 #include <algorithm>
 #include <array>
 #include <iterator>
 #include <string_view>
 
-namespace narrator {
+namespace voice {
 
 namespace {
 
@@ -76,4 +76,4 @@ std::vector<SpokenPiece> spokenPieces(std::vector<SpokenWord> words)
     return pieces;
 }
 
-} // namespace narrator
+} // namespace voice
