@@ -1,9 +1,7 @@
 #pragma once
 
 #include "bank/failure.h"
-#include "bank/source.h"
-
-#include <filesystem>
+#include "bank/formats.h"
 
 namespace bank {
 
@@ -13,8 +11,9 @@ struct Exported
     QStringList warnings; ///< about what was left out
 };
 
-/// Writes questions to a new file. Throws Failure if it exists already or cannot be written, if a format
-/// other than CSV would have to hold a question that breaks the rules, or Aiken more than one level.
-Exported exportQuestions(std::vector<Question> questions, const std::filesystem::path& target, Format format);
+/// Writes questions to a new file. Throws Failure if it exists already or cannot be written, or if the
+/// format does not hold questions that break the rules, or more than one level.
+Exported exportQuestions(std::vector<Question> questions, const std::filesystem::path& target,
+                         const Format& format);
 
 } // namespace bank
