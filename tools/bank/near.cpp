@@ -1,212 +1,180 @@
 #include "bank/near.h"
 
 #include "bank/text.h"
-#include "bank/words.h"
 
-#include <QHash>
+#include <QSet>
 
 #include <algorithm>
-#include <cstdint>
-#include <functional>
+#include <tuple>
 
 namespace bank {
 namespace {
 
-using Hash = std::uint64_t;
+constexpr double leastSimilarity = 0.6;
 
-// Questions that share a key are compared with so many behind them in the order of their words, so that many
-// questions of one pattern do not make the work quadratic.
-constexpr std::ptrdiff_t window = 24;
+// A question is compared with so many behind it, so that many with one right answer do not make the work
+// quadratic.
+constexpr std::size_t window = 24;
 
-constexpr std::size_t fewestWords = 3; // of fewer words, one more makes another question
-
-constexpr double similarity = 0.65;         ///< share of common words from which questions are near,
-constexpr double similarityOfOptions = 0.5; ///< and when they have the same options
-
-Hash mixed(Hash hash)
+bool isIgnored(const QString& word)
 {
-    hash ^= hash >> 31U;
-    hash *= 0x9e3779b97f4a7c15U;
-    return hash ^ (hash >> 29U);
+    static const QSet<QString> little = [] {
+        const QString words = "a an the of in on at to for from by with and or as is are was were be been "
+                              "being do does did has have had which what who whom whose when where how many "
+                              "much this that these those it its there called named known following";
+        const auto list = words.split(u' ');
+        return QSet<QString>(list.begin(), list.end());
+    }();
+    return little.contains(word);
 }
 
-Hash hashOf(const QString& text, Hash seed)
+bool isAccent(QChar c)
 {
-    return mixed(static_cast<Hash>(qHash(text, static_cast<std::size_t>(seed))) + seed);
+    // Only those of the alphabets with upper and lower case; elsewhere marks make other words.
+    return c.unicode() >= 0x300 && c.unicode() <= 0x36f;
+}
+
+bool isApostrophe(QChar c)
+{
+    return c == u'\'' || c == u'\u2019';
+}
+
+bool isSign(QChar c)
+{
+    return c.category() == QChar::Symbol_Math || QStringView(u"-*/^%").contains(c);
 }
 
 /// What is compared of a question.
 struct Sketch
 {
-    std::vector<QString> words;
-    std::vector<Hash> sorted; ///< of the words
-    Hash sum = 0;             ///< of the words, in whatever order
-    Hash sequence = 0;        ///< of the words in order
-    Hash numbers = 0;         ///< of the numeric words
-    Hash right = 0;
-    Hash options = 0; ///< of all of them, in whatever order
-    QString same;     ///< folded text
+    std::size_t question = 0;
+    std::size_t right = 0; ///< hash of the right answer
+    QString numbers;       ///< and what stands between them in a calculation
+    QString words;         ///< each with a blank before and behind it
+    QString backwards;     ///< the same from its end, for the second order
+    std::vector<std::uint64_t> trigrams;
 };
 
-Sketch sketchOf(const Question& question)
+void addWord(Sketch& sketch, QString& word)
+{
+    if (std::any_of(word.begin(), word.end(), [](QChar c) { return c.isNumber(); }))
+        sketch.numbers += word + u' ';
+    if (!word.isEmpty() && !isIgnored(word))
+        sketch.words += word + u' ';
+    word.clear();
+}
+
+void addWords(Sketch& sketch, const QString& text)
+{
+    const QString plain = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
+    // Elsewhere a dash joins or parts words.
+    const bool isArithmetic = std::any_of(plain.begin(), plain.end(), [](QChar c) { return c.isNumber(); });
+    sketch.words = " ";
+    QString word;
+    for (const QChar c : plain) {
+        if (isAccent(c) || (isApostrophe(c) && !word.isEmpty()))
+            continue;
+        if (c.isLetterOrNumber() || c.isMark() || c.isSurrogate() ||
+            (!word.isEmpty() && (c == u'+' || c == u'#'))) {
+            word += c;
+            continue;
+        }
+        addWord(sketch, word);
+        if (isArithmetic && isSign(c))
+            sketch.numbers += c;
+    }
+    addWord(sketch, word);
+}
+
+Sketch sketchOf(const Question& question, std::size_t index)
 {
     Sketch sketch;
-    sketch.words = meaningfulWords(question.text);
-    for (const QString& word : sketch.words) {
-        const Hash hash = hashOf(word, 1);
-        sketch.sorted.push_back(hash);
-        sketch.sum += hash;
-        sketch.sequence = mixed(sketch.sequence + hash);
-        sketch.numbers += isNumeric(word) ? hash : 0;
+    sketch.question = index;
+    sketch.right = qHash(folded(question.rightOption()));
+    addWords(sketch, question.text);
+    const QString& words = sketch.words;
+    for (qsizetype at = 0; at + 2 < words.size(); ++at) {
+        sketch.trigrams.push_back(std::uint64_t{words[at].unicode()} << 32U |
+                                  std::uint64_t{words[at + 1].unicode()} << 16U | words[at + 2].unicode());
     }
-    std::sort(sketch.sorted.begin(), sketch.sorted.end());
-    for (const QString& option : question.options)
-        sketch.options += hashOf(folded(option), 2);
-    sketch.right = question.rightIndex() < 0 ? 0 : hashOf(folded(question.rightOption()), 3);
-    sketch.same = folded(question.text);
+    std::sort(sketch.trigrams.begin(), sketch.trigrams.end());
+    sketch.trigrams.erase(std::unique(sketch.trigrams.begin(), sketch.trigrams.end()), sketch.trigrams.end());
+    sketch.backwards = words;
+    std::reverse(sketch.backwards.begin(), sketch.backwards.end());
     return sketch;
 }
 
-/// A key of a question. Those of the same key are candidates; `word` says in which order they stand there,
-/// and what the question has besides what the key stands for.
-struct Entry
+double similarity(const Sketch& a, const Sketch& b)
 {
-    Hash key;
-    int question;
-    QString word;
-
-    bool operator<(const Entry& other) const
-    {
-        return key != other.key     ? key < other.key
-               : word != other.word ? word < other.word
-                                    : question < other.question;
+    std::size_t common = 0;
+    for (auto x = a.trigrams.begin(), y = b.trigrams.begin();
+         x != a.trigrams.end() && y != b.trigrams.end();) {
+        if (*x == *y) {
+            ++common;
+            ++x;
+            ++y;
+        } else {
+            *x < *y ? ++x : ++y;
+        }
     }
-};
+    return static_cast<double>(common) / static_cast<double>(a.trigrams.size() + b.trigrams.size() - common);
+}
 
-class NearRepeats
+/// Sets `earliest` of each question to the first one that it nearly repeats.
+void compareNeighbours(const std::vector<Sketch>& sketches, const std::vector<Question>& questions,
+                       std::vector<std::size_t>& earliest, Progress& progress)
 {
-public:
-    NearRepeats(const Bank& bank, Progress& progress)
-        : bank_(bank), progress_(progress), twins_(bank.questions.size(), -1)
-    {
-        progress_.begin("Comparing question", 5 * static_cast<long long>(bank.questions.size()));
-        for (const Question& question : bank.questions) {
-            sketches_.push_back(sketchOf(question));
-            progress_.step();
+    for (std::size_t i = 0; i < sketches.size(); ++i) {
+        const Sketch& a = sketches[i];
+        progress.step();
+        for (std::size_t j = i + 1; j < sketches.size() && j <= i + window; ++j) {
+            const Sketch& b = sketches[j];
+            if (a.right != b.right || a.numbers != b.numbers)
+                break;
+            const auto [first, second] = std::minmax(a.question, b.question);
+            if (first < earliest[second] && similarity(a, b) >= leastSimilarity &&
+                folded(questions[first].text) != folded(questions[second].text))
+                earliest[second] = first;
         }
     }
-
-    /// For every question the earlier one that it nearly repeats, or -1.
-    const std::vector<int>& find()
-    {
-        compareAll([](const Sketch& s, auto add) { add(s.sequence, QString()); },
-                   [this](const Entry& a, const Entry& b) {
-                       return sketch(a).right == sketch(b).right || sketch(a).words.size() >= fewestWords;
-                   });
-        compareAll([](const Sketch& s, auto add) { addWithoutOneWord(s, add); },
-                   [this](const Entry& a, const Entry& b) { return differInOneWord(a, b); });
-        compareAll([](const Sketch& s, auto add) { add(s.right ^ s.options, firstWordOf(s)); },
-                   [this](const Entry& a, const Entry& b) { return areSimilar(a, b, similarityOfOptions); });
-        compareAll([](const Sketch& s, auto add) { add(s.right, firstWordOf(s)); },
-                   [this](const Entry& a, const Entry& b) { return areSimilar(a, b, similarity); });
-        return twins_;
-    }
-
-private:
-    using Add = std::function<void(Hash, QString)>;
-
-    static QString firstWordOf(const Sketch& sketch)
-    {
-        return *std::min_element(sketch.words.begin(), sketch.words.end());
-    }
-
-    static void addWithoutOneWord(const Sketch& sketch, const Add& add)
-    {
-        add(mixed(sketch.sum) ^ sketch.right, {});
-        for (const QString& word : sketch.words)
-            add(mixed(sketch.sum - hashOf(word, 1)) ^ sketch.right, word);
-    }
-
-    [[nodiscard]] const Sketch& sketch(const Entry& entry) const
-    {
-        return sketches_[static_cast<std::size_t>(entry.question)];
-    }
-
-    template <class KeysOf, class IsNear>
-    void compareAll(KeysOf keysOf, IsNear isNear)
-    {
-        std::vector<Entry> entries;
-        for (int i = 0; i < static_cast<int>(sketches_.size()); ++i) {
-            const Sketch& s = sketches_[static_cast<std::size_t>(i)];
-            if (!s.words.empty() && s.right != 0)
-                keysOf(s, [&](Hash key, const QString& word) { entries.push_back({key, i, word}); });
-        }
-        std::sort(entries.begin(), entries.end());
-        for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
-            const auto end = entries.end() - entry > window ? entry + window + 1 : entries.end();
-            for (auto other = entry + 1; other != end && other->key == entry->key; ++other)
-                if (entry->question != other->question && isNear(*entry, *other))
-                    note(entry->question, other->question);
-        }
-        progress_.step(static_cast<long long>(sketches_.size()));
-    }
-
-    void note(int a, int b)
-    {
-        int& twin = twins_[static_cast<std::size_t>(std::max(a, b))];
-        const bool equal =
-            sketches_[static_cast<std::size_t>(a)].same == sketches_[static_cast<std::size_t>(b)].same;
-        if (twin < 0 && !equal)
-            twin = std::min(a, b);
-    }
-
-    [[nodiscard]] bool differInOneWord(const Entry& a, const Entry& b) const
-    {
-        if (a.word.isEmpty() || b.word.isEmpty()) {
-            return std::min(sketch(a).words.size(), sketch(b).words.size()) >= fewestWords &&
-                   sketch(a).numbers == sketch(b).numbers;
-        }
-        return sketch(a).words.size() >= fewestWords && (a.word == b.word || alike(a.word, b.word));
-    }
-
-    [[nodiscard]] bool areSimilar(const Entry& a, const Entry& b, double wanted) const
-    {
-        const auto& x = sketch(a).sorted;
-        const auto& y = sketch(b).sorted;
-        if (sketch(a).numbers != sketch(b).numbers || sketch(a).right != sketch(b).right)
-            return false;
-        std::size_t common = 0;
-        for (auto p = x.begin(), q = y.begin(); p != x.end() && q != y.end();) {
-            if (*p == *q) {
-                ++common;
-                ++p;
-                ++q;
-            } else {
-                *p < *q ? ++p : ++q;
-            }
-        }
-        const auto all = static_cast<double>(x.size() + y.size() - common);
-        return common >= 2 && static_cast<double>(common) >= wanted * all;
-    }
-
-    const Bank& bank_;
-    Progress& progress_;
-    std::vector<Sketch> sketches_;
-    std::vector<int> twins_;
-};
+}
 
 } // namespace
 
+std::vector<Twins> nearRepeats(const std::vector<Question>& questions, Progress& progress)
+{
+    progress.begin("Comparing question", 3 * static_cast<long long>(questions.size()));
+    std::vector<Sketch> sketches;
+    for (std::size_t i = 0; i < questions.size(); ++i) {
+        progress.step();
+        if (questions[i].rightIndex() < 0)
+            continue;
+        Sketch sketch = sketchOf(questions[i], i);
+        if (!sketch.trigrams.empty())
+            sketches.push_back(std::move(sketch));
+    }
+    std::vector<std::size_t> earliest(questions.size(), questions.size());
+    // One word that is another moves a question in one of the two orders at most.
+    for (const auto order : {&Sketch::words, &Sketch::backwards}) {
+        std::sort(sketches.begin(), sketches.end(), [order](const Sketch& a, const Sketch& b) {
+            return std::tie(a.right, a.numbers, a.*order) < std::tie(b.right, b.numbers, b.*order);
+        });
+        compareNeighbours(sketches, questions, earliest, progress);
+    }
+    std::vector<Twins> twins;
+    for (std::size_t i = 0; i < questions.size(); ++i)
+        if (earliest[i] < i)
+            twins.push_back({earliest[i], i});
+    return twins;
+}
+
 void checkNearRepeats(const Bank& bank, Complaints& complaints, Progress& progress)
 {
-    const auto twins = NearRepeats(bank, progress).find();
-    for (std::size_t i = 0; i < twins.size(); ++i) {
-        if (twins[i] >= 0) {
-            const Question& earlier = bank.questions[static_cast<std::size_t>(twins[i])];
-            complaints.add(bank.questions[i].place,
-                           QString("asks nearly the same as the question \"%1\" in %2")
-                               .arg(earlier.text, earlier.place.text()));
-        }
+    for (const auto& [earlier, later] : nearRepeats(bank.questions, progress)) {
+        const Question& first = bank.questions[earlier];
+        complaints.add(
+            bank.questions[later].place,
+            QString("asks nearly the same as the question \"%1\" in %2").arg(first.text, first.place.text()));
     }
 }
 
