@@ -1,13 +1,27 @@
-#include "bank/intake.h"
-
-#include "bank/aiken.h"
+#include "bank/formats.h"
 #include "bank/lines.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace bank {
 namespace {
+
+/// Length of the marker, like "A. " or "B) ", with which an option begins; 0 if the line is none.
+qsizetype markerIn(QStringView line)
+{
+    const bool isOption = line.size() >= 3 && line[0] >= u'A' && line[0] <= u'Z' &&
+                          (line[1] == u'.' || line[1] == u')') && line[2].isSpace();
+    return isOption ? 3 : 0;
+}
+
+/// What follows "ANSWER:" in the line of the right answer.
+std::optional<QStringView> answerIn(QStringView line)
+{
+    constexpr QStringView word = u"ANSWER:";
+    return line.startsWith(word) ? std::optional(line.mid(word.size())) : std::nullopt;
+}
 
 struct Block
 {
@@ -43,16 +57,14 @@ void finish(const Block& block, const Line& last, Intake& intake)
     Question question;
     question.place = block.text.front().place;
     question.text = joined(block.text);
-    question.right = aiken::answerIn(last.text)->trimmed().toString();
-    for (std::size_t i = 0; i < block.options.size(); ++i)
-        question.options.at(i) = block.options.at(i).second.text;
-    const Place text = question.place;
-    intake.accept(std::move(question), [&](Field field) {
-        const auto option = static_cast<std::size_t>(field) - static_cast<std::size_t>(Field::A);
-        return field == Field::Right           ? last.place
-               : option < block.options.size() ? block.options.at(option).second.place
-                                               : text;
-    });
+    question.right = answerIn(last.text)->trimmed().toString();
+    for (std::size_t i = 0; i < block.options.size(); ++i) {
+        const Line& option = block.options.at(i).second;
+        question.options.at(i) = option.text;
+        question.spot(optionFields.at(i)) = {option.place.line, option.place.column};
+    }
+    question.spot(Field::Right) = {last.place.line, last.place.column};
+    intake.accept(std::move(question));
 }
 
 void addOption(Block& block, const Line& line, qsizetype marker)
@@ -64,23 +76,6 @@ void addOption(Block& block, const Line& line, qsizetype marker)
 }
 
 } // namespace
-
-namespace aiken {
-
-qsizetype markerIn(QStringView line)
-{
-    const bool isOption = line.size() >= 3 && line[0] >= u'A' && line[0] <= u'Z' &&
-                          (line[1] == u'.' || line[1] == u')') && line[2].isSpace();
-    return isOption ? 3 : 0;
-}
-
-std::optional<QStringView> answerIn(QStringView line)
-{
-    constexpr QStringView word = u"ANSWER:";
-    return line.startsWith(word) ? std::optional(line.mid(word.size())) : std::nullopt;
-}
-
-} // namespace aiken
 
 void readAiken(const std::filesystem::path& file, Intake& intake)
 {
@@ -94,8 +89,8 @@ void readAiken(const std::filesystem::path& file, Intake& intake)
         if (line.text.isEmpty())
             continue;
         last = line;
-        const qsizetype marker = aiken::markerIn(line.text);
-        if (aiken::answerIn(line.text))
+        const qsizetype marker = markerIn(line.text);
+        if (answerIn(line.text))
             finish(std::exchange(block, {}), line, intake);
         else if (marker > 0 && !block.text.empty())
             addOption(block, line, marker);
@@ -106,6 +101,23 @@ void readAiken(const std::filesystem::path& file, Intake& intake)
     }
     if (!block.text.empty())
         intake.complaints.add(last.place, "the last question has no line \"ANSWER: \"");
+}
+
+QByteArray writeAiken(const std::vector<Question>& questions)
+{
+    QString content;
+    for (const Question& question : questions) {
+        content += question.text + u'\n';
+        for (const Field field : optionFields)
+            content += nameOf(field) + ". " + question.at(field) + u'\n';
+        content += "ANSWER: " + question.right + "\n\n";
+    }
+    return content.toUtf8();
+}
+
+bool aikenHolds(const Question& question)
+{
+    return markerIn(question.text) == 0 && !answerIn(question.text);
 }
 
 } // namespace bank

@@ -1,9 +1,7 @@
-#include "bank/intake.h"
-
+#include "bank/formats.h"
 #include "bank/lines.h"
 
 #include <algorithm>
-#include <map>
 #include <utility>
 
 namespace bank {
@@ -13,8 +11,7 @@ namespace {
 struct Record
 {
     Question question;
-    std::map<Field, Place> places; ///< of the fields that were given
-    bool repeats = false;          ///< a field was given twice and complained about
+    bool repeats = false; ///< a field was given twice and complained about
 };
 
 void addField(const Line& line, Record& record, Complaints& complaints)
@@ -33,9 +30,9 @@ void addField(const Line& line, Record& record, Complaints& complaints)
     }
     const auto field = static_cast<Field>(known - fieldNames.begin());
     const QStringView text = QStringView(line.text).mid(colon + 1).trimmed();
-    Place place = line.place;
-    place.column += static_cast<int>(text.data() - line.text.data());
-    if (record.places.try_emplace(field, place).second) {
+    Spot& spot = record.question.spot(field);
+    if (spot.line == 0) {
+        spot = {line.place.line, line.place.column + static_cast<int>(text.data() - line.text.data())};
         record.question.at(field) = text.toString();
     } else if (!std::exchange(record.repeats, true)) {
         complaints.add(line.place,
@@ -45,13 +42,8 @@ void addField(const Line& line, Record& record, Complaints& complaints)
 
 void addQuestion(Record record, Intake& intake)
 {
-    const Place first = record.question.place;
-    if (first.line == 0)
-        return;
-    intake.accept(std::move(record.question), [&](Field field) {
-        const auto place = record.places.find(field);
-        return place == record.places.end() ? first : place->second;
-    });
+    if (record.question.place.line > 0)
+        intake.accept(std::move(record.question));
 }
 
 } // namespace
@@ -71,6 +63,19 @@ void readRecords(const std::filesystem::path& file, Intake& intake)
         addField(line, record, intake.complaints);
     }
     addQuestion(std::move(record), intake);
+}
+
+QByteArray writeRecords(const std::vector<Question>& questions)
+{
+    QString content = "# The database holds neither topic nor why: add them before this becomes the "
+                      "source of a bank.\n\n";
+    for (const Question& question : questions) {
+        for (const Field field :
+             {Field::Level, Field::Question, Field::A, Field::B, Field::C, Field::D, Field::Right})
+            content += nameOf(field) + ": " + question.at(field) + u'\n';
+        content += u'\n';
+    }
+    return content.toUtf8();
 }
 
 } // namespace bank

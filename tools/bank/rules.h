@@ -2,7 +2,6 @@
 
 #include "bank/failure.h"
 
-#include <functional>
 #include <vector>
 
 namespace bank {
@@ -33,9 +32,8 @@ enum class Texts {
 /// nothing but case and blanks.
 [[nodiscard]] std::vector<Breach> breaches(const Question& question, Texts demanded);
 
-/// Complains about every breach at the place that `placeOf` gives for its field.
-void checkQuestion(const Question& question, Texts demanded, const std::function<Place(Field)>& placeOf,
-                   Complaints& complaints);
+/// Complains about every breach at the place of its text.
+void checkQuestion(const Question& question, Texts demanded, Complaints& complaints);
 
 /// Complains about prompts that are empty, too long or hold control characters.
 void checkPrompt(const Prompt& prompt, Complaints& complaints);

@@ -14,16 +14,12 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <map>
 #include <ostream>
 
 namespace bank {
 namespace {
 
 enum Exit { Done = 0, NotDone = 1, WrongUsage = 2, Faulty = 3 };
-
-const std::map<std::string, Format> formats = {
-    {"csv", Format::Csv}, {"gift", Format::Gift}, {"aiken", Format::Aiken}, {"text", Format::Text}};
 
 /// What the command line says, and where the answers go.
 struct Command
@@ -35,7 +31,7 @@ struct Command
     std::string other; ///< the file or folder besides it
     std::string name;
     std::string level;
-    std::optional<Format> format;
+    const Format* format = nullptr;
     ImportOptions import;
     bool generate = false;
     int exitCode = Done;
@@ -146,7 +142,7 @@ void importSource(Command& command)
 
 void exportBank(Command& command)
 {
-    const Format format = command.format ? *command.format : formatOf(command.other);
+    const Format& format = command.format ? *command.format : formatOf(command.other);
     Store store(command.file);
     store.require("questions");
     std::vector<Question> questions = store.questions(command.progress);
@@ -208,9 +204,15 @@ CLI::Option* addFile(CLI::App* sub, Command& command)
 
 void addFormat(CLI::App* sub, Command& command)
 {
-    sub->add_option("--format", command.format,
-                    "csv, gift, aiken or text; without it the name of the file tells")
-        ->transform(CLI::CheckedTransformer(formats, CLI::ignore_case))
+    sub->add_option_function<std::string>(
+           "--format",
+           [&command](const std::string& name) {
+               command.format = formatNamed(name);
+               if (!command.format)
+                   throw CLI::ValidationError("--format",
+                                              '"' + name + "\" is none of csv, gift, aiken, text");
+           },
+           "csv, gift, aiken or text; without it the name of the file tells")
         ->option_text("FORMAT");
 }
 
@@ -292,7 +294,7 @@ int run(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
     app.require_subcommand(1);
     app.footer(
         "Exit code: 0 done, 1 not done because of what was told, 2 wrong usage, 3 check found faults.");
-    Command command{out, err, Progress(terminal), {}, {}, {}, {}, {}, {}, false, Done};
+    Command command{out, err, Progress(terminal), {}, {}, {}, {}, nullptr, {}, false, Done};
     declare(app, command);
     try {
         app.parse(argc, argv);

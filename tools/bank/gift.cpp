@@ -1,4 +1,4 @@
-#include "bank/intake.h"
+#include "bank/formats.h"
 #include "bank/lines.h"
 #include "bank/text.h"
 
@@ -139,18 +139,17 @@ private:
             return;
         const Piece text = questionOf(block, open, close);
         Question question;
-        question.place = block.placeOf(0);
+        question.place = text.place;
         question.level = level_;
         question.text = text.text;
         for (std::size_t i = 0; i < answers->size(); ++i) {
-            question.options.at(i) = plain(answers->at(i).piece.text);
+            const Piece& piece = answers->at(i).piece;
+            question.options.at(i) = plain(piece.text);
+            question.spot(optionFields.at(i)) = {piece.place.line, piece.place.column};
             if (answers->at(i).right)
                 question.right = nameOf(optionFields.at(i));
         }
-        intake_.accept(question, [&](Field field) {
-            const auto option = static_cast<std::size_t>(field) - static_cast<std::size_t>(Field::A);
-            return option < answers->size() ? answers->at(option).piece.place : text.place;
-        });
+        intake_.accept(std::move(question));
     }
 
     /// The question without its title and the name of its markup. A gap in the middle becomes a line.
@@ -209,11 +208,49 @@ private:
     QString level_;
 };
 
+QString giftText(const QString& text)
+{
+    QString escaped;
+    for (const QChar c : text) {
+        if (QStringView(u"~=#{}:\\").contains(c))
+            escaped += u'\\';
+        escaped += c;
+    }
+    return escaped;
+}
+
+QString giftOption(const QString& text)
+{
+    // A percent sign in front would begin a weight.
+    return (text.startsWith(u'%') ? "\\" : QString()) + giftText(text);
+}
+
 } // namespace
 
 void readGift(const std::filesystem::path& file, Intake& intake)
 {
     GiftReader(intake).read(file);
+}
+
+QByteArray writeGift(const std::vector<Question>& questions)
+{
+    QString content;
+    QString level;
+    int number = 0;
+    for (const Question& question : questions) {
+        if (question.level != level) {
+            level = question.level;
+            content += QString("$CATEGORY: level %1\n\n").arg(level);
+        }
+        // Behind a title no text can be taken for a comment, a category or the name of a markup.
+        content += QString("::%1::[plain]").arg(++number) + giftText(question.text) + " {\n";
+        for (std::size_t i = 0; i < question.options.size(); ++i) {
+            const bool right = static_cast<int>(i) == question.rightIndex();
+            content += u'\t' + QString(right ? u'=' : u'~') + giftOption(question.options.at(i)) + u'\n';
+        }
+        content += "}\n\n";
+    }
+    return content.toUtf8();
 }
 
 } // namespace bank

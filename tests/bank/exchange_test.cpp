@@ -1,9 +1,8 @@
 #include "folder.h"
 
 #include "bank/create.h"
-#include "bank/rules.h"
+#include "bank/formats.h"
 #include "bank/text.h"
-#include "bank/writers.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
@@ -40,7 +39,7 @@ bank::Bank randomBank(std::size_t count)
             question.tallies.at(i) = 1 + random() % 3;
         }
         question.right = QString("ABCD").mid(random() % 4, 1);
-        if (bank::breaches(question, bank::Texts::Played).empty() && bank::writers::aikenHolds(question))
+        if (bank::breaches(question, bank::Texts::Played).empty() && bank::aikenHolds(question))
             bank.questions.push_back(question);
     }
     return bank;

@@ -9,11 +9,11 @@ Intake::Intake(Texts demanded, QString level, Progress& progress)
 {
 }
 
-void Intake::accept(Question question, const std::function<Place(Field)>& placeOf)
+void Intake::accept(Question question)
 {
     if (question.level.isEmpty())
         question.level = level_;
-    checkQuestion(question, demanded_, placeOf, complaints);
+    checkQuestion(question, demanded_, complaints);
     bank.questions.push_back(std::move(question));
     progress_.step();
 }

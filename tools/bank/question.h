@@ -32,10 +32,18 @@ inline constexpr std::array<Field, 4> optionFields = {Field::A, Field::B, Field:
     return QString::fromLatin1(fieldNames.at(static_cast<std::size_t>(field)));
 }
 
+/// Line and column of a text in the file of its question; line 0 if that is not known.
+struct Spot
+{
+    int line = 0;
+    int column = 0;
+};
+
 /// One question as its author wrote it. A text that the author left out is empty.
 struct Question
 {
     Place place; ///< first line of the record
+    std::array<Spot, fieldNames.size()> spots{};
     QString level;
     QString topic;
     QString text;
@@ -47,6 +55,11 @@ struct Question
 
     [[nodiscard]] QString& at(Field field);
     [[nodiscard]] const QString& at(Field field) const { return const_cast<Question*>(this)->at(field); }
+
+    [[nodiscard]] Spot& spot(Field field) { return spots.at(static_cast<std::size_t>(field)); }
+
+    /// Where the text of the field stands, or else the question.
+    [[nodiscard]] Place placeOf(Field field) const;
 
     /// Index of the right option, -1 while `right` is no letter from A to D.
     [[nodiscard]] int rightIndex() const;

@@ -1,6 +1,6 @@
-#include "bank/csv.h"
-#include "bank/intake.h"
+#include "bank/formats.h"
 #include "bank/lines.h"
+#include "bank/text.h"
 
 #include <QHash>
 
@@ -8,6 +8,123 @@
 
 namespace bank {
 namespace {
+
+/// One field of a CSV record, without blanks at either end.
+struct Cell
+{
+    QString text;
+    int line = 0;
+    qsizetype offset = 0;    ///< where it begins in the file,
+    qsizetype lineStart = 0; ///< and where its line does
+};
+
+/// Takes a CSV text apart, record by record. Lines end in LF, CR LF or CR.
+class CsvRecords
+{
+public:
+    /// `content` must outlive this object. Complaints name `file`.
+    CsvRecords(const QString& content, QChar separator, QString file);
+
+    /// The next record, until there is none.
+    [[nodiscard]] bool next(std::vector<Cell>& record, Complaints& complaints);
+
+    [[nodiscard]] Place placeOf(const Cell& cell) const;
+
+private:
+    [[nodiscard]] Cell cell(Complaints& complaints);
+    [[nodiscard]] QString quoted(const Cell& cell, Complaints& complaints);
+    [[nodiscard]] QStringView unquoted();
+    [[nodiscard]] bool atCellEnd() const;
+    void endLine();
+
+    const QString& content_;
+    QChar separator_;
+    QString file_;
+    qsizetype at_ = 0;
+    qsizetype lineStart_ = 0;
+    int line_ = 1;
+};
+
+CsvRecords::CsvRecords(const QString& content, QChar separator, QString file)
+    : content_(content), separator_(separator), file_(std::move(file))
+{
+}
+
+bool CsvRecords::next(std::vector<Cell>& record, Complaints& complaints)
+{
+    record.clear();
+    if (at_ >= content_.size())
+        return false;
+    record.push_back(cell(complaints));
+    while (at_ < content_.size() && content_[at_] == separator_) {
+        ++at_;
+        record.push_back(cell(complaints));
+    }
+    if (at_ < content_.size())
+        endLine();
+    return true;
+}
+
+Place CsvRecords::placeOf(const Cell& cell) const
+{
+    const auto before = QStringView(content_).mid(cell.lineStart, cell.offset - cell.lineStart);
+    return {file_, cell.line, static_cast<int>(length(before)) + 1};
+}
+
+Cell CsvRecords::cell(Complaints& complaints)
+{
+    Cell cell{{}, line_, at_, lineStart_};
+    const bool isQuoted = at_ < content_.size() && content_[at_] == u'"';
+    cell.text = isQuoted ? quoted(cell, complaints).trimmed() : unquoted().trimmed().toString();
+    return cell;
+}
+
+QString CsvRecords::quoted(const Cell& cell, Complaints& complaints)
+{
+    QString text;
+    for (++at_; at_ < content_.size(); ++at_) {
+        const QChar c = content_[at_];
+        if (c == u'"') {
+            ++at_;
+            if (at_ == content_.size() || content_[at_] != u'"') {
+                if (!atCellEnd()) {
+                    complaints.add(placeOf(cell), "the text goes on behind its closing quotation mark; a "
+                                                  "quotation mark inside a text must be doubled");
+                    text += unquoted();
+                }
+                return text;
+            }
+        } else if (c == u'\n') {
+            ++line_;
+            lineStart_ = at_ + 1;
+        }
+        text += c;
+    }
+    complaints.add(placeOf(cell), "the quotation mark that opens here is never closed");
+    return text;
+}
+
+QStringView CsvRecords::unquoted()
+{
+    const qsizetype start = at_;
+    while (!atCellEnd())
+        ++at_;
+    return QStringView(content_).mid(start, at_ - start);
+}
+
+bool CsvRecords::atCellEnd() const
+{
+    return at_ >= content_.size() || content_[at_] == separator_ || content_[at_] == u'\n' ||
+           content_[at_] == u'\r';
+}
+
+void CsvRecords::endLine()
+{
+    const bool isPair = content_[at_] == u'\r' && at_ + 1 < content_.size() && content_[at_ + 1] == u'\n';
+    at_ += isPair ? 2 : 1;
+    lineStart_ = at_;
+    ++line_;
+}
 
 // What a column holds: a field of a question by its number, or one of these.
 constexpr int unused = -1;
@@ -171,19 +288,15 @@ private:
                 question.key = cells[i].text;
             else if (column != unused)
                 question.at(static_cast<Field>(column)) = cells[i].text;
+            if (column >= 0 && column <= key) {
+                const Place place = records_.placeOf(cells[i]);
+                question.spot(column == key ? Field::Right : static_cast<Field>(column)) = {place.line,
+                                                                                            place.column};
+            }
         }
         if (question.right.isEmpty() && !question.key.isEmpty())
             question.findRight();
-        intake_.accept(std::move(question), [&](Field field) { return placeOf(field, cells); });
-    }
-
-    [[nodiscard]] Place placeOf(Field field, const std::vector<Cell>& cells) const
-    {
-        auto found = std::find(columns_.begin(), columns_.end(), number(field));
-        if (found == columns_.end() && field == Field::Right)
-            found = std::find(columns_.begin(), columns_.end(), key);
-        const auto index = static_cast<std::size_t>(found - columns_.begin());
-        return records_.placeOf(cells.at(index < columns_.size() ? index : 0));
+        intake_.accept(std::move(question));
     }
 
     CsvRecords records_;
@@ -192,6 +305,16 @@ private:
     std::vector<Cell> header_;
     std::vector<int> columns_;
 };
+
+QString csvCell(QString text)
+{
+    const auto needsMarks = [](QChar c) {
+        return c == u'"' || c == u',' || c == u';' || c == u'\t' || c == u'\n' || c == u'\r';
+    };
+    if (std::none_of(text.cbegin(), text.cend(), needsMarks))
+        return text;
+    return u'"' + text.replace(u'"', "\"\"") + u'"';
+}
 
 } // namespace
 
@@ -203,6 +326,22 @@ void readCsv(const std::filesystem::path& file, Intake& intake)
         return;
     }
     CsvSource(content, nameOf(file), intake).read();
+}
+
+QByteArray writeCsv(const std::vector<Question>& questions)
+{
+    QString content(QChar::ByteOrderMark);
+    content += "level,question,A,B,C,D,right,tally A,tally B,tally C,tally D\r\n";
+    for (const Question& question : questions) {
+        QStringList cells;
+        for (const Field field :
+             {Field::Level, Field::Question, Field::A, Field::B, Field::C, Field::D, Field::Right})
+            cells << csvCell(question.at(field));
+        for (const qint64 tally : question.tallies)
+            cells << QString::number(tally);
+        content += cells.join(u',') + "\r\n";
+    }
+    return content.toUtf8();
 }
 
 } // namespace bank

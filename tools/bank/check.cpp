@@ -62,8 +62,7 @@ Complaints checkStore(Store& store, Progress& progress)
     bank.questions = store.questions(progress);
     progress.begin("Checking question", static_cast<long long>(bank.questions.size()));
     for (const Question& question : bank.questions) {
-        checkQuestion(
-            question, Texts::Played, [&](Field) { return question.place; }, complaints);
+        checkQuestion(question, Texts::Played, complaints);
         progress.step();
     }
     checkEnough(bank, whole, complaints);

@@ -31,6 +31,12 @@ QString& Question::at(Field field)
     }
 }
 
+Place Question::placeOf(Field field) const
+{
+    const Spot& spot = spots.at(static_cast<std::size_t>(field));
+    return spot.line > 0 ? Place{place.file, spot.line, spot.column} : place;
+}
+
 int Question::rightIndex() const
 {
     const bool isLetter = right.size() == 1 && right.front() >= u'A' && right.front() <= u'D';

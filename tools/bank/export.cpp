@@ -3,7 +3,6 @@
 #include "bank/lines.h"
 #include "bank/new_file.h"
 #include "bank/rules.h"
-#include "bank/writers.h"
 
 #include <QFile>
 
@@ -15,10 +14,8 @@ namespace {
 void requireSound(const std::vector<Question>& questions)
 {
     Complaints complaints;
-    for (const Question& question : questions) {
-        checkQuestion(
-            question, Texts::Played, [&](Field) { return question.place; }, complaints);
-    }
+    for (const Question& question : questions)
+        checkQuestion(question, Texts::Played, complaints);
     if (!complaints.empty()) {
         throw Failure(complaints.lines().join(u'\n') +
                       "\nNothing was exported: only CSV holds questions with such faults");
@@ -26,10 +23,10 @@ void requireSound(const std::vector<Question>& questions)
 }
 
 /// Removes the questions whose text Aiken would take for an option or an answer.
-void removeMisleading(std::vector<Question>& questions, Complaints& complaints)
+void removeMisleading(std::vector<Question>& questions, const Format& format, Complaints& complaints)
 {
     std::erase_if(questions, [&](const Question& question) {
-        const bool holds = writers::aikenHolds(question);
+        const bool holds = format.holds(question);
         if (!holds)
             complaints.warn(question.place, "is left out, Aiken would take its text for an option or "
                                             "an answer");
@@ -44,10 +41,10 @@ void requireOneLevel(const std::vector<Question>& questions)
         throw Failure("Aiken holds no levels: export one at a time with --level");
 }
 
-void warnOfLosses(const std::vector<Question>& questions, const Place& target, Format format,
+void warnOfLosses(const std::vector<Question>& questions, const Place& target, const Format& format,
                   Complaints& complaints)
 {
-    if (format == Format::Csv) {
+    if (format.holdsAll) {
         for (const Question& question : questions) {
             if (question.right.isEmpty()) {
                 complaints.warn(
@@ -61,40 +58,26 @@ void warnOfLosses(const std::vector<Question>& questions, const Place& target, F
     const auto isPlayed = [](const Question& question) { return question.tallies != Question().tallies; };
     if (std::any_of(questions.begin(), questions.end(), isPlayed))
         complaints.warn(target, "how often the options were chosen is left out, only CSV holds it");
-    if (format == Format::Aiken)
+    if (!format.holdsLevels)
         complaints.warn(target, "the level is left out, Aiken does not hold it; import with --level");
-}
-
-QByteArray contentOf(const std::vector<Question>& questions, Format format)
-{
-    switch (format) {
-    case Format::Csv:
-        return writers::csv(questions);
-    case Format::Gift:
-        return writers::gift(questions);
-    case Format::Aiken:
-        return writers::aiken(questions);
-    case Format::Text:
-        return writers::records(questions);
-    }
-    return {};
 }
 
 } // namespace
 
-Exported exportQuestions(std::vector<Question> questions, const std::filesystem::path& target, Format format)
+Exported exportQuestions(std::vector<Question> questions, const std::filesystem::path& target,
+                         const Format& format)
 {
     Complaints complaints;
     NewFile newFile(target);
-    if (format != Format::Csv)
+    if (!format.holdsAll)
         requireSound(questions);
-    if (format == Format::Aiken) {
+    if (!format.holdsLevels)
         requireOneLevel(questions);
-        removeMisleading(questions, complaints);
-    }
+    if (format.holds)
+        removeMisleading(questions, format, complaints);
     warnOfLosses(questions, {nameOf(target)}, format, complaints);
     QFile file(newFile.temporary());
-    const QByteArray content = contentOf(questions, format);
+    const QByteArray content = format.write(questions);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
         throw Failure(QString("%1 cannot be written: %2").arg(nameOf(target), file.errorString()));
     file.close();

@@ -131,11 +131,10 @@ std::vector<Breach> breaches(const Question& question, Texts demanded)
     return found;
 }
 
-void checkQuestion(const Question& question, Texts demanded, const std::function<Place(Field)>& placeOf,
-                   Complaints& complaints)
+void checkQuestion(const Question& question, Texts demanded, Complaints& complaints)
 {
     for (const Breach& breach : breaches(question, demanded))
-        complaints.add(placeOf(breach.field), breach.reason);
+        complaints.add(question.placeOf(breach.field), breach.reason);
 }
 
 void checkPrompt(const Prompt& prompt, Complaints& complaints)

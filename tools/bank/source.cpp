@@ -36,22 +36,6 @@ std::vector<std::filesystem::path> questionFiles(const std::filesystem::path& fo
 
 } // namespace
 
-Format formatOf(const std::filesystem::path& file)
-{
-    constexpr std::pair<const char*, Format> endings[] = {{".csv", Format::Csv},
-                                                          {".tsv", Format::Csv},
-                                                          {".gift", Format::Gift},
-                                                          {".aiken", Format::Aiken},
-                                                          {".txt", Format::Text}};
-    const QString ending = QString::fromStdString(file.extension().string()).toLower();
-    for (const auto& [known, format] : endings)
-        if (ending == QString(known))
-            return format;
-    throw Failure(QString("%1: the name tells no format; end it in .csv, .gift, .aiken or .txt, or give "
-                          "--format")
-                      .arg(nameOf(file)));
-}
-
 void readFolder(const std::filesystem::path& folder, Intake& intake)
 {
     for (const auto& file : questionFiles(folder))
@@ -59,21 +43,13 @@ void readFolder(const std::filesystem::path& folder, Intake& intake)
     readPrompts(folder / "prompts.txt", intake);
 }
 
-void readSource(const std::filesystem::path& source, std::optional<Format> format, Intake& intake)
+void readSource(const std::filesystem::path& source, const Format* format, Intake& intake)
 {
     std::error_code ignored;
     if (std::filesystem::is_directory(source, ignored))
-        return readFolder(source, intake);
-    switch (format ? *format : formatOf(source)) {
-    case Format::Csv:
-        return readCsv(source, intake);
-    case Format::Gift:
-        return readGift(source, intake);
-    case Format::Aiken:
-        return readAiken(source, intake);
-    case Format::Text:
-        return readRecords(source, intake);
-    }
+        readFolder(source, intake);
+    else
+        (format ? *format : formatOf(source)).read(source, intake);
 }
 
 } // namespace bank
