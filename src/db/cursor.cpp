@@ -23,21 +23,21 @@ public:
 
     void step(Direction direction, qint64 skipped) override
     {
-        const bool fromKey = place() == Place::Row || place() == Place::Gap;
+        const bool fromKey = position() == Position::Row || position() == Position::Gap;
         if (const auto found = neighbour(direction, fromKey, skipped))
-            settle(Place::Row, *found);
+            settle(Position::Row, *found);
         else
-            settle(direction == Direction::Forward ? Place::After : Place::Before);
+            settle(direction == Direction::Forward ? Position::After : Position::Before);
     }
 
-    void added(qint64 key) override { settle(Place::Row, key); }
-    void deleted() override { settle(Place::Gap, key()); }
+    void added(qint64 key) override { settle(Position::Row, key); }
+    void deleted() override { settle(Position::Gap, key()); }
 
 private:
     void toEnd(Direction direction)
     {
         const auto found = neighbour(direction, false, 0);
-        settle(found ? Place::Row : Place::Empty, found.value_or(0));
+        settle(found ? Position::Row : Position::Empty, found.value_or(0));
     }
 
     std::optional<qint64> neighbour(Direction direction, bool fromKey, qint64 skipped)
@@ -71,18 +71,20 @@ public:
         });
     }
 
-    void first() override { keys_.empty() ? settle(Place::Empty) : settleAt(0); }
-    void last() override { keys_.empty() ? settle(Place::Empty) : settleAt(size() - 1); }
+    void first() override { keys_.empty() ? settle(Position::Empty) : settleAt(0); }
+    void last() override { keys_.empty() ? settle(Position::Empty) : settleAt(size() - 1); }
 
     void step(Direction direction, qint64 skipped) override
     {
         // In a gap index_ is that of the row behind it.
-        const qint64 here = place() == Place::Before ? -1 : place() == Place::After ? size() : index_;
-        const qint64 next = place() == Place::Gap ? here : here + 1;
+        const qint64 here = position() == Position::Before  ? -1
+                            : position() == Position::After ? size()
+                                                            : index_;
+        const qint64 next = position() == Position::Gap ? here : here + 1;
         if (direction == Direction::Forward)
-            skipped < size() - next ? settleAt(next + skipped) : settle(Place::After);
+            skipped < size() - next ? settleAt(next + skipped) : settle(Position::After);
         else
-            skipped < here ? settleAt(here - 1 - skipped) : settle(Place::Before);
+            skipped < here ? settleAt(here - 1 - skipped) : settle(Position::Before);
     }
 
     void added(qint64 key) override
@@ -94,7 +96,7 @@ public:
     void deleted() override
     {
         keys_.erase(keys_.begin() + index_);
-        settle(Place::Gap);
+        settle(Position::Gap);
     }
 
 private:
@@ -103,7 +105,7 @@ private:
     void settleAt(qint64 index)
     {
         index_ = index;
-        settle(Place::Row, keys_[static_cast<std::size_t>(index)]);
+        settle(Position::Row, keys_[static_cast<std::size_t>(index)]);
     }
 
     std::vector<qint64> keys_;
@@ -112,9 +114,9 @@ private:
 
 } // namespace
 
-void Cursor::settle(Place place, qint64 key)
+void Cursor::settle(Position position, qint64 key)
 {
-    place_ = place;
+    position_ = position;
     key_ = key;
 }
 

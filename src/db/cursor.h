@@ -12,7 +12,7 @@ namespace db {
 class Cursor
 {
 public:
-    enum class Place {
+    enum class Position {
         Empty,  ///< there was no row when the cursor was last sent to one end
         Before, ///< in front of the first row
         Row,
@@ -27,7 +27,7 @@ public:
     Cursor(Cursor&&) = delete;
     Cursor& operator=(Cursor&&) = delete;
 
-    [[nodiscard]] Place place() const { return place_; }
+    [[nodiscard]] Position position() const { return position_; }
     [[nodiscard]] qint64 key() const { return key_; }
 
     virtual void first() = 0;
@@ -40,10 +40,10 @@ public:
     virtual void deleted() = 0;
 
 protected:
-    void settle(Place place, qint64 key = 0);
+    void settle(Position position, qint64 key = 0);
 
 private:
-    Place place_ = Place::Empty;
+    Position position_ = Position::Empty;
     qint64 key_ = 0;
 };
 

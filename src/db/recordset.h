@@ -1,16 +1,12 @@
 #pragma once
 
-#include "db/failure.h"
-#include "db/statements.h"
+#include "db/connection.h"
 
 #include <QAnyStringView>
-#include <QString>
 
 #include <memory>
 
 namespace db {
-
-class Connection;
 
 enum class Lock {
     ReadOnly,
@@ -32,7 +28,7 @@ public:
     /// Stands on the first row afterwards. An open recordset is closed first.
     void Open(const Query& query, Connection& connection, Lock lock);
     void Close() noexcept;
-    [[nodiscard]] bool isOpen() const noexcept { return core_ != nullptr; }
+    [[nodiscard]] bool isOpen() const noexcept { return state_ != nullptr; }
 
     /// Before the first row, after the last row; both where there was no row at all.
     [[nodiscard]] bool Bof() const;
@@ -69,10 +65,10 @@ public:
     void Delete();
 
 private:
-    class Core;
-    [[nodiscard]] Core& core() const;
+    struct State;
+    [[nodiscard]] State& state() const;
 
-    std::unique_ptr<Core> core_;
+    std::unique_ptr<State> state_;
 };
 
 } // namespace db
