@@ -25,19 +25,19 @@ public:
     {
         const bool fromKey = position() == Position::Row || position() == Position::Gap;
         if (const auto found = neighbour(direction, fromKey, skipped))
-            settle(Position::Row, *found);
+            goTo({Position::Row, *found});
         else
-            settle(direction == Direction::Forward ? Position::After : Position::Before);
+            goTo({direction == Direction::Forward ? Position::After : Position::Before});
     }
 
-    void added(qint64 key) override { settle(Position::Row, key); }
-    void deleted() override { settle(Position::Gap, key()); }
+    void added(qint64 key) override { goTo({Position::Row, key}); }
+    void deleted() override { goTo({Position::Gap, key()}); }
 
 private:
     void toEnd(Direction direction)
     {
         const auto found = neighbour(direction, false, 0);
-        settle(found ? Position::Row : Position::Empty, found.value_or(0));
+        goTo({found ? Position::Row : Position::Empty, found.value_or(0)});
     }
 
     std::optional<qint64> neighbour(Direction direction, bool fromKey, qint64 skipped)
@@ -71,20 +71,19 @@ public:
         });
     }
 
-    void first() override { keys_.empty() ? settle(Position::Empty) : settleAt(0); }
-    void last() override { keys_.empty() ? settle(Position::Empty) : settleAt(size() - 1); }
+    void first() override { keys_.empty() ? goTo({}) : goToIndex(0); }
+    void last() override { keys_.empty() ? goTo({}) : goToIndex(size() - 1); }
 
     void step(Direction direction, qint64 skipped) override
     {
-        // In a gap index_ is that of the row behind it.
         const qint64 here = position() == Position::Before  ? -1
                             : position() == Position::After ? size()
-                                                            : index_;
+                                                            : bookmark().index;
         const qint64 next = position() == Position::Gap ? here : here + 1;
         if (direction == Direction::Forward)
-            skipped < size() - next ? settleAt(next + skipped) : settle(Position::After);
+            skipped < size() - next ? goToIndex(next + skipped) : goTo({Position::After});
         else
-            skipped < here ? settleAt(here - 1 - skipped) : settle(Position::Before);
+            skipped < here ? goToIndex(here - 1 - skipped) : goTo({Position::Before});
     }
 
     void added(qint64 key) override
@@ -95,30 +94,19 @@ public:
 
     void deleted() override
     {
-        keys_.erase(keys_.begin() + index_);
-        settle(Position::Gap);
+        keys_.erase(keys_.begin() + bookmark().index);
+        goTo({Position::Gap, 0, bookmark().index});
     }
 
 private:
     [[nodiscard]] qint64 size() const { return static_cast<qint64>(keys_.size()); }
 
-    void settleAt(qint64 index)
-    {
-        index_ = index;
-        settle(Position::Row, keys_[static_cast<std::size_t>(index)]);
-    }
+    void goToIndex(qint64 index) { goTo({Position::Row, keys_[static_cast<std::size_t>(index)], index}); }
 
     std::vector<qint64> keys_;
-    qint64 index_ = 0;
 };
 
 } // namespace
-
-void Cursor::settle(Position position, qint64 key)
-{
-    position_ = position;
-    key_ = key;
-}
 
 std::unique_ptr<Cursor> makecursor(Handle& handle, const Query& query, const Layout& layout)
 {

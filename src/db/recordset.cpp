@@ -3,12 +3,14 @@
 #include "db/cursor.h"
 #include "db/row_access.h"
 
+#include <functional>
 #include <optional>
 #include <utility>
 
 namespace db {
 
 using Position = Cursor::Position;
+using sql::Direction;
 
 /// What an open recordset holds.
 struct Recordset::State
@@ -41,12 +43,38 @@ struct Recordset::State
             throw access.refusal(Attempt::Change, reasons::openedToRead);
     }
 
-    // The cursor to be moved: what belongs to the row that it leaves is forgotten.
-    Cursor& leave()
+    // A row that may be changed is read at once, so that a move that fails leaves everything as it was.
+    void move(Direction direction, const std::function<void()>& step)
     {
+        const Cursor::Bookmark former = cursor->bookmark();
+        try {
+            step();
+            row = lock == Lock::Optimistic ? arrived(direction) : std::nullopt;
+        } catch (const Failure&) {
+            cursor->goTo(former);
+            throw;
+        }
         edit.reset();
-        row.reset();
-        return *cursor;
+    }
+
+    // The row under the cursor. Keys whose rows others have deleted are passed over.
+    std::optional<Row> arrived(Direction direction)
+    {
+        while (cursor->position() == Position::Row) {
+            if (auto found = access.find(cursor->key()))
+                return found;
+            cursor->step(direction, 0);
+        }
+        return std::nullopt;
+    }
+
+    void refresh()
+    {
+        if (lock == Lock::Optimistic && cursor->position() == Position::Row)
+            row = access.read(cursor->key());
+        else
+            row.reset();
+        edit.reset();
     }
 
     [[nodiscard]] const Value* edited(FieldIndex field) const
@@ -104,7 +132,7 @@ void Recordset::Open(const Query& query, Connection& connection, Lock lock)
 {
     Close();
     auto opened = std::make_unique<State>(query, connection.handle(), lock);
-    opened->cursor->first();
+    opened->move(Direction::Forward, [&] { opened->cursor->first(); });
     state_ = std::move(opened);
 }
 
@@ -127,6 +155,11 @@ bool Recordset::Bof() const
     return state().isAt(Position::Before);
 }
 
+bool Recordset::hasRow() const
+{
+    return state().cursor->position() == Position::Row;
+}
+
 bool Recordset::Eof() const
 {
     return state().isAt(Position::After);
@@ -134,26 +167,27 @@ bool Recordset::Eof() const
 
 void Recordset::MoveFirst()
 {
-    state().leave().first();
+    state().move(Direction::Forward, [this] { state().cursor->first(); });
 }
 
 void Recordset::MoveLast()
 {
-    state().leave().last();
+    state().move(Direction::Backward, [this] { state().cursor->last(); });
 }
 
 void Recordset::Move(qint64 rows)
 {
-    Cursor& cursor = state().leave();
-    if (rows == 0)
+    Cursor& cursor = *state().cursor;
+    if (rows == 0) {
+        state().refresh();
         return;
+    }
     const Position end = rows > 0 ? Position::After : Position::Before;
     if (cursor.position() == Position::Empty || cursor.position() == end)
         throw state().access.refusal(Attempt::Read, reasons::pastTheEnd);
-    if (rows > 0)
-        cursor.step(sql::Direction::Forward, rows - 1);
-    else
-        cursor.step(sql::Direction::Backward, -(rows + 1));
+    const Direction direction = rows > 0 ? Direction::Forward : Direction::Backward;
+    const qint64 skipped = rows > 0 ? rows - 1 : -(rows + 1);
+    state().move(direction, [&] { cursor.step(direction, skipped); });
 }
 
 QString Recordset::text(QAnyStringView field) const

@@ -36,6 +36,11 @@ Failure RowAccess::refusal(Attempt attempt, const Reason& reason) const
     return failed(attempt, handle_->path(), reason);
 }
 
+std::optional<Row> RowAccess::find(qint64 key) const
+{
+    return handle_->reading([&] { return findNow(key); });
+}
+
 Row RowAccess::read(qint64 key) const
 {
     return handle_->reading([&] { return readNow(key); });
@@ -43,10 +48,17 @@ Row RowAccess::read(qint64 key) const
 
 Row RowAccess::readNow(qint64 key) const
 {
+    if (auto row = findNow(key))
+        return *std::move(row);
+    throw refusal(Attempt::Read, reasons::rowGone);
+}
+
+std::optional<Row> RowAccess::findNow(qint64 key) const
+{
     const Value bound = key;
     auto statement = handle_->prepared(sql::row(source_, layout_.key), {&bound, 1});
     if (!statement.executeStep())
-        throw refusal(Attempt::Read, reasons::rowGone);
+        return std::nullopt;
     Row row;
     for (int i = 0; i < statement.getColumnCount(); ++i) {
         const auto column = statement.getColumn(i);
@@ -96,12 +108,12 @@ void RowAccess::remove(qint64 key, const std::optional<Row>& asRead)
 // Within the transaction that is about to write: nobody else can change the row any more.
 void RowAccess::requireUnchanged(qint64 key, const std::optional<Row>& asRead) const
 {
-    if (!asRead)
-        return;
     const Row now = readNow(key);
-    for (FieldIndex i = 0; i < now.size(); ++i)
-        if (now[i].text != (*asRead)[i].text && !isCounter(i))
-            throw refusal(Attempt::Change, reasons::rowChanged);
+    bool same = asRead.has_value();
+    for (FieldIndex i = 0; same && i < now.size(); ++i)
+        same = isCounter(i) || now[i].text == (*asRead)[i].text;
+    if (!same)
+        throw refusal(Attempt::Change, reasons::rowChanged);
 }
 
 qint64 RowAccess::nextId() const

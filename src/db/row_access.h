@@ -39,20 +39,23 @@ public:
     /// The number of a question, which only an insertion gives.
     [[nodiscard]] bool isId(FieldIndex field) const;
 
-    /// Throws RowGone.
+    /// None if there is no row with this key any more.
+    [[nodiscard]] std::optional<Row> find(qint64 key) const;
+    /// As find(), but throws RowGone.
     [[nodiscard]] Row read(qint64 key) const;
 
     // Each of these is one durable transaction.
     /// The new row and its key.
     [[nodiscard]] std::pair<qint64, Row> insert(const FieldValues& values);
-    /// The row as written. Throws RowGone, or RowChanged where others have written more than its counters
-    /// since it was `asRead`.
+    /// The row as written. Throws RowGone, or RowChanged where it was never read or others have written more
+    /// than its counters since it was `asRead`.
     [[nodiscard]] Row change(qint64 key, const std::optional<Row>& asRead, const FieldValues& values);
     void remove(qint64 key, const std::optional<Row>& asRead);
 
     [[nodiscard]] Failure refusal(Attempt attempt, const Reason& reason) const;
 
 private:
+    [[nodiscard]] std::optional<Row> findNow(qint64 key) const;
     [[nodiscard]] Row readNow(qint64 key) const;
     void requireUnchanged(qint64 key, const std::optional<Row>& asRead) const;
     [[nodiscard]] bool isCounter(FieldIndex field) const;
