@@ -2,7 +2,7 @@
 // questions. The bound of the draw is a ratio to a floor that is measured in the same run.
 
 #include "bench/measure.h"
-#include "db/connection.h"
+#include "db/recordset.h"
 
 #include <QTemporaryDir>
 

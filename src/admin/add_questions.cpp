@@ -228,6 +228,7 @@ void AddQuestions::addquestions_cmddelete_Click()
     if (!requireRow() || !confirm("Are you sure ?"))
         return;
     rows.Delete();
+    displayrecord(); // nothing, should the first row turn out to be unreadable
     rows.MoveFirst();
     displayrecord();
     notice("Successfully deleted");

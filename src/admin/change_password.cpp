@@ -1,7 +1,7 @@
 #include "admin/change_password.h"
 
 #include "admin/account.h"
-#include "db/connection.h"
+#include "db/recordset.h"
 #include "toolkit/screens.h"
 
 namespace admin {

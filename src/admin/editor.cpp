@@ -23,23 +23,30 @@ void Editor::openRows(const db::Query& query)
 
 bool Editor::hasRow() const
 {
-    return !rows.Bof() && !rows.Eof();
+    return rows.hasRow();
 }
 
 bool Editor::requireRow()
 {
-    if (!hasRow()) {
+    const bool empty = rows.Bof() && rows.Eof();
+    if (empty) {
         notice(QString("The question bank has no %1 yet. Press ADD, enter the first one and press SAVE.")
                    .arg(rowName_));
     }
-    return hasRow();
+    return !empty;
 }
 
 void Editor::go(const std::function<void()>& move)
 {
     const bool shown = hasRow();
-    // Another program may have filled the table.
-    shown ? move() : rows.MoveFirst();
+    try {
+        move();
+    } catch (const db::Failure&) {
+        // Of two steps the first may have left the row that is shown.
+        if (shown && !hasRow())
+            displayrow();
+        throw;
+    }
     if (shown || hasRow())
         displayrow();
     (void)requireRow();
@@ -58,8 +65,9 @@ void Editor::moveLast()
 void Editor::moveNext()
 {
     go([this] {
-        rows.MoveNext();
-        if (rows.Eof())
+        // Another program may have filled a table that was empty.
+        hasRow() ? rows.MoveNext() : rows.MoveFirst();
+        if (!hasRow())
             rows.MoveLast();
     });
 }
@@ -67,8 +75,9 @@ void Editor::moveNext()
 void Editor::movePrevious()
 {
     go([this] {
-        rows.MovePrevious();
-        if (rows.Bof())
+        if (hasRow())
+            rows.MovePrevious();
+        if (!hasRow())
             rows.MoveFirst();
     });
 }

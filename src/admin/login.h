@@ -1,7 +1,7 @@
 #pragma once
 
 #include "admin/admin_form.h"
-#include "db/connection.h"
+#include "db/recordset.h"
 
 namespace admin {
 

@@ -32,13 +32,6 @@ QString Connection::path() const
     return handle_ ? handle_->path() : QString();
 }
 
-Recordset Connection::Execute(const Query& query)
-{
-    Recordset result;
-    result.Open(query, *this, Lock::ReadOnly);
-    return result;
-}
-
 void Connection::require(const schema::Table& table)
 {
     layoutOf(*handle(), table);

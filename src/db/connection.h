@@ -1,7 +1,6 @@
 #pragma once
 
 #include "db/failure.h"
-#include "db/recordset.h"
 #include "db/schema.h"
 #include "db/statements.h"
 
@@ -11,6 +10,7 @@
 namespace db {
 
 class Handle;
+class Recordset;
 
 /// The file "orv.orv" in the directory that is current now. Throws Failure if that directory is gone.
 QString databasepath();

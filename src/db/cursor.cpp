@@ -23,21 +23,21 @@ public:
 
     void step(Direction direction, qint64 skipped) override
     {
-        const bool fromKey = place() == Place::Row || place() == Place::Gap;
+        const bool fromKey = position() == Position::Row || position() == Position::Gap;
         if (const auto found = neighbour(direction, fromKey, skipped))
-            settle(Place::Row, *found);
+            goTo({Position::Row, *found});
         else
-            settle(direction == Direction::Forward ? Place::After : Place::Before);
+            goTo({direction == Direction::Forward ? Position::After : Position::Before});
     }
 
-    void added(qint64 key) override { settle(Place::Row, key); }
-    void deleted() override { settle(Place::Gap, key()); }
+    void added(qint64 key) override { goTo({Position::Row, key}); }
+    void deleted() override { goTo({Position::Gap, key()}); }
 
 private:
     void toEnd(Direction direction)
     {
         const auto found = neighbour(direction, false, 0);
-        settle(found ? Place::Row : Place::Empty, found.value_or(0));
+        goTo({found ? Position::Row : Position::Empty, found.value_or(0)});
     }
 
     std::optional<qint64> neighbour(Direction direction, bool fromKey, qint64 skipped)
@@ -71,18 +71,19 @@ public:
         });
     }
 
-    void first() override { keys_.empty() ? settle(Place::Empty) : settleAt(0); }
-    void last() override { keys_.empty() ? settle(Place::Empty) : settleAt(size() - 1); }
+    void first() override { keys_.empty() ? goTo({}) : goToIndex(0); }
+    void last() override { keys_.empty() ? goTo({}) : goToIndex(size() - 1); }
 
     void step(Direction direction, qint64 skipped) override
     {
-        // In a gap index_ is that of the row behind it.
-        const qint64 here = place() == Place::Before ? -1 : place() == Place::After ? size() : index_;
-        const qint64 next = place() == Place::Gap ? here : here + 1;
+        const qint64 here = position() == Position::Before  ? -1
+                            : position() == Position::After ? size()
+                                                            : bookmark().index;
+        const qint64 next = position() == Position::Gap ? here : here + 1;
         if (direction == Direction::Forward)
-            skipped < size() - next ? settleAt(next + skipped) : settle(Place::After);
+            skipped < size() - next ? goToIndex(next + skipped) : goTo({Position::After});
         else
-            skipped < here ? settleAt(here - 1 - skipped) : settle(Place::Before);
+            skipped < here ? goToIndex(here - 1 - skipped) : goTo({Position::Before});
     }
 
     void added(qint64 key) override
@@ -93,30 +94,19 @@ public:
 
     void deleted() override
     {
-        keys_.erase(keys_.begin() + index_);
-        settle(Place::Gap);
+        keys_.erase(keys_.begin() + bookmark().index);
+        goTo({Position::Gap, 0, bookmark().index});
     }
 
 private:
     [[nodiscard]] qint64 size() const { return static_cast<qint64>(keys_.size()); }
 
-    void settleAt(qint64 index)
-    {
-        index_ = index;
-        settle(Place::Row, keys_[static_cast<std::size_t>(index)]);
-    }
+    void goToIndex(qint64 index) { goTo({Position::Row, keys_[static_cast<std::size_t>(index)], index}); }
 
     std::vector<qint64> keys_;
-    qint64 index_ = 0;
 };
 
 } // namespace
-
-void Cursor::settle(Place place, qint64 key)
-{
-    place_ = place;
-    key_ = key;
-}
 
 std::unique_ptr<Cursor> makecursor(Handle& handle, const Query& query, const Layout& layout)
 {

@@ -12,12 +12,20 @@ namespace db {
 class Cursor
 {
 public:
-    enum class Place {
+    enum class Position {
         Empty,  ///< there was no row when the cursor was last sent to one end
         Before, ///< in front of the first row
         Row,
         Gap, ///< where the current row was deleted
         After
+    };
+
+    /// Where a cursor stands, to send it back there.
+    struct Bookmark
+    {
+        Position position = Position::Empty;
+        qint64 key = 0;
+        qint64 index = 0; ///< in a list of keys; in a gap that of the row behind it
     };
 
     virtual ~Cursor() = default;
@@ -27,8 +35,10 @@ public:
     Cursor(Cursor&&) = delete;
     Cursor& operator=(Cursor&&) = delete;
 
-    [[nodiscard]] Place place() const { return place_; }
-    [[nodiscard]] qint64 key() const { return key_; }
+    [[nodiscard]] Position position() const { return mark_.position; }
+    [[nodiscard]] qint64 key() const { return mark_.key; }
+    [[nodiscard]] const Bookmark& bookmark() const { return mark_; }
+    void goTo(const Bookmark& mark) { mark_ = mark; }
 
     virtual void first() = 0;
     virtual void last() = 0;
@@ -39,12 +49,8 @@ public:
     virtual void added(qint64 key) = 0;
     virtual void deleted() = 0;
 
-protected:
-    void settle(Place place, qint64 key = 0);
-
 private:
-    Place place_ = Place::Empty;
-    qint64 key_ = 0;
+    Bookmark mark_;
 };
 
 /// A cursor before the first row of `query`; call first() to use it.

@@ -1,23 +1,20 @@
 #pragma once
 
-#include "db/failure.h"
-#include "db/statements.h"
+#include "db/connection.h"
 
 #include <QAnyStringView>
-#include <QString>
 
 #include <memory>
 
 namespace db {
-
-class Connection;
 
 enum class Lock {
     ReadOnly,
     Optimistic ///< rows may be changed; the file is locked only while a change is written
 };
 
-/// A cursor over the rows of a query: it holds keys, and reads a row when a field of it is asked for.
+/// A cursor over the rows of a query: it holds keys and the current row, which is read when a field of it is
+/// asked for, or, where it may be changed, when the cursor gets there.
 /// Field names are those of the query, without regard to letter case. Any call may throw Failure.
 class Recordset
 {
@@ -32,14 +29,17 @@ public:
     /// Stands on the first row afterwards. An open recordset is closed first.
     void Open(const Query& query, Connection& connection, Lock lock);
     void Close() noexcept;
-    [[nodiscard]] bool isOpen() const noexcept { return core_ != nullptr; }
+    [[nodiscard]] bool isOpen() const noexcept { return state_ != nullptr; }
 
+    /// Stands on a row.
+    [[nodiscard]] bool hasRow() const;
     /// Before the first row, after the last row; both where there was no row at all.
     [[nodiscard]] bool Bof() const;
     [[nodiscard]] bool Eof() const;
 
     /// Moves drop an edit that was not written. One row past either end is Eof or Bof, a move further
-    /// than that a Failure. MoveFirst and MoveLast are never a Failure for want of rows.
+    /// than that a Failure. MoveFirst and MoveLast are never a Failure for want of rows. A move that fails
+    /// changes nothing.
     void MoveFirst();
     void MoveLast();
     void MoveNext() { Move(1); }
@@ -69,10 +69,10 @@ public:
     void Delete();
 
 private:
-    class Core;
-    [[nodiscard]] Core& core() const;
+    struct State;
+    [[nodiscard]] State& state() const;
 
-    std::unique_ptr<Core> core_;
+    std::unique_ptr<State> state_;
 };
 
 } // namespace db

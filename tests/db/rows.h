@@ -1,6 +1,6 @@
 #pragma once
 
-#include "db/connection.h"
+#include "db/recordset.h"
 #include "support/bank.h"
 
 #include <gtest/gtest.h>

@@ -54,9 +54,12 @@ TEST(Sharing, ALockedFileIsReportedAfterTheWaitAndUsableAfterwards)
     EXPECT_EQ(failureOf([&] { connect(bank); }).cause(), Cause::Locked);
     EXPECT_EQ(failureOf([&] { rows.MoveNext(); }).cause(), Cause::Locked);
     EXPECT_EQ(failureOf(write).cause(), Cause::Locked);
-    const auto message = failureOf([&] { (void)rows.text("question"); }).message();
+    const auto message = failureOf([&] { rows.MoveLast(); }).message();
     EXPECT_TRUE(message.contains("cannot be read: another program is using it. Wait"));
-    other.exec("commit; begin; select * from questions");
+    other.exec("update questions set question = 'theirs' where question_id = 11; commit");
+    EXPECT_EQ(failureOf(write).cause(), Cause::RowChanged) << "a move that failed forgets nothing";
+    EXPECT_EQ(trace(rows, "0", "question"), "theirs");
+    other.exec("begin; select * from questions");
     EXPECT_EQ(failureOf(write).cause(), Cause::Locked) << "a reader keeps a write from being finished";
     other.exec("commit");
     write();
