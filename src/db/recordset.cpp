@@ -41,6 +41,12 @@ public:
         return *cursor_;
     }
 
+    [[nodiscard]] qint64 key() const
+    {
+        requireRow(Attempt::Read);
+        return cursor_->key();
+    }
+
     void move(qint64 rows);
     QString text(QAnyStringView field);
     qint64 number(QAnyStringView field);
@@ -342,6 +348,11 @@ void Recordset::MoveLast()
 void Recordset::Move(qint64 rows)
 {
     core().move(rows);
+}
+
+qint64 Recordset::key() const
+{
+    return core().key();
 }
 
 QString Recordset::text(QAnyStringView field) const

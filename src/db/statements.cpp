@@ -20,7 +20,7 @@ using Order = Source::Order;
 constexpr Source questionIdsOfLevelSource = {"questions", idFields, levelFields, {}, Order::KeyListed, true};
 constexpr Source questionsOfLevelSource = {"questions", questionFields, levelFields,
                                            tallyFields, Order::Key,     true};
-constexpr Source questionByIdSource = {"questions", questionFields, idFields, tallyFields, Order::Key, true};
+constexpr Source questionByKeySource = {"questions", questionFields, {}, tallyFields, Order::OneKey, true};
 constexpr Source allQuestionsSource = {"questions", questionFields, {}, tallyFields, Order::Id, true};
 constexpr Source promptMessagesSource = {"locking", messageFields, {}, {}, Order::Key, false};
 constexpr Source accountSource = {"users", accountFields, accountFields, {}, Order::Key, false};
@@ -41,9 +41,9 @@ std::string where(const std::string& filter, const std::string& more = {})
     return " where " + filter + (filter.empty() || more.empty() ? "" : " and ") + more;
 }
 
-std::string filterOf(const Source& source)
+std::string filterOf(const Source& source, const std::string& key)
 {
-    return joined(source.filter, " = ?", " and ");
+    return source.order == Source::Order::OneKey ? key + " = ?" : joined(source.filter, " = ?", " and ");
 }
 
 } // namespace
@@ -60,9 +60,9 @@ Query questionsOfLevel(const QString& level)
     return {&questionsOfLevelSource, {level}};
 }
 
-Query questionById(qint64 questionId)
+Query questionByKey(qint64 key)
 {
-    return {&questionByIdSource, {questionId}};
+    return {&questionByKeySource, {key}};
 }
 
 Query allQuestions()
@@ -96,15 +96,15 @@ std::string keys(const Source& source, const std::string& key)
 {
     // A foreign file may hold its numbers as text.
     const std::string id = source.order == Source::Order::Id ? "cast(question_id as integer), " : "";
-    return "select " + key + " from " + source.table + where(filterOf(source)) + " order by " + id + key;
+    return "select " + key + " from " + source.table + where(filterOf(source, key)) + " order by " + id + key;
 }
 
 std::string neighbour(const Source& source, const std::string& key, Direction direction, bool fromKey)
 {
     const bool forward = direction == Direction::Forward;
     const std::string start = fromKey ? key + (forward ? " > ?" : " < ?") : "";
-    return "select " + key + " from " + source.table + where(filterOf(source), start) + " order by " + key +
-           (forward ? "" : " desc") + " limit 1 offset ?";
+    return "select " + key + " from " + source.table + where(filterOf(source, key), start) + " order by " +
+           key + (forward ? "" : " desc") + " limit 1 offset ?";
 }
 
 std::string row(const Source& source, const std::string& key)

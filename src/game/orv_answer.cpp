@@ -105,9 +105,9 @@ void Orv::recordchoice(int k)
 {
     const char* tally = tallies[k - 1];
     try {
-        const qint64 id = state.currentquestion.number("question_id");
         db::Recordset row;
-        row.Open(db::statements::questionById(id), *state.connection, db::Lock::Optimistic);
+        row.Open(db::statements::questionByKey(state.currentquestion.key()), *state.connection,
+                 db::Lock::Optimistic);
         row.set(tally, row.number(tally) + 1);
         row.Update();
         state.currentquestion = std::move(row);

@@ -5,7 +5,7 @@ namespace db_test {
 TEST(Writing, OnlyTheFieldsThatWereSetAreWritten)
 {
     const Bank bank;
-    auto rows = open(bank, questionById(12));
+    auto rows = open(bank, questionByKey(12));
     bank.execute("update questions set answer1 = cast(x'ff41' as text) where question_id = 12");
     EXPECT_EQ(rows.number("a"), 1);
     bank.execute("update questions set a = 70 where question_id = 12");
