@@ -6,6 +6,8 @@
 #include "game/failures.h"
 #include "toolkit/screens.h"
 
+#include <utility>
+
 namespace game {
 
 using Icon = toolkit::Dialogs::Icon;
@@ -108,6 +110,11 @@ void Orv::recordchoice(int k)
         db::Recordset row;
         row.Open(db::statements::questionByKey(state.currentquestion.key()), *state.connection,
                  db::Lock::Optimistic);
+        if (row.Eof()) {
+            if (!std::exchange(state.toldOfRemovedQuestion, true))
+                notice(questionRemoved(state.databasepath), Icon::Information);
+            return;
+        }
         row.set(tally, row.number(tally) + 1);
         row.Update();
         state.currentquestion = std::move(row);

@@ -24,6 +24,7 @@ void Orv::displayquestion()
     for (int i = 0; i < options; ++i)
         option[i]->setText(QString("%1> ").arg(QChar('A' + i)) + answers[i]);
     state.chosenanswer.clear();
+    state.toldOfRemovedQuestion = false;
     state.begun = true;
     clearoptions();
     narrate(AtOnce, "announce",
