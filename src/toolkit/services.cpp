@@ -24,6 +24,9 @@ int show(QWidget* owner, const QString& title, const QString& text, QMessageBox:
 {
     QMessageBox box(icon, title, shortened(text), buttons, owner);
     box.setTextFormat(Qt::PlainText);
+    // Without these the first button of the desktop's order would be it, on one Yes, on another No.
+    box.setDefaultButton(buttons.testFlag(QMessageBox::Yes) ? QMessageBox::Yes : QMessageBox::Ok);
+    box.setEscapeButton(buttons.testFlag(QMessageBox::No) ? QMessageBox::No : QMessageBox::Ok);
     // Wide enough for its title.
     if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
         grid->addItem(new QSpacerItem(narrowestBox, 0), grid->rowCount(), 0, 1, grid->columnCount());

@@ -2,9 +2,11 @@
 #include "toolkit/text.h"
 #include "toolkit/twips.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFontMetrics>
 #include <QSize>
+#include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -79,6 +81,19 @@ TEST(Timer, PutsOffAtMostOneTickWhileItIsHeld)
     timer.setEnabled(false);
     QCoreApplication::processEvents();
     EXPECT_EQ(ticks, 1) << "a tick put off by a timer that was then disabled";
+}
+
+TEST(Dialogs, EnterMeansYesAndEscapeNoOnDesktopsOfEveryOrderOfButtons)
+{
+    DesktopDialogs dialogs;
+    for (const char* order : {"0", "1", "2", "3"}) {
+        qApp->setStyleSheet(QString("QDialogButtonBox { button-layout: %1 }").arg(order));
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+            QTimer::singleShot(0, [&] { QTest::keyClick(QApplication::activeModalWidget(), key); });
+            EXPECT_EQ(dialogs.confirm(nullptr, "Orvanta", "Sure?"), key == Qt::Key_Return) << order;
+        }
+    }
+    qApp->setStyleSheet("");
 }
 
 TEST(Text, IsShrunkAndThenShortenedUntilItFits)
