@@ -3,33 +3,59 @@
 #include <QApplication>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QProcess>
+#include <QScreen>
+
+#include <algorithm>
+#include <memory>
 
 namespace toolkit {
 
 namespace {
 
-// A box grows with its text and would push its buttons off the screen.
-constexpr qsizetype longestBoxText = 800;
 constexpr int narrowestBox = 180;
+constexpr int scrolledWidth = 520;
+constexpr qsizetype mostMeasured = 5000; // characters; far more than a box can show
 
-QString shortened(const QString& text)
+// A box grows with its text and would push its buttons off the screen; a text as long as that scrolls.
+void scrollLongText(const QMessageBox& box, QGridLayout& grid, QLabel& label)
 {
-    return text.size() <= longestBoxText ? text : text.first(longestBoxText) + QChar(0x2026);
+    const QString text = box.text();
+    const QSize room(scrolledWidth, box.screen()->availableSize().height() / 2);
+    const QRect unbounded(0, 0, room.width(), 0);
+    const int needed =
+        label.fontMetrics()
+            .boundingRect(unbounded, Qt::TextWordWrap, text.first(std::min(text.size(), mostMeasured)))
+            .height();
+    if (needed <= room.height())
+        return;
+    // Only this control is quick with a book of text.
+    auto* page = new QPlainTextEdit(text, label.parentWidget());
+    page->setReadOnly(true);
+    page->setTabChangesFocus(true);
+    page->setMinimumSize(room);
+    label.hide();
+    const std::unique_ptr<QLayoutItem> former(grid.replaceWidget(&label, page));
 }
 
 int show(QWidget* owner, const QString& title, const QString& text, QMessageBox::Icon icon,
          QMessageBox::StandardButtons buttons)
 {
-    QMessageBox box(icon, title, shortened(text), buttons, owner);
+    QMessageBox box(icon, title, text, buttons, owner);
     box.setTextFormat(Qt::PlainText);
     // Without these the first button of the desktop's order would be it, on one Yes, on another No.
     box.setDefaultButton(buttons.testFlag(QMessageBox::Yes) ? QMessageBox::Yes : QMessageBox::Ok);
     box.setEscapeButton(buttons.testFlag(QMessageBox::No) ? QMessageBox::No : QMessageBox::Ok);
-    // Wide enough for its title.
-    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+    if (grid && label) {
+        scrollLongText(box, *grid, *label);
+        // Wide enough for its title.
         grid->addItem(new QSpacerItem(narrowestBox, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
     return box.exec();
 }
 
