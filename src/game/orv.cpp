@@ -151,15 +151,17 @@ void Orv::addQuestion()
 // Whatever font the desktop has for the one asked for: no line wraps or is cut, marked or not.
 void Orv::fitLadder()
 {
+    constexpr int margin = 2;
+    const QSize room = stage->contentsRect().size() - 2 * QSize(margin, margin);
     QString marked = state.stagetext;
     for (int n = 1; n <= lastQuestion; ++n)
         marked = withRungMarked(marked, n);
     // A blank at the end of a line would not be measured.
     for (QString text : {state.stagetext, marked}) {
         text.remove('\r').replace(QChar::Space, QChar::Nbsp);
-        stage->setFont(toolkit::fitted(text, stage->font(), stage->contentsRect().size(), 0).font);
+        stage->setFont(toolkit::fitted(text, stage->font(), room, 0).font);
     }
-    stage->document()->setDocumentMargin(0);
+    stage->document()->setDocumentMargin(margin);
     stage->setLineWrapMode(QPlainTextEdit::NoWrap);
     stage->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     stage->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
