@@ -1,6 +1,7 @@
 #include "toolkit/services.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
@@ -8,6 +9,9 @@
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QScreen>
+#include <QUrl>
+
+#include <unistd.h>
 
 #include <algorithm>
 #include <memory>
@@ -59,6 +63,28 @@ int show(QWidget* owner, const QString& title, const QString& text, QMessageBox:
     return box.exec();
 }
 
+/// The desktop's own opener of addresses, which may last as long as the browser. What it has opened outlives
+/// this object and the program.
+class Opener final : public QProcess
+{
+public:
+    explicit Opener(QObject* parent) : QProcess(parent)
+    {
+        setStandardInputFile(nullDevice());
+        setStandardOutputFile(nullDevice());
+        setStandardErrorFile(nullDevice());
+        setChildProcessModifier([] { ::setsid(); });
+        age_.start();
+    }
+    ~Opener() override { setProcessState(NotRunning); } // else it would be killed
+
+    /// A browser that ends later than this has been seen.
+    [[nodiscard]] bool isRecent() const { return !age_.hasExpired(10'000); }
+
+private:
+    QElapsedTimer age_;
+};
+
 } // namespace
 
 void DesktopDialogs::notice(QWidget* owner, const QString& title, const QString& text, Icon icon)
@@ -88,15 +114,20 @@ QString DesktopDialogs::input(QWidget* owner, const QString& title, const QStrin
     return box.exec() == QDialog::Accepted ? box.textValue() : QString();
 }
 
-void DesktopBrowser::navigate(const QString& address)
+void DesktopBrowser::navigate(const QString& address, QObject& context, std::function<void()> failed)
 {
-    QProcess opener;
-    opener.setProgram("xdg-open");
-    opener.setArguments({address});
-    opener.setStandardInputFile(QProcess::nullDevice());
-    opener.setStandardOutputFile(QProcess::nullDevice());
-    opener.setStandardErrorFile(QProcess::nullDevice());
-    opener.startDetached();
+    auto* opener = new Opener(&context);
+    QObject::connect(opener, &QProcess::errorOccurred, &context, [failed](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            failed();
+    });
+    QObject::connect(opener, &QProcess::finished, &context, [opener, failed](int exitCode) {
+        opener->deleteLater();
+        if (exitCode != 0 && opener->isRecent())
+            failed();
+    });
+    // To the openers of most desktops an address without a scheme is the name of a file.
+    opener->start("xdg-open", {QUrl(address).scheme().isEmpty() ? "https://" + address : address});
 }
 
 void DesktopBeeper::beep()
