@@ -190,6 +190,12 @@ void Recordset::Move(qint64 rows)
     state().move(direction, [&] { cursor.step(direction, skipped); });
 }
 
+qint64 Recordset::key() const
+{
+    state().requireRow(Attempt::Read);
+    return state().cursor->key();
+}
+
 QString Recordset::text(QAnyStringView field) const
 {
     const FieldIndex index = state().access.indexOf(field);

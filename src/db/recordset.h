@@ -48,6 +48,10 @@ public:
     /// By `rows` forward, or backward if negative; 0 reads the row anew.
     void Move(qint64 rows);
 
+    /// The number under which the file keeps the current row; no other row of the table has it, whatever its
+    /// fields hold.
+    [[nodiscard]] qint64 key() const;
+
     /// The field of the current row, or of the edit in progress. Null reads as "" and 0.
     [[nodiscard]] QString text(QAnyStringView field) const;
     [[nodiscard]] qint64 number(QAnyStringView field) const;

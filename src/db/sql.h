@@ -11,6 +11,7 @@ struct Source
 {
     enum class Order {
         Key,       ///< walked row by row, only the current key is kept
+        OneKey,    ///< the one row with a key, the first value; without `filter`
         KeyListed, ///< the keys are listed when it is opened
         Id,        ///< by question_id; walked where that is the key, else listed
     };

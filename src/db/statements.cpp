@@ -15,8 +15,8 @@ constexpr Source questionIdsOfLevelSource = {schema::questions.name, idField, le
                                              Order::KeyListed,       true};
 constexpr Source questionsOfLevelSource = {
     schema::questions.name, schema::questionFields, levelField, schema::tallies, Order::Key, true};
-constexpr Source questionByIdSource = {
-    schema::questions.name, schema::questionFields, idField, schema::tallies, Order::Key, true};
+constexpr Source questionByKeySource = {
+    schema::questions.name, schema::questionFields, {}, schema::tallies, Order::OneKey, true};
 constexpr Source allQuestionsSource = {
     schema::questions.name, schema::questionFields, {}, schema::tallies, Order::Id, true};
 constexpr Source promptMessagesSource = {
@@ -40,9 +40,9 @@ std::string where(const std::string& filter, const std::string& more = {})
     return " where " + filter + (filter.empty() || more.empty() ? "" : " and ") + more;
 }
 
-std::string filterOf(const Source& source)
+std::string filterOf(const Source& source, const std::string& key)
 {
-    return joined(source.filter, " = ?", " and ");
+    return source.order == Source::Order::OneKey ? key + " = ?" : joined(source.filter, " = ?", " and ");
 }
 
 } // namespace
@@ -59,9 +59,9 @@ Query questionsOfLevel(const QString& level)
     return {&questionsOfLevelSource, {level}};
 }
 
-Query questionById(qint64 questionId)
+Query questionByKey(qint64 key)
 {
-    return {&questionByIdSource, {questionId}};
+    return {&questionByKeySource, {key}};
 }
 
 Query allQuestions()
@@ -100,15 +100,15 @@ const std::string largestId = "select max(" + idAsNumber + ") from " + schema::q
 std::string keys(const Source& source, const std::string& key)
 {
     const std::string id = source.order == Source::Order::Id ? idAsNumber + ", " : "";
-    return "select " + key + " from " + source.table + where(filterOf(source)) + " order by " + id + key;
+    return "select " + key + " from " + source.table + where(filterOf(source, key)) + " order by " + id + key;
 }
 
 std::string neighbour(const Source& source, const std::string& key, Direction direction, bool fromKey)
 {
     const bool forward = direction == Direction::Forward;
     const std::string start = fromKey ? key + (forward ? " > ?" : " < ?") : "";
-    return "select " + key + " from " + source.table + where(filterOf(source), start) + " order by " + key +
-           (forward ? "" : " desc") + " limit 1 offset ?";
+    return "select " + key + " from " + source.table + where(filterOf(source, key), start) + " order by " +
+           key + (forward ? "" : " desc") + " limit 1 offset ?";
 }
 
 std::string row(const Source& source, const std::string& key)

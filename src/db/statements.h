@@ -24,8 +24,8 @@ Query questionIdsOfLevel(const QString& level);
 /// [all fields] of the questions of a level, in the order of questionIdsOfLevel().
 Query questionsOfLevel(const QString& level);
 
-/// [all fields] of one question.
-Query questionById(qint64 questionId);
+/// [all fields] of one question, by the key of its row (see Recordset::key()).
+Query questionByKey(qint64 key);
 
 /// [all fields] of all questions in the order of question_id.
 Query allQuestions();

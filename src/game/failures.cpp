@@ -18,4 +18,11 @@ QString noPromptMessages(const QString& file)
         .arg(file);
 }
 
+QString questionRemoved(const QString& file)
+{
+    return QString("Another program has just removed this question from the question bank %1, so your choice "
+                   "is not counted in its statistics. The game goes on.")
+        .arg(file);
+}
+
 } // namespace game

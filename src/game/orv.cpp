@@ -57,7 +57,7 @@ void Orv::addControls()
     lifeline[1] = label("lifeline2", {3480, 6600, 1695, 735}, "Ask A Friend", lifelineLook);
     lifeline[2] = label("lifeline3", {6600, 6600, 1815, 735}, "50 : 50", lifelineLook);
     controlsDone();
-    stage->setReadOnly(true);
+    fitLadder();
     clearoptions();
     for (auto* label : option)
         label->setCursor(Qt::WhatsThisCursor);
@@ -147,6 +147,26 @@ void Orv::addQuestion()
     line("Line1", {600, 4080}, {8040, 4080}, outlineCyan, 2);
 }
 // clang-format on
+
+// Whatever font the desktop has for the one asked for: no line wraps or is cut, marked or not.
+void Orv::fitLadder()
+{
+    constexpr int margin = 2;
+    const QSize room = stage->contentsRect().size() - 2 * QSize(margin, margin);
+    QString marked = state.stagetext;
+    for (int n = 1; n <= lastQuestion; ++n)
+        marked = withRungMarked(marked, n);
+    // A blank at the end of a line would not be measured.
+    for (QString text : {state.stagetext, marked}) {
+        text.remove('\r').replace(QChar::Space, QChar::Nbsp);
+        stage->setFont(toolkit::fitted(text, stage->font(), room, 0).font);
+    }
+    stage->document()->setDocumentMargin(margin);
+    stage->setLineWrapMode(QPlainTextEdit::NoWrap);
+    stage->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    stage->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    stage->setReadOnly(true);
+}
 
 void Orv::connectHandlers()
 {

@@ -32,6 +32,7 @@ private:
     void addCrosses();
     void addOptions();
     void addQuestion();
+    void fitLadder();
     void connectHandlers();
 
     // Start (orv_start.cpp)

@@ -6,6 +6,8 @@
 #include "game/failures.h"
 #include "toolkit/screens.h"
 
+#include <utility>
+
 namespace game {
 
 using Icon = toolkit::Dialogs::Icon;
@@ -105,9 +107,14 @@ void Orv::recordchoice(int k)
 {
     const char* tally = db::schema::tallies[static_cast<std::size_t>(k) - 1];
     try {
-        const qint64 id = state.currentquestion.number(db::schema::questionId);
         db::Recordset row;
-        row.Open(db::statements::questionById(id), *state.connection, db::Lock::Optimistic);
+        row.Open(db::statements::questionByKey(state.currentquestion.key()), *state.connection,
+                 db::Lock::Optimistic);
+        if (row.Eof()) {
+            if (!std::exchange(state.toldOfRemovedQuestion, true))
+                notice(questionRemoved(state.databasepath), Icon::Information);
+            return;
+        }
         row.set(tally, row.number(tally) + 1);
         row.Update();
         state.currentquestion = std::move(row);

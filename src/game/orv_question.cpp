@@ -26,6 +26,7 @@ void Orv::displayquestion()
     for (int i = 0; i < options; ++i)
         option[i]->setText(QString("%1> ").arg(QChar('A' + i)) + answers[i]);
     state.chosenanswer.clear();
+    state.toldOfRemovedQuestion = false;
     state.begun = true;
     clearoptions();
     narrate(AtOnce, "announce",
@@ -37,28 +38,23 @@ void Orv::displayquestion()
 /// Picks a row of the level whose question has not been asked in this game: sets questionindex.
 void Orv::drawQuestion()
 {
-    db::Recordset ids = state.connection->Execute(db::statements::questionIdsOfLevel(state.questionlevel));
+    db::Recordset rows = state.connection->Execute(db::statements::questionIdsOfLevel(state.questionlevel));
     int count = 0;
     bool unasked = false;
-    for (ids.MoveFirst(); !ids.Eof(); ids.MoveNext()) {
-        // With more rows than questions asked there is an unasked one; no need to look for it.
-        if (!unasked)
-            unasked = count >= state.askedquestions.size() ||
-                      !state.askedquestions.contains(ids.number(schema::questionId));
+    for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext()) {
+        unasked = unasked || !state.askedquestions.contains(rows.key());
         ++count;
     }
     if (!unasked)
         throw tooFewQuestions(state.databasepath, state.questionlevel, count);
 
-    qint64 id = 0;
     do {
         services().random.reseed();
         state.questionindex = pickedRow(services().random.next(), count);
-        ids.MoveFirst();
-        ids.Move(state.questionindex);
-        id = ids.number(schema::questionId);
-    } while (state.askedquestions.contains(id));
-    state.askedquestions.insert(id);
+        rows.MoveFirst();
+        rows.Move(state.questionindex);
+    } while (state.askedquestions.contains(rows.key()));
+    state.askedquestions.insert(rows.key());
 }
 
 } // namespace game

@@ -22,7 +22,7 @@ struct GameState
 {
     int questionnumber = 0; ///< of the question on screen; after a correct answer still of the one answered
     QString questionlevel;  ///< "1", "2" or "3"
-    QSet<qint64> askedquestions; ///< by question_id
+    QSet<qint64> askedquestions; ///< by the keys of their rows: a foreign bank may repeat its question_ids
     int questionindex = 0;       ///< offset of the drawn question among those of its level
     db::Recordset currentquestion;
     db::Recordset lockmessages;
@@ -47,6 +47,7 @@ struct GameState
     int clockcount = 0;                    ///< seconds of ask a friend
     bool begun = false;                    ///< a question has been shown
     bool toldOfMissingPrompts = false;
+    bool toldOfRemovedQuestion = false; ///< of the one on screen
 };
 
 } // namespace game

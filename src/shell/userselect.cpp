@@ -118,12 +118,23 @@ void UserSelect::Form_MouseMove()
 
 void UserSelect::userselect_email_Click()
 {
-    services().browser.navigate("mailto:" + email->text());
+    openLink("mailto:", email->text());
 }
 
 void UserSelect::userselect_site_Click()
 {
-    services().browser.navigate(site->text());
+    openLink("", site->text());
+}
+
+void UserSelect::openLink(const QString& scheme, const QString& address)
+{
+    const auto tell = [this, address] {
+        notice(
+            QString("No program on this desktop opens %1. You can type the address where you would use it.")
+                .arg(address),
+            toolkit::Dialogs::Icon::Information);
+    };
+    services().browser.navigate(scheme + address, *this, [this, tell] { run(tell); });
 }
 
 } // namespace shell

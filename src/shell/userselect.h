@@ -24,6 +24,8 @@ private:
     void userselect_site_MouseMove();
     void userselect_email_Click();
     void userselect_site_Click();
+    /// Opens it outside, or says in a box that nothing does.
+    void openLink(const QString& scheme, const QString& address);
     void startFade();
 
     int fadeLevel = 1;

@@ -1,34 +1,89 @@
 #include "toolkit/services.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QProcess>
+#include <QScreen>
+#include <QUrl>
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <memory>
 
 namespace toolkit {
 
 namespace {
 
-// A box grows with its text and would push its buttons off the screen.
-constexpr qsizetype longestBoxText = 800;
 constexpr int narrowestBox = 180;
+constexpr int scrolledWidth = 520;
+constexpr qsizetype mostMeasured = 5000; // characters; far more than a box can show
 
-QString shortened(const QString& text)
+// A box grows with its text and would push its buttons off the screen; a text as long as that scrolls.
+void scrollLongText(const QMessageBox& box, QGridLayout& grid, QLabel& label)
 {
-    return text.size() <= longestBoxText ? text : text.first(longestBoxText) + QChar(0x2026);
+    const QString text = box.text();
+    const QSize room(scrolledWidth, box.screen()->availableSize().height() / 2);
+    const QRect unbounded(0, 0, room.width(), 0);
+    const int needed =
+        label.fontMetrics()
+            .boundingRect(unbounded, Qt::TextWordWrap, text.first(std::min(text.size(), mostMeasured)))
+            .height();
+    if (needed <= room.height())
+        return;
+    // Only this control is quick with a book of text.
+    auto* page = new QPlainTextEdit(text, label.parentWidget());
+    page->setReadOnly(true);
+    page->setTabChangesFocus(true);
+    page->setMinimumSize(room);
+    label.hide();
+    const std::unique_ptr<QLayoutItem> former(grid.replaceWidget(&label, page));
 }
 
 int show(QWidget* owner, const QString& title, const QString& text, QMessageBox::Icon icon,
          QMessageBox::StandardButtons buttons)
 {
-    QMessageBox box(icon, title, shortened(text), buttons, owner);
+    QMessageBox box(icon, title, text, buttons, owner);
     box.setTextFormat(Qt::PlainText);
-    // Wide enough for its title.
-    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+    // Without these the first button of the desktop's order would be it, on one Yes, on another No.
+    box.setDefaultButton(buttons.testFlag(QMessageBox::Yes) ? QMessageBox::Yes : QMessageBox::Ok);
+    box.setEscapeButton(buttons.testFlag(QMessageBox::No) ? QMessageBox::No : QMessageBox::Ok);
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    auto* label = box.findChild<QLabel*>("qt_msgbox_label");
+    if (grid && label) {
+        scrollLongText(box, *grid, *label);
+        // Wide enough for its title.
         grid->addItem(new QSpacerItem(narrowestBox, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
     return box.exec();
 }
+
+/// The desktop's own opener of addresses, which may last as long as the browser. What it has opened outlives
+/// this object and the program.
+class Opener final : public QProcess
+{
+public:
+    explicit Opener(QObject* parent) : QProcess(parent)
+    {
+        setStandardInputFile(nullDevice());
+        setStandardOutputFile(nullDevice());
+        setStandardErrorFile(nullDevice());
+        setChildProcessModifier([] { ::setsid(); });
+        age_.start();
+    }
+    ~Opener() override { setProcessState(NotRunning); } // else it would be killed
+
+    /// A browser that ends later than this has been seen.
+    [[nodiscard]] bool isRecent() const { return !age_.hasExpired(10'000); }
+
+private:
+    QElapsedTimer age_;
+};
 
 } // namespace
 
@@ -59,15 +114,20 @@ QString DesktopDialogs::input(QWidget* owner, const QString& title, const QStrin
     return box.exec() == QDialog::Accepted ? box.textValue() : QString();
 }
 
-void DesktopBrowser::navigate(const QString& address)
+void DesktopBrowser::navigate(const QString& address, QObject& context, std::function<void()> failed)
 {
-    QProcess opener;
-    opener.setProgram("xdg-open");
-    opener.setArguments({address});
-    opener.setStandardInputFile(QProcess::nullDevice());
-    opener.setStandardOutputFile(QProcess::nullDevice());
-    opener.setStandardErrorFile(QProcess::nullDevice());
-    opener.startDetached();
+    auto* opener = new Opener(&context);
+    QObject::connect(opener, &QProcess::errorOccurred, &context, [failed](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart)
+            failed();
+    });
+    QObject::connect(opener, &QProcess::finished, &context, [opener, failed](int exitCode) {
+        opener->deleteLater();
+        if (exitCode != 0 && opener->isRecent())
+            failed();
+    });
+    // To the openers of most desktops an address without a scheme is the name of a file.
+    opener->start("xdg-open", {QUrl(address).scheme().isEmpty() ? "https://" + address : address});
 }
 
 void DesktopBeeper::beep()

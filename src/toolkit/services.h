@@ -5,6 +5,9 @@
 
 #include <QString>
 
+#include <functional>
+
+class QObject;
 class QWidget;
 
 namespace toolkit {
@@ -37,18 +40,21 @@ public:
                                 const QString& initial) override;
 };
 
-/// Hands an address ("mailto:..." or a web address) to the desktop and does not wait for it.
+/// Opens addresses outside the program.
 class Browser
 {
 public:
     virtual ~Browser() = default;
-    virtual void navigate(const QString& address) = 0;
+
+    /// Hands an address ("mailto:...", or a web address as people write it) to the desktop and does not wait.
+    /// Where nothing opens it, `failed` is called some moments later, unless `context` has gone by then.
+    virtual void navigate(const QString& address, QObject& context, std::function<void()> failed) = 0;
 };
 
 class DesktopBrowser final : public Browser
 {
 public:
-    void navigate(const QString& address) override;
+    void navigate(const QString& address, QObject& context, std::function<void()> failed) override;
 };
 
 class Beeper

@@ -28,6 +28,14 @@ QFont sized(const QString& family, double points)
     return font;
 }
 
+// The beginning of a text, whose last character is whole, and a sign that there is more.
+QString shortened(const QString& text, qsizetype length)
+{
+    if (length > 0 && text[length - 1].isHighSurrogate())
+        --length;
+    return text.first(length) + QChar(0x2026);
+}
+
 bool fits(const QString& text, const QFont& font, QSize size, int flags)
 {
     const QRect unbounded(0, 0, size.width(), 1 << 20);
@@ -79,7 +87,7 @@ FittedText fitted(const QString& text, const QFont& font, QSize size, int flags)
 {
     FittedText result{font, text, flags};
     if (text.size() > mostCharacters)
-        result.text = text.first(mostCharacters) + QChar(0x2026);
+        result.text = shortened(text, mostCharacters);
     for (const int tried : {flags, flags | Qt::TextWrapAnywhere}) {
         result.flags = tried;
         for (int pixelSize = font.pixelSize(); pixelSize >= smallestPixels; --pixelSize) {
@@ -91,8 +99,8 @@ FittedText fitted(const QString& text, const QFont& font, QSize size, int flags)
     qsizetype most = result.text.size();
     for (qsizetype least = 0; least + 1 < most;) {
         const qsizetype length = std::midpoint(least, most);
-        (fits(text.first(length) + QChar(0x2026), result.font, size, result.flags) ? least : most) = length;
-        result.text = text.first(least) + QChar(0x2026);
+        (fits(shortened(text, length), result.font, size, result.flags) ? least : most) = length;
+        result.text = shortened(text, least);
     }
     return result;
 }

@@ -31,7 +31,7 @@ TEST(Moving, EachQuerySelectsItsRowsForReading)
     const std::tuple<db::Query, const char*, const char*> cases[] = {
         {questionIdsOfLevel("1"), "question_id", "11 12 15 eof"},
         {questionsOfLevel("2"), "QUESTION_ID", "21 22 25 eof"},
-        {questionById(32), "answer3", "3.2 three eof 3.2 three eof"},
+        {questionByKey(32), "answer3", "3.2 three eof 3.2 three eof"},
         {allQuestions(), "question_id", "11 12 35 eof"},
         {promptMessages(), "message", "shall I lock it? really? really? eof"},
         {account("sonia", "let me in"), "username", "sonia eof sonia eof"},
@@ -57,7 +57,7 @@ TEST(Moving, ARecordsetOpensAgainOnAnotherSourceAndOutlivesItsConnection)
         auto connection = connect(bank);
         rows = connection.Execute(questionIdsOfLevel("1"));
         EXPECT_EQ(failureOf([&] { (void)rows.text("question"); }).cause(), Cause::NoField);
-        rows.Open(questionById(25), connection, db::Lock::Optimistic);
+        rows.Open(questionByKey(25), connection, db::Lock::Optimistic);
     }
     EXPECT_EQ(place(rows, "level"), "2");
 }

@@ -63,7 +63,7 @@ TEST(Opening, PermissionsDecideWhatCanBeDone)
     setfsuid(65534); // permission bits do not bind the superuser
     const Bank bank;
     QFile::setPermissions(bank.path(), QFile::ReadOwner);
-    auto rows = open(bank, questionById(14));
+    auto rows = open(bank, questionByKey(14));
     rows.set("a", 9);
     EXPECT_EQ(failureOf([&] { rows.Update(); }).cause(), Cause::ReadOnly);
     EXPECT_EQ(trace(rows, "first", "a"), "1");

@@ -6,7 +6,7 @@ TEST(Writing, OnlyTheFieldsThatWereSetAreWritten)
 {
     const Bank bank;
     bank.execute("update questions set answer1 = cast(x'ff41' as text) where question_id = 12");
-    auto rows = open(bank, questionById(12));
+    auto rows = open(bank, questionByKey(12));
     EXPECT_EQ(rows.number("a"), 1);
     bank.execute("update questions set a = 70 where question_id = 12");
     rows.set("C", rows.number("c") + 1);

@@ -1,5 +1,6 @@
 #include "desk.h"
 
+#include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 
@@ -203,6 +204,12 @@ QByteArray Desk::opened() const
 {
     QFile file(room_.filePath("opened"));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void Desk::openNoMore()
+{
+    QFile::remove(room_.filePath("opened"));
+    QDir(room_.path()).mkdir("opened");
 }
 
 } // namespace desk

@@ -58,6 +58,8 @@ public:
     [[nodiscard]] QByteArray printed() { return program_ ? program_->printed() : QByteArray(); }
     /// The addresses that the program had opened, one a line.
     [[nodiscard]] QByteArray opened() const;
+    /// From now on nothing opens an address.
+    void openNoMore();
     [[nodiscard]] Window windowOf(const QString& screen) { return look().at(screen).window; }
 
     /// The environment of programs on this desk.

@@ -79,6 +79,11 @@ TEST_F(ShellTest, LinksLightUpUntilTheMousePassesOverTheBackground)
     desk.click("userselect", "site");
     EXPECT_EQ(desk.browser.visited,
               QStringList({"mailto:" + desk.text("userselect", "email"), desk.text("userselect", "site")}));
+    desk.browser.works = false;
+    for (const char* link : {"email", "site"}) {
+        desk.dialogs.expectNoticeWith({"No program", desk.text("userselect", link)});
+        desk.click("userselect", link);
+    }
 }
 
 TEST_F(ShellTest, EveryMoveClosesItsScreenAndShowsTheNext)

@@ -79,8 +79,14 @@ private:
 class RecordingBrowser final : public toolkit::Browser
 {
 public:
-    void navigate(const QString& address) override { visited << address; }
+    void navigate(const QString& address, QObject&, std::function<void()> failed) override
+    {
+        visited << address;
+        if (!works)
+            failed();
+    }
     QStringList visited;
+    bool works = true;
 };
 
 class CountingBeeper final : public toolkit::Beeper

@@ -2,9 +2,13 @@
 #include "toolkit/text.h"
 #include "toolkit/twips.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QFontMetrics>
+#include <QPlainTextEdit>
+#include <QScreen>
 #include <QSize>
+#include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -81,6 +85,32 @@ TEST(Timer, PutsOffAtMostOneTickWhileItIsHeld)
     EXPECT_EQ(ticks, 1) << "a tick put off by a timer that was then disabled";
 }
 
+TEST(Dialogs, EnterMeansYesAndEscapeNoOnDesktopsOfEveryOrderOfButtons)
+{
+    DesktopDialogs dialogs;
+    for (const char* order : {"0", "1", "2", "3"}) {
+        qApp->setStyleSheet(QString("QDialogButtonBox { button-layout: %1 }").arg(order));
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+            QTimer::singleShot(0, [&] { QTest::keyClick(QApplication::activeModalWidget(), key); });
+            EXPECT_EQ(dialogs.confirm(nullptr, "Orvanta", "Sure?"), key == Qt::Key_Return) << order;
+        }
+    }
+    qApp->setStyleSheet("");
+}
+
+TEST(Dialogs, ALongTextIsWholeInABoxThatFitsTheScreen)
+{
+    const QString text = QString("Read on. ").repeated(2000);
+    QTimer::singleShot(0, [&] {
+        QWidget* const box = QApplication::activeModalWidget();
+        EXPECT_TRUE(box->screen()->availableSize().expandedTo(box->frameSize()) ==
+                    box->screen()->availableSize());
+        EXPECT_EQ(box->findChild<QPlainTextEdit*>()->toPlainText(), text);
+        QTest::keyClick(box, Qt::Key_Return);
+    });
+    DesktopDialogs().notice(nullptr, "Orvanta", text, Dialogs::Icon::Exclamation);
+}
+
 TEST(Text, IsShrunkAndThenShortenedUntilItFits)
 {
     constexpr int flags = Qt::AlignHCenter | Qt::TextWordWrap;
@@ -92,6 +122,8 @@ TEST(Text, IsShrunkAndThenShortenedUntilItFits)
         {QString("W").repeated(100), true},
         {QString("word ").repeated(100'000), false},
         {QString("unbroken").repeated(1000), false},
+        {QString::fromUcs4(U"\U0001F642").repeated(2001), false},
+        {"a" + QString::fromUcs4(U"\U0001F642").repeated(2001), false},
         {"", true},
     };
     for (const auto& [text, whole] : cases) {
@@ -100,6 +132,7 @@ TEST(Text, IsShrunkAndThenShortenedUntilItFits)
             QFontMetrics(fit.font).boundingRect(QRect(0, 0, box.width(), 9999), fit.flags, fit.text);
         EXPECT_LE(needed.height(), box.height()) << text.first(qMin(20, text.size())).toStdString();
         EXPECT_LE(needed.width(), box.width()) << text.first(qMin(20, text.size())).toStdString();
+        EXPECT_TRUE(fit.text.isValidUtf16());
         EXPECT_EQ(fit.text == text, whole) << text.first(qMin(20, text.size())).toStdString();
     }
 }
