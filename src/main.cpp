@@ -26,6 +26,7 @@ int main(int argc, char** argv)
     }
     toolkit::silenceLibraryWarnings();
     const QApplication application(argc, argv);
+    QApplication::setApplicationName("Orvanta"); // in window lists, for windows without a caption
     QApplication::setQuitOnLastWindowClosed(false);
 
     toolkit::DesktopDialogs dialogs;

@@ -125,6 +125,7 @@ void Orv::addOptions()
         line(element("Line14", i), {right, top}, {right + half, middle}, outlineOrange, 2);
         line(element("Line15", i), {right + half, middle}, {right, bottom}, outlineOrange, 2);
         line(element("Line16", i), {left, bottom}, {right, bottom}, outlineOrange, 2);
+        option[i]->setBackgroundShape(shape("", {left - half, top, edge + height, height}, {.kind = Shape::Kind::Hexagon, .outline = {}}));
     }
     line(element("Line17", 0), {7920, 5040}, {8640, 5040}, outlineOrange, 2);
     line(element("Line17", 3), {7920, 5760}, {8640, 5760}, outlineOrange, 2);

@@ -15,6 +15,9 @@ class Orv final : public toolkit::Form
 public:
     Orv(toolkit::Services services, const narrator::CharactersFactory& makeCharacters);
 
+    /// With both panels open.
+    [[nodiscard]] toolkit::TwipRect largestBounds() const override;
+
 protected:
     void failed(const std::exception& failure) override;
 

@@ -41,6 +41,14 @@ void Orv::markRung(int n)
     stage->setPlainText(state.stagetext);
 }
 
+toolkit::TwipRect Orv::largestBounds() const
+{
+    const double widening = state.statuspanel == Panel::Open ? 0 : 2850;
+    const double heightening = state.lifelinespanel == Panel::Open ? 0 : 1000;
+    const auto [left, top, width, height] = bounds();
+    return {left - widening / 2, top - heightening / 2, width + widening, height + heightening};
+}
+
 void Orv::orv_mws_Click()
 {
     constexpr double step = 2.5;

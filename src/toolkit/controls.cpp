@@ -5,6 +5,16 @@
 
 namespace toolkit {
 
+namespace {
+
+/// What is written on a ground of this colour while it cannot be used.
+QColor disabledText(const QColor& ground)
+{
+    return ground.darker(150);
+}
+
+} // namespace
+
 Label::Label(QWidget* parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
@@ -15,7 +25,8 @@ Label::Label(QWidget* parent) : QLabel(parent)
 void Label::setTextColour(const QColor& colour)
 {
     QPalette changed = palette();
-    changed.setColor(QPalette::WindowText, colour);
+    for (const auto group : {QPalette::Active, QPalette::Inactive})
+        changed.setColor(group, QPalette::WindowText, colour);
     setPalette(changed);
 }
 
@@ -23,7 +34,28 @@ void Label::setBackground(const QColor& colour)
 {
     QPalette changed = palette();
     changed.setColor(QPalette::Window, colour);
+    changed.setColor(QPalette::Disabled, QPalette::WindowText, disabledText(colour));
     setPalette(changed);
+    fillShape();
+}
+
+void Label::setOpaque(bool opaque)
+{
+    opaque_ = opaque;
+    fillShape();
+    update();
+}
+
+void Label::setBackgroundShape(toolkit::Shape* shape)
+{
+    backgroundShape_ = shape;
+    fillShape();
+}
+
+void Label::fillShape()
+{
+    if (backgroundShape_)
+        backgroundShape_->setFill(opaque_ ? std::optional(palette().color(QPalette::Window)) : std::nullopt);
 }
 
 void Label::setText(const QString& text)
@@ -68,7 +100,7 @@ void Label::paintSpread(QPainter& painter) const
 void Label::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    if (isOpaque())
+    if (opaque_ && !backgroundShape_)
         painter.fillRect(rect(), palette().color(QPalette::Window));
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
@@ -124,7 +156,7 @@ void Button::setBackground(const QColor& colour)
     QPalette changed = palette();
     changed.setColor(QPalette::Button, colour);
     changed.setColor(QPalette::ButtonText, Qt::black);
-    changed.setColor(QPalette::Disabled, QPalette::ButtonText, colour.darker(150));
+    changed.setColor(QPalette::Disabled, QPalette::ButtonText, disabledText(colour));
     setPalette(changed);
 }
 
@@ -189,27 +221,48 @@ void Picture::paintEvent(QPaintEvent*)
     painter.drawPixmap(area, pixmap_, QRectF(pixmap_.rect()));
 }
 
+namespace {
+
+QPolygonF hexagon(const QRectF& area)
+{
+    const double half = area.height() / 2;
+    const double left = area.left() + half;
+    const double right = area.right() - half;
+    return QList{
+        QPointF(left, area.top()),     QPointF(right, area.top()),   QPointF(area.right(), area.center().y()),
+        QPointF(right, area.bottom()), QPointF(left, area.bottom()), QPointF(area.left(), area.center().y())};
+}
+
+} // namespace
+
 Shape::Shape(const Look& look, QWidget* parent) : QWidget(parent), look_(look)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents, !look.cover);
 }
 
+void Shape::setFill(std::optional<QColor> fill)
+{
+    look_.fill = fill;
+    update();
+}
+
 void Shape::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const double inset = look_.outlineWidth / 2.0;
+    const double inset = look_.outline ? look_.outlineWidth / 2.0 : 0;
     const QRectF area = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
-    QPen pen(look_.outline, look_.outlineWidth);
+    QPen pen(look_.outline.value_or(Qt::transparent), look_.outlineWidth);
     pen.setJoinStyle(Qt::MiterJoin);
-    painter.setPen(pen);
+    painter.setPen(look_.outline ? pen : QPen(Qt::NoPen));
     if (look_.fill)
         painter.setBrush(*look_.fill);
-    if (look_.kind == Kind::Rectangle) {
+    painter.setRenderHint(QPainter::Antialiasing, look_.kind != Kind::Rectangle);
+    if (look_.kind == Kind::Rectangle)
         painter.drawRect(area);
-        return;
-    }
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.drawEllipse(area);
+    else if (look_.kind == Kind::Circle)
+        painter.drawEllipse(area);
+    else
+        painter.drawPolygon(hexagon(area));
 }
 
 Line::Line(TwipPoint from, TwipPoint to, const QColor& colour, int lineWidth, QWidget* parent)

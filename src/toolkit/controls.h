@@ -12,6 +12,8 @@
 
 namespace toolkit {
 
+class Shape;
+
 /// A text on a screen. Draws nothing but the text while its background is transparent. A text that is too
 /// long for its box is drawn smaller rather than cut.
 class Label final : public QLabel
@@ -22,8 +24,10 @@ public:
     void setTextColour(const QColor& colour);
     /// The colour of the background, seen only while the label is opaque.
     void setBackground(const QColor& colour);
-    void setOpaque(bool opaque) { setAutoFillBackground(opaque); }
-    [[nodiscard]] bool isOpaque() const { return autoFillBackground(); }
+    void setOpaque(bool opaque);
+    [[nodiscard]] bool isOpaque() const { return opaque_; }
+    /// Has the background fill a shape that lies under the label instead of the label's own box.
+    void setBackgroundShape(toolkit::Shape* shape);
     void setBordered(bool bordered) { bordered_ = bordered; }
     /// Makes the label as large as its text from now on; it grows from its left edge, or from its middle
     /// if its text is centred.
@@ -46,10 +50,13 @@ protected:
 
 private:
     void sizeToText();
+    void fillShape();
     void paintSpread(QPainter& painter) const;
 
     double firstWord_ = 0;
     double wordDistance_ = 0; ///< 0: the text is one
+    toolkit::Shape* backgroundShape_ = nullptr;
+    bool opaque_ = false;
     bool bordered_ = false;
     bool sizedToText_ = false;
     bool pressed_ = false;
@@ -84,21 +91,26 @@ private:
     QPixmap pixmap_;
 };
 
-/// A filled or outlined rectangle or circle. Clicks go through it unless it is a cover.
+/// A filled or outlined figure. Clicks go through it unless it is a cover.
 class Shape final : public QWidget
 {
 public:
-    enum class Kind { Rectangle, Circle };
+    enum class Kind {
+        Rectangle,
+        Circle,
+        Hexagon ///< pointed at the left and the right, with corners of 90 degrees
+    };
     struct Look
     {
         Kind kind = Kind::Rectangle;
         std::optional<QColor> fill = {};
-        QColor outline = Qt::black;
+        std::optional<QColor> outline = Qt::black;
         int outlineWidth = 1;
         bool cover = false; ///< keeps clicks from what lies under it
     };
 
     Shape(const Look& look, QWidget* parent);
+    void setFill(std::optional<QColor> fill);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -57,6 +57,8 @@ public:
     /// Where the window is, in twips. Unrounded as long as only this program moved it.
     [[nodiscard]] TwipRect bounds() const;
     void setBounds(const TwipRect& bounds);
+    /// The room that the window takes when it is as large as it gets where it stands.
+    [[nodiscard]] virtual TwipRect largestBounds() const { return bounds(); }
 
     // Called by Screens only.
     void load();
