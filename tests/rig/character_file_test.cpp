@@ -155,6 +155,16 @@ TEST(Genie, MovesInAnotherWayForEveryNameAndWavesBesideTheHead)
         EXPECT_EQ(std::ranges::find(seen, pose), seen.end()) << gesture.name.toStdString();
         seen.push_back(pose);
         EXPECT_TRUE(poseAt(rig, motion, gesture.lengthMs) == rig.rest) << gesture.name.toStdString();
+        for (const QString hand : {"handL", "handR"}) {
+            const auto i = std::ranges::find(rig.bones, hand, &Bone::id) - rig.bones.begin();
+            const auto at = [&](double timeMs) {
+                return boneTransforms(rig, poseAt(rig, motion, timeMs))[i].map(rig.bones[i].pivot);
+            };
+            double fastest = 0; // in drawing units a frame
+            for (double timeMs = 33; timeMs <= gesture.lengthMs; timeMs += 4)
+                fastest = std::max(fastest, QLineF(at(timeMs - 33), at(timeMs)).length());
+            EXPECT_LT(fastest, 60) << gesture.name.toStdString();
+        }
     }
 
     const auto meanAlpha = [&](const Pose& pose, const QRect& area) {
