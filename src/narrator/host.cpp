@@ -111,7 +111,7 @@ private:
 
     toolkit::Clock& clock_;
     Figure figure_;
-    voice::SpeakingVoice voice_;
+    voice::Voice voice_;
     Player player_;
     QPointer<Stage> stage_;
     toolkit::Timer timer_;
