@@ -74,7 +74,6 @@ public:
         device_->drop();
         ear_.silence = SteadyClock::now();
     }
-    void drain() override { device_->drain(); }
 
 private:
     std::unique_ptr<voice::SoundDevice> device_;

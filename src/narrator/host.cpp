@@ -120,7 +120,7 @@ private:
 
     toolkit::Clock& clock_;
     rig::Figure figure_;
-    voice::SpeakingVoice voice_;
+    voice::Voice voice_;
     Player player_;
     QPointer<stage::Stage> stage_;
     toolkit::Timer timer_;

@@ -74,9 +74,10 @@ Frame Player::frame(Milliseconds now)
     advance(now);
     Frame frame{pose(now), text_, 0};
     if (!text_.isEmpty()) {
+        const voice::Moment moment = voice_.at(now);
         if (!still_)
-            rig::shapeMouth(rig_, frame.pose, rigShape(voice_.mouth(now)));
-        frame.said = voice_.said(now);
+            rig::shapeMouth(rig_, frame.pose, rigShape(moment.mouth));
+        frame.said = moment.said;
     }
     return frame;
 }
@@ -129,11 +130,10 @@ std::optional<Player::Milliseconds> Player::ended(Milliseconds now)
     if (motion_.gesture)
         end += Milliseconds(static_cast<qint64>(motion_.gesture->lengthMs));
     if (!text_.isEmpty()) {
-        const auto first = voice_.firstWord(now);
-        const auto last = voice_.lastWord(now);
-        if (!first || !last)
+        const voice::Moment moment = voice_.at(now);
+        if (!moment.begun || !moment.over)
             return {};
-        end = std::max(*first + reading_, *last);
+        end = std::max(*moment.begun + reading_, *moment.over);
     }
     return end <= now ? std::optional(end) : std::nullopt;
 }
