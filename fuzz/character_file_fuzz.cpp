@@ -19,7 +19,7 @@ void perform(rig::Figure& figure)
         pose = rig::poseAt(rig, {&rig.gestures[i], pose}, rig.gestures[i].lengthMs / 2);
         rig::addSines(rig, pose, 700);
         rig::closeLids(rig, pose, 0.5);
-        rig::addLook(rig, pose, {1, -1});
+        rig::addGlance(rig, pose, {1, -1});
         rig::shapeMouth(rig, pose, rig::MouthShape::A);
         figure.paint(painter, pose, 1);
     }

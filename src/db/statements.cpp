@@ -15,8 +15,8 @@ constexpr Source questionIdsOfLevelSource = {schema::questions.name, idField, le
                                              Order::KeyListed,       true};
 constexpr Source questionsOfLevelSource = {
     schema::questions.name, schema::questionFields, levelField, schema::tallies, Order::Key, true};
-constexpr Source questionByKeySource = {
-    schema::questions.name, schema::questionFields, {}, schema::tallies, Order::OneKey, true};
+constexpr Source questionByKeySource = {schema::questions.name, schema::questionFields, {},
+                                        schema::tallies,        Order::OneKey,          true};
 constexpr Source allQuestionsSource = {
     schema::questions.name, schema::questionFields, {}, schema::tallies, Order::Id, true};
 constexpr Source promptMessagesSource = {

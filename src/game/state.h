@@ -1,7 +1,6 @@
 #pragma once
 
 #include "db/recordset.h"
-#include "db/recordset.h"
 #include "game/ladder.h"
 
 #include <QSet>

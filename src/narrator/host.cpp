@@ -5,6 +5,7 @@
 #include "rig/figure.h"
 #include "stage/stage.h"
 #include "toolkit/clock.h"
+#include "toolkit/desktop.h"
 #include "voice/voice.h"
 
 #include <QPointer>
@@ -21,9 +22,10 @@ namespace {
 constexpr auto promptFrame = 16ms; ///< while the first word is to come
 constexpr auto busyFrame = 33ms;
 constexpr auto idleFrame = 83ms;
+constexpr auto unseenFrame = 250ms; ///< what is said goes on behind a minimised form
 constexpr auto lookPeriod = 1s;
 
-/// A loaded character: gives the player time and the stage frames, as long as the stage is to be seen.
+/// A loaded character: gives the player time and, while it is to be seen, the stage frames.
 class Host final : public Character
 {
 public:
@@ -46,6 +48,7 @@ public:
             stage_->showMuted(speaker->muted());
             stage_->onMute([speaker](bool muted) { speaker->setMuted(muted); });
         }
+        player_.onLook([this] { return stage_ ? stage_->sights() : rig::Sights(); });
         timer_.onTick([this] { update(); });
     }
 
@@ -88,30 +91,36 @@ public:
 private:
     void update()
     {
-        if (!stage_ || !stage_->isVisible()) {
-            timer_.setEnabled(false);
-            return;
-        }
         const auto now = clock_.now();
-        player_.see(stage_->sights());
+        if (!stage_)
+            player_.stop(now);
+        const bool seen = stage_ && stage_->isVisible();
         const Frame frame = player_.frame(now);
-        stage_->present(frame.pose, frame.text, frame.said);
-        if (now >= nextLook_) {
-            stage_->lookAround();
-            nextLook_ = now + lookPeriod;
-        }
+        if (seen)
+            show(frame, now);
+        const bool idle = player_.idle(now);
         const bool toCome = !frame.text.isEmpty() && frame.said == 0;
-        const auto period = player_.idle(now) ? idleFrame : toCome ? promptFrame : busyFrame;
+        const auto period = !seen ? unseenFrame : idle ? idleFrame : toCome ? promptFrame : busyFrame;
         if (timer_.intervalAsDuration() != period) {
             timer_.setEnabled(false);
             timer_.setInterval(period);
         }
-        timer_.setEnabled(true);
+        timer_.setEnabled(seen || !idle);
+    }
+
+    void show(const Frame& frame, std::chrono::milliseconds now)
+    {
+        stage_->present(frame.pose, frame.text, frame.said);
+        if (now >= nextLook_) {
+            stage_->lookAround();
+            player_.keepStill(!toolkit::animationsWanted());
+            nextLook_ = now + lookPeriod;
+        }
     }
 
     toolkit::Clock& clock_;
     rig::Figure figure_;
-    voice::SpeakingVoice voice_;
+    voice::Voice voice_;
     Player player_;
     QPointer<stage::Stage> stage_;
     toolkit::Timer timer_;

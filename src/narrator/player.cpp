@@ -35,7 +35,6 @@ Player::Player(const rig::Rig& rig, voice::Voice& voice, std::function<double()>
       voice_(voice),
       random_(std::move(random)),
       gaze_(random_, now),
-      queue_(*this),
       motion_{nullptr, rig.rest},
       motionStart_(now),
       requestStart_(now),
@@ -45,50 +44,78 @@ Player::Player(const rig::Rig& rig, voice::Voice& voice, std::function<double()>
 
 void Player::play(const QString& gesture, Milliseconds now)
 {
-    queue_.add({Request::Kind::Gesture, gesture}, now);
+    add({false, gesture}, now);
 }
 
 void Player::speak(const QString& text, Milliseconds now)
 {
-    queue_.add({Request::Kind::Speech, text}, now);
+    add({true, text}, now);
 }
 
 void Player::stop(Milliseconds now)
 {
-    queue_.advance(now);
-    queue_.stop(now);
+    advance(now);
+    waiting_.clear();
+    finish(now);
 }
 
 void Player::skip(Milliseconds now)
 {
-    queue_.advance(now);
-    if (!text_.isEmpty())
-        queue_.skip(now);
+    advance(now);
+    if (text_.isEmpty())
+        return;
+    finish(now);
+    begin(now);
+    advance(now);
 }
 
 Frame Player::frame(Milliseconds now)
 {
-    queue_.advance(now);
-    Frame frame{rig::poseAt(rig_, motion_, sinceMs(motionStart_, now)), text_, 0};
-    rig::addSines(rig_, frame.pose, static_cast<double>(now.count()));
-    rig::addLook(rig_, frame.pose, gaze_.at(now, motion_.gesture == nullptr, sights_));
-    rig::closeLids(rig_, frame.pose, lidsClosed(now));
+    advance(now);
+    Frame frame{pose(now), text_, 0};
     if (!text_.isEmpty()) {
-        rig::shapeMouth(rig_, frame.pose, rigShape(voice_.mouth(now)));
-        frame.said = voice_.said(now);
+        const voice::Moment moment = voice_.at(now);
+        if (!still_)
+            rig::shapeMouth(rig_, frame.pose, rigShape(moment.mouth));
+        frame.said = moment.said;
     }
     return frame;
 }
 
 bool Player::idle(Milliseconds now) const
 {
-    return queue_.idle() && now >= motionStart_ + settling;
+    return !running_ && now >= motionStart_ + settling;
 }
 
-void Player::begin(const Request& request, Milliseconds start)
+void Player::add(Request request, Milliseconds now)
 {
+    advance(now);
+    waiting_.push_back(std::move(request));
+    if (!running_)
+        begin(now);
+    advance(now);
+}
+
+void Player::advance(Milliseconds now)
+{
+    while (running_) {
+        const auto end = ended(now);
+        if (!end)
+            return;
+        finish(*end);
+        begin(*end);
+    }
+}
+
+void Player::begin(Milliseconds start)
+{
+    if (waiting_.empty())
+        return;
+    const Request request = std::move(waiting_.front());
+    waiting_.pop_front();
+    running_ = true;
     requestStart_ = start;
-    if (request.kind == Request::Kind::Gesture) {
+    if (!request.speech) {
         if (const rig::Gesture* gesture = rig_.gesture(request.text))
             turnTo(gesture, start);
     } else if (reading_ = readingTime(request.text); reading_ > 0ms) {
@@ -103,17 +130,17 @@ std::optional<Player::Milliseconds> Player::ended(Milliseconds now)
     if (motion_.gesture)
         end += Milliseconds(static_cast<qint64>(motion_.gesture->lengthMs));
     if (!text_.isEmpty()) {
-        const auto first = voice_.firstWord(now);
-        const auto last = voice_.lastWord(now);
-        if (!first || !last)
+        const voice::Moment moment = voice_.at(now);
+        if (!moment.begun || !moment.over)
             return {};
-        end = std::max(*first + reading_, *last);
+        end = std::max(*moment.begun + reading_, *moment.over);
     }
     return end <= now ? std::optional(end) : std::nullopt;
 }
 
 void Player::finish(Milliseconds time)
 {
+    running_ = false;
     if (motion_.gesture)
         turnTo(nullptr, time);
     if (!text_.isEmpty())
@@ -125,6 +152,19 @@ void Player::turnTo(const rig::Gesture* gesture, Milliseconds time)
 {
     motion_ = {gesture, rig::poseAt(rig_, motion_, sinceMs(motionStart_, time))};
     motionStart_ = time;
+}
+
+rig::Pose Player::pose(Milliseconds now)
+{
+    if (still_)
+        return motion_.gesture
+                   ? rig::poseAt(rig_, {motion_.gesture, rig_.rest}, motion_.gesture->lengthMs / 2)
+                   : rig_.rest;
+    rig::Pose pose = rig::poseAt(rig_, motion_, sinceMs(motionStart_, now));
+    rig::addSines(rig_, pose, static_cast<double>(now.count()));
+    rig::addGlance(rig_, pose, gaze_.at(now, motion_.gesture == nullptr, sights_));
+    rig::closeLids(rig_, pose, lidsClosed(now));
+    return pose;
 }
 
 double Player::lidsClosed(Milliseconds now)

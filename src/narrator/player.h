@@ -1,6 +1,5 @@
 #pragma once
 
-#include "narrator/request_queue.h"
 #include "rig/gaze.h"
 #include "rig/motion.h"
 #include "voice/voice.h"
@@ -8,6 +7,7 @@
 #include <QString>
 
 #include <chrono>
+#include <deque>
 #include <functional>
 #include <optional>
 
@@ -21,9 +21,10 @@ struct Frame
     qsizetype said = 0; ///< how many of its characters have been said
 };
 
-/// Turns requests and time into frames: the gesture or speech being carried out, with breathing,
-/// blinks and the mouth laid over it. Time is passed in and never runs backwards.
-class Player final : private Performer
+/// Carries out one request after another and turns time into frames: the gesture or speech of the moment,
+/// with breathing, blinks and the mouth laid over it. Time is passed in and never runs backwards; it may make
+/// leaps, and what happened in between is caught up with.
+class Player
 {
 public:
     using Milliseconds = std::chrono::milliseconds;
@@ -37,8 +38,11 @@ public:
     /// Ends the text being said, if there is one; the next request begins.
     void skip(Milliseconds now);
 
-    /// What there is to look at while nothing is being carried out.
-    void see(const rig::Sights& sights) { sights_ = sights; }
+    /// From now on nothing moves but from the pose of one gesture to that of the next.
+    void keepStill(bool still) { still_ = still; }
+
+    /// Asked for what there is to look at, now and then while nothing is being carried out.
+    void onLook(std::function<rig::Sights()> sights) { sights_ = std::move(sights); }
 
     [[nodiscard]] Frame frame(Milliseconds now);
 
@@ -46,19 +50,33 @@ public:
     [[nodiscard]] bool idle(Milliseconds now) const;
 
 private:
-    void begin(const Request& request, Milliseconds start) override;
-    std::optional<Milliseconds> ended(Milliseconds now) override;
-    void finish(Milliseconds time) override;
+    /// One thing the host was asked to do.
+    struct Request
+    {
+        bool speech = false;
+        QString text; ///< the words or the gesture's name
+    };
+
+    void add(Request request, Milliseconds now);
+    void advance(Milliseconds now);
+    /// Begins the next request, if there is one.
+    void begin(Milliseconds start);
+    /// The time at which the request begun last came to its end, none if that is later than `now`.
+    [[nodiscard]] std::optional<Milliseconds> ended(Milliseconds now);
+    void finish(Milliseconds time);
 
     void turnTo(const rig::Gesture* gesture, Milliseconds time);
+    [[nodiscard]] rig::Pose pose(Milliseconds now);
     [[nodiscard]] double lidsClosed(Milliseconds now);
 
     const rig::Rig& rig_;
     voice::Voice& voice_;
     std::function<double()> random_;
     rig::Gaze gaze_;
-    rig::Sights sights_;
-    RequestQueue queue_;
+    std::function<rig::Sights()> sights_ = [] { return rig::Sights(); };
+    bool still_ = false;
+    std::deque<Request> waiting_;
+    bool running_ = false; ///< a request is being carried out
     rig::Motion motion_;
     Milliseconds motionStart_;
     Milliseconds requestStart_;

@@ -1,11 +1,10 @@
 #include "rig/drawing_rules.h"
 
-#include <QStringList>
+#include <QLineF>
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <optional>
 #include <utility>
 
 namespace rig {
@@ -76,51 +75,30 @@ const QSet<QString>& elements()
     return table;
 }
 
-bool isDigit(QChar c)
-{
-    return c >= u'0' && c <= u'9';
-}
-
-bool isColour(QStringView text)
-{
-    const auto isHex = [](QChar c) {
-        return isDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
-    };
-    return (text.size() == 4 || text.size() == 7) && text[0] == u'#' &&
-           std::all_of(text.begin() + 1, text.end(), isHex);
-}
-
-/// How much longer a line can become.
-double largestScale(const QTransform& transform)
-{
-    const double a = transform.m11();
-    const double b = transform.m12();
-    const double c = transform.m21();
-    const double d = transform.m22();
-    const double sum = a * a + b * b + c * c + d * d;
-    const double determinant = a * d - b * c;
-    return std::sqrt((sum + std::sqrt(std::max(0.0, sum * sum - 4 * determinant * determinant))) / 2);
-}
-
 /// The outline of an element that is one by its name.
-std::optional<Outline> shape(const QString& name, const QXmlStreamAttributes& attributes)
+QPainterPath shape(const QString& name, const QXmlStreamAttributes& attributes)
 {
-    constexpr int pieces = 12; ///< a round one is made of
     const auto number = [&](const QString& key, double otherwise = 0) {
         return plainNumber(attributes.value(key)).value_or(otherwise);
     };
+    QPainterPath outline;
     if (name == u"rect") {
-        const QRectF box = QRectF(number("x"), number("y"), number("width"), number("height")).normalized();
-        return Outline{2 * (box.width() + box.height()), box, pieces};
+        outline.addRect(number("x"), number("y"), number("width"), number("height"));
+    } else if (name == u"circle" || name == u"ellipse") {
+        const double radius = number("r");
+        outline.addEllipse(QPointF(number("cx"), number("cy")), number("rx", radius), number("ry", radius));
     }
-    if (name != u"circle" && name != u"ellipse")
-        return {};
-    const double radius = std::abs(number("r"));
-    const double radiusX = std::abs(number("rx", radius));
-    const double radiusY = std::abs(number("ry", radius));
-    const QPointF centre(number("cx"), number("cy"));
-    const QPointF corner(radiusX, radiusY);
-    return Outline{4 * (radiusX + radiusY), QRectF(centre - corner, centre + corner), pieces};
+    return outline;
+}
+
+/// At least as long as the outline: curves count by their control points.
+double lengthOf(const QPainterPath& outline)
+{
+    double length = 0;
+    for (int i = 1; i < outline.elementCount(); ++i)
+        if (!outline.elementAt(i).isMoveTo())
+            length += QLineF(outline.elementAt(i - 1), outline.elementAt(i)).length();
+    return length;
 }
 
 } // namespace
@@ -136,10 +114,7 @@ void DrawingRules::element(const QString& name, const QXmlStreamAttributes& attr
         attribute(name, entry.name().toString(), entry.value(), line);
     }
     enter(attributes, depth);
-    if (const auto outline = shape(name, attributes))
-        spend(*outline, paints_.back());
-    else if (name == u"path")
-        spend(std::exchange(outline_, {}), paints_.back());
+    spend(name == u"path" ? std::exchange(outline_, {}) : shape(name, attributes));
     const QString id = attributes.value("id").toString();
     if (id.isEmpty())
         return;
@@ -241,22 +216,26 @@ void DrawingRules::enter(const QXmlStreamAttributes& attributes, int depth)
     paints_.push_back(paint);
 }
 
-void DrawingRules::spend(const Outline& outline, const Paint& paint)
+void DrawingRules::spend(const QPainterPath& outline)
 {
-    if (outline.corners == 0)
+    if (outline.isEmpty())
         return;
-    const double scale = largestScale(paint.transform);
-    const double strokeWidth = paint.stroked ? paint.strokeWidth * scale : 0;
-    const QRectF box = paint.transform.mapRect(outline.box);
+    const Paint& paint = paints_.back();
+    const QPainterPath drawn = paint.transform.map(outline);
+    // No line becomes wider than by the length of the transform's columns taken together.
+    const double widening = std::hypot(std::hypot(paint.transform.m11(), paint.transform.m12()),
+                                       std::hypot(paint.transform.m21(), paint.transform.m22()));
+    const double strokeWidth = paint.stroked ? paint.strokeWidth * widening : 0;
+    const QRectF box = drawn.controlPointRect();
     const double width = std::clamp(box.width() + strokeWidth, 1.0, maxReach);
     const double height = std::clamp(box.height() + strokeWidth, 1.0, maxReach);
     const auto painting = [&](double edges) {
         return width * height + costOfStep * edges * std::min(edges / height, width);
     };
-    const double length = outline.length * scale;
+    const double length = lengthOf(drawn);
     cost_ += painting(length);
     if (paint.stroked)
-        cost_ += painting(2 * length + outline.corners * strokeWidth * std::numbers::pi);
+        cost_ += painting(2 * length + outline.elementCount() * strokeWidth * std::numbers::pi);
     if (!(cost_ <= maxCost))
         throw Defect{"the drawing takes too long to paint"};
 }

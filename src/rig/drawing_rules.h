@@ -45,14 +45,14 @@ private:
     };
 
     void enter(const QXmlStreamAttributes& attributes, int depth);
-    void spend(const Outline& outline, const Paint& paint);
+    void spend(const QPainterPath& outline);
 
     QSet<QString> ids_;
     QSet<QString> parts_;
     QSet<QString> gradients_;
     QHash<QString, qint64> references_;
     std::vector<Paint> paints_; ///< of the element being read and those around it
-    Outline outline_;           ///< of the element being read
+    QPainterPath outline_;      ///< of the path being read
     qsizetype pathCharacters_ = 0;
     double cost_ = 0;
 };

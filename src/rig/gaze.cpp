@@ -20,13 +20,13 @@ Gaze::Gaze(std::function<double()>& random, Milliseconds now)
 {
 }
 
-QPointF Gaze::at(Milliseconds now, bool resting, const Sights& sights)
+QPointF Gaze::at(Milliseconds now, bool resting, const std::function<Sights()>& sights)
 {
     if (now >= next_)
         choose(now);
     QPointF wanted;
     if (resting && target_ != Target::Ahead)
-        wanted = target_ == Target::Question ? sights.question : sights.pointer;
+        wanted = target_ == Target::Question ? sights().question : sights().pointer;
     const double left = std::exp(-static_cast<double>((now - last_).count()) / turnMs);
     seen_ = wanted + (seen_ - wanted) * left;
     last_ = now;

@@ -24,8 +24,9 @@ public:
     /// `random` gives numbers from 0 up to 1 and must outlive the gaze.
     Gaze(std::function<double()>& random, Milliseconds now);
 
-    /// From -1 to 1 to the right and downwards. A figure that is not at rest looks ahead.
-    QPointF at(Milliseconds now, bool resting, const Sights& sights);
+    /// From -1 to 1 to the right and downwards. A figure that is not at rest looks ahead. `sights` is asked
+    /// only when it does not.
+    QPointF at(Milliseconds now, bool resting, const std::function<Sights()>& sights);
 
 private:
     enum class Target { Ahead, Question, Pointer };

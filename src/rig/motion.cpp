@@ -125,11 +125,11 @@ void closeLids(const Rig& rig, Pose& pose, double closed)
     }
 }
 
-void addLook(const Rig& rig, Pose& pose, const QPointF& sight)
+void addGlance(const Rig& rig, Pose& pose, const QPointF& sight)
 {
-    for (const Look& look : rig.looks) {
-        channel(pose, look.bone, Channel::X) += look.reach.x() * sight.x();
-        channel(pose, look.bone, Channel::Y) += look.reach.y() * sight.y();
+    for (const Glance& glance : rig.glances) {
+        channel(pose, glance.bone, Channel::X) += glance.reach.x() * sight.x();
+        channel(pose, glance.bone, Channel::Y) += glance.reach.y() * sight.y();
     }
 }
 

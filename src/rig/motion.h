@@ -29,7 +29,7 @@ void addSines(const Rig& rig, Pose& pose, double timeMs);
 /// `closed` is 0 for eyes as the pose has them, 1 for shut.
 void closeLids(const Rig& rig, Pose& pose, double closed);
 /// Turns towards `sight`: from -1 to 1 to the right and downwards.
-void addLook(const Rig& rig, Pose& pose, const QPointF& sight);
+void addGlance(const Rig& rig, Pose& pose, const QPointF& sight);
 void shapeMouth(const Rig& rig, Pose& pose, MouthShape shape);
 
 /// From the drawing as it lies in the file to the drawing in this pose, one transform per bone.

@@ -104,7 +104,7 @@ struct Lid
 };
 
 /// How far a bone goes when the figure looks fully aside and fully down.
-struct Look
+struct Glance
 {
     int bone = 0;
     QPointF reach;
@@ -121,7 +121,7 @@ struct Rig
     std::vector<QString> layers;
     std::vector<Sine> sines;
     std::vector<Lid> lids;
-    std::vector<Look> looks;
+    std::vector<Glance> glances;
     std::array<int, mouthShapeCount> mouths{}; ///< the draw of each shape
     int mouthSlot = -1;
     Pose rest;

@@ -252,9 +252,9 @@ void RigReader::blink(const Fields& fields)
 
 void RigReader::look(const Fields& fields)
 {
-    if (rig_.looks.size() == maxBones)
+    if (rig_.glances.size() == maxBones)
         throw Defect{QString("there are more than %1 looks").arg(maxBones)};
-    rig_.looks.push_back({boneNamed(fields.text("bone")), QPointF(fields.number("x"), fields.number("y"))});
+    rig_.glances.push_back({boneNamed(fields.text("bone")), QPointF(fields.number("x"), fields.number("y"))});
 }
 
 void RigReader::mouth(const Fields& fields)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QRectF>
+#include <QPainterPath>
 #include <QStringView>
 #include <QTransform>
 
@@ -18,19 +18,14 @@ namespace rig {
 /// Numbers separated by blanks or commas; none if one of them is no plain number.
 [[nodiscard]] std::optional<std::vector<double>> plainNumbers(QStringView text);
 
-/// One or more of matrix(), translate(), rotate() and scale().
+/// One or more of matrix(), translate() and rotate().
 [[nodiscard]] std::optional<QTransform> plainTransform(QStringView text);
 
-/// What can be said of an outline without painting it. Curves count by their control points, so that
-/// nothing of the outline is longer or lies farther out.
-struct Outline
-{
-    double length = 0;
-    QRectF box;
-    int corners = 0;
-};
+/// #rgb or #rrggbb.
+[[nodiscard]] bool isColour(QStringView text);
 
-/// The outline that path data describe; `bad` is set to the first place that is none.
-[[nodiscard]] std::optional<Outline> outlineOf(QStringView data, QStringView& bad);
+/// The outline that path data of the commands M, L, C and Z describe; `bad` is set to the first place that
+/// is none.
+[[nodiscard]] std::optional<QPainterPath> outlineOf(QStringView data, QStringView& bad);
 
 } // namespace rig

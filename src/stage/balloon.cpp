@@ -2,6 +2,8 @@
 
 #include "stage/balloon_access.h"
 #include "stage/balloon_text.h"
+#include "stage/colours.h"
+#include "toolkit/text.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -14,6 +16,7 @@ namespace stage {
 
 namespace {
 
+constexpr double points = 11.25;
 constexpr int padding = 14;
 constexpr int tailHeight = 14;
 constexpr int tailWidth = 20;
@@ -22,24 +25,17 @@ constexpr int leastWidth = 120;
 constexpr double corner = 16;
 constexpr qsizetype longestPage = 2'000; ///< characters; no room takes more
 
-const QColor edgeColour(0x0b, 0x4d, 0x5f);
-const QColor paperColour(0xff, 0xfd, 0xf3);
-const QColor inkColour(0x16, 0x24, 0x33);
-
 } // namespace
 
 Balloon::Balloon(const QRect& room, QWidget* parent) : QLabel(parent), room_(room)
 {
+    describeAsText(*this); // before anything of it is told
     setObjectName("balloon");
     setTextFormat(Qt::PlainText);
     setFocusPolicy(Qt::NoFocus);
-    QFont font;
-    font.setFamilies({"Verdana", "DejaVu Sans", "sans-serif"});
-    font.setPixelSize(15);
-    setFont(font);
-    layout_.setFont(font);
+    setFont(toolkit::verdana(points));
+    layout_.setFont(font());
     setAccessibleName("Host says");
-    describeBalloons();
     hide();
 }
 

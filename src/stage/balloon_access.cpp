@@ -1,25 +1,24 @@
 #include "stage/balloon_access.h"
 
-#include "stage/balloon.h"
-
 #include <QAccessibleWidget>
+#include <QLabel>
+#include <QVariant>
 
 namespace stage {
 
 namespace {
 
-/// The balloon's words as a text that cannot be edited and has no cursor.
-class BalloonAccess final : public QAccessibleWidget, public QAccessibleTextInterface
+constexpr char mark[] = "growingText"; ///< property of the labels meant here
+
+/// The label's words as a text that cannot be edited and has no cursor.
+class GrowingText final : public QAccessibleWidget, public QAccessibleTextInterface
 {
 public:
-    explicit BalloonAccess(Balloon& balloon)
-        : QAccessibleWidget(&balloon, QAccessible::StaticText), balloon_(balloon)
-    {
-    }
+    explicit GrowingText(QLabel& label) : QAccessibleWidget(&label, QAccessible::StaticText), label_(label) {}
 
     [[nodiscard]] QString text(QAccessible::Text what) const override
     {
-        return what == QAccessible::Value ? balloon_.text() : QAccessibleWidget::text(what);
+        return what == QAccessible::Value ? label_.text() : QAccessibleWidget::text(what);
     }
 
     [[nodiscard]] void* interface_cast(QAccessible::InterfaceType type) override
@@ -30,9 +29,9 @@ public:
 
     [[nodiscard]] QString text(int start, int end) const override
     {
-        return balloon_.text().mid(start, end - start);
+        return label_.text().mid(start, end - start);
     }
-    [[nodiscard]] int characterCount() const override { return static_cast<int>(balloon_.text().size()); }
+    [[nodiscard]] int characterCount() const override { return static_cast<int>(label_.text().size()); }
     [[nodiscard]] int cursorPosition() const override { return characterCount(); }
     void setCursorPosition(int) override {}
     void selection(int, int* start, int* end) const override { *start = *end = 0; }
@@ -51,34 +50,34 @@ public:
     }
 
 private:
-    Balloon& balloon_;
+    QLabel& label_;
 };
 
 QAccessibleInterface* describe(const QString&, QObject* object)
 {
-    auto* balloon = dynamic_cast<Balloon*>(object);
-    return balloon ? new BalloonAccess(*balloon) : nullptr;
+    auto* label = qobject_cast<QLabel*>(object);
+    return label && label->property(mark).toBool() ? new GrowingText(*label) : nullptr;
 }
 
 } // namespace
 
-void describeBalloons()
+void describeAsText(QLabel& label)
 {
-    static const bool installed = (QAccessible::installFactory(describe), true);
-    Q_UNUSED(installed);
+    label.setProperty(mark, true);
+    QAccessible::installFactory(describe); // once; further times do nothing
 }
 
-void announceWords(Balloon& balloon, const QString& before)
+void announceWords(QLabel& label, const QString& before)
 {
-    const QString words = balloon.text();
-    QAccessibleValueChangeEvent value(&balloon, words);
+    const QString words = label.text();
+    QAccessibleValueChangeEvent value(&label, words);
     QAccessible::updateAccessibility(&value);
     if (words.startsWith(before)) {
         const auto start = static_cast<int>(before.size());
-        QAccessibleTextInsertEvent insertion(&balloon, start, words.sliced(start));
+        QAccessibleTextInsertEvent insertion(&label, start, words.sliced(start));
         QAccessible::updateAccessibility(&insertion);
     } else {
-        QAccessibleTextUpdateEvent update(&balloon, 0, before, words);
+        QAccessibleTextUpdateEvent update(&label, 0, before, words);
         QAccessible::updateAccessibility(&update);
     }
 }

@@ -2,14 +2,14 @@
 
 #include <QString>
 
+class QLabel;
+
 namespace stage {
 
-class Balloon;
+/// A label whose words come one by one is from now on known to screen readers as a text.
+void describeAsText(QLabel& label);
 
-/// From now on balloons are known to screen readers as a text with the name "Host says".
-void describeBalloons();
-
-/// Tells a screen reader that the balloon no longer shows the words `before`.
-void announceWords(Balloon& balloon, const QString& before);
+/// Tells a screen reader that the label no longer shows the words `before`.
+void announceWords(QLabel& label, const QString& before);
 
 } // namespace stage

@@ -12,6 +12,8 @@ bool clickThrough(QWidget& form, const QPoint& place, Qt::MouseButton button)
     const QPoint onForm = form.mapFromGlobal(place);
     if (!form.isVisible() || !form.rect().contains(onForm))
         return false;
+    if (QApplication::activeModalWidget()) // which the form waits for
+        return true;
     QWidget* below = form.childAt(onForm);
     const QPointer<QWidget> target(below ? below : &form);
     form.activateWindow();

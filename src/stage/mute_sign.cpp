@@ -1,71 +1,65 @@
 #include "stage/mute_sign.h"
 
+#include "stage/colours.h"
+
 #include <QPainter>
-#include <QPainterPath>
+#include <QSvgRenderer>
+#include <QToolButton>
 
 namespace stage {
 
 namespace {
 
 constexpr int side = 26;
+constexpr double density = 2; ///< pixels of the picture to a logical one
 
-const QColor edgeColour(0x0b, 0x4d, 0x5f);
-const QColor paperColour(0xff, 0xfd, 0xf3);
-const QColor crossColour(0xb3, 0x1f, 0x2f);
+const char* const waves =
+    "<path d='M15.9 10.7 A3 3 0 0 1 15.9 15.3 M17.9 8.4 A6 6 0 0 1 17.9 17.6' fill='none' "
+    "stroke='%2' stroke-width='1.5' stroke-linecap='round'/>";
+const char* const cross = "<path d='M15.5 10.5 L20.5 15.5 M20.5 10.5 L15.5 15.5' "
+                          "stroke='#b31f2f' stroke-width='2' stroke-linecap='round'/>";
 
-/// In a square of 26 units, as everything below.
-QPainterPath speakerShape()
+/// A speaker on a disc, with `marks` on its right.
+QPixmap picture(const QString& marks)
 {
-    QPainterPath shape(QPointF(6, 10.5));
-    shape.lineTo(8.5, 10.5);
-    shape.lineTo(12.5, 7);
-    shape.lineTo(12.5, 19);
-    shape.lineTo(8.5, 15.5);
-    shape.lineTo(6, 15.5);
-    shape.closeSubpath();
-    return shape;
+    const QString drawing =
+        QString("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 26 26'>"
+                "<circle cx='13' cy='13' r='12' fill='%1' stroke='%2' stroke-width='1.5'/>"
+                "<path d='M6 10.5 H8.5 L12.5 7 V19 L8.5 15.5 H6 Z' fill='%2' stroke='%2' "
+                "stroke-width='1.2' stroke-linejoin='round'/>" +
+                marks + "</svg>")
+            .arg(paperColour.name(), edgeColour.name());
+    QPixmap pixmap(QSize(side, side) * density);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    QSvgRenderer(drawing.toUtf8()).render(&painter);
+    painter.end();
+    pixmap.setDevicePixelRatio(density);
+    return pixmap;
 }
 
 } // namespace
 
-MuteSign::MuteSign(QWidget* parent) : QAbstractButton(parent)
+QAbstractButton* makeMuteSign(QWidget& parent)
 {
-    setObjectName("mute");
-    setCheckable(true);
-    setFixedSize(side, side);
-    setFocusPolicy(Qt::NoFocus);
-    setCursor(Qt::PointingHandCursor);
-    const auto describe = [this](bool muted) {
-        setToolTip(muted ? "Let the host be heard (M)" : "Mute the host (M)");
+    auto* const sign = new QToolButton(&parent);
+    sign->setObjectName("mute");
+    sign->setAccessibleName("Mute the host");
+    sign->setCheckable(true);
+    sign->setFixedSize(side, side);
+    sign->setIconSize({side, side});
+    sign->setFocusPolicy(Qt::NoFocus);
+    sign->setCursor(Qt::PointingHandCursor);
+    QIcon icon(picture(waves));
+    icon.addPixmap(picture(cross), QIcon::Normal, QIcon::On);
+    sign->setIcon(icon);
+    sign->setStyleSheet("background: transparent; border: none;"); // whatever the form's says
+    const auto describe = [sign](bool muted) {
+        sign->setToolTip(muted ? "Let the host be heard (M)" : "Mute the host (M)");
     };
-    setAccessibleName("Mute the host");
-    connect(this, &QAbstractButton::toggled, this, describe);
+    QObject::connect(sign, &QAbstractButton::toggled, sign, describe);
     describe(false);
-}
-
-void MuteSign::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(edgeColour, 1.5));
-    painter.setBrush(underMouse() ? QColor(Qt::white) : paperColour);
-    painter.drawEllipse(QRectF(1, 1, side - 2, side - 2));
-    painter.setPen(QPen(edgeColour, 1.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(edgeColour);
-    painter.drawPath(speakerShape());
-    painter.setBrush(Qt::NoBrush);
-    if (isChecked()) {
-        painter.setPen(QPen(crossColour, 2, Qt::SolidLine, Qt::RoundCap));
-        painter.drawLine(QPointF(15.5, 10.5), QPointF(20.5, 15.5));
-        painter.drawLine(QPointF(20.5, 10.5), QPointF(15.5, 15.5));
-        return;
-    }
-    painter.setPen(QPen(edgeColour, 1.5, Qt::SolidLine, Qt::RoundCap));
-    constexpr int sixteenths = 16; // of a degree, as Qt counts angles
-    for (const double radius : {3.0, 6.0}) {
-        painter.drawArc(QRectF(14 - radius, 13 - radius, 2 * radius, 2 * radius), -50 * sixteenths,
-                        100 * sixteenths);
-    }
+    return sign;
 }
 
 } // namespace stage

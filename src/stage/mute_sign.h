@@ -1,17 +1,11 @@
 #pragma once
 
-#include <QAbstractButton>
+class QAbstractButton;
+class QWidget;
 
 namespace stage {
 
-/// The small speaker beside the host: checked while the host is mute.
-class MuteSign final : public QAbstractButton
-{
-public:
-    explicit MuteSign(QWidget* parent);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-};
+/// The small speaker beside the host, a child of `parent`: checked while the host is mute.
+[[nodiscard]] QAbstractButton* makeMuteSign(QWidget& parent);
 
 } // namespace stage

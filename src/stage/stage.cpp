@@ -2,10 +2,10 @@
 
 #include "stage/balloon.h"
 #include "stage/clicks.h"
-#include "stage/compositor.h"
 #include "stage/mute_sign.h"
 #include "stage/placement.h"
 #include "stage/silhouette.h"
+#include "toolkit/desktop.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -13,6 +13,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -43,7 +44,7 @@ QSize figureArea(const rig::Rig& rig)
 } // namespace
 
 Stage::Stage(QWidget& form, rig::Figure& figure)
-    : QWidget(&form, windowsCanBePlaced() ? hostWindowFlags : Qt::WindowFlags(Qt::Widget)),
+    : QWidget(&form, toolkit::windowsCanBePlaced() ? hostWindowFlags : Qt::WindowFlags(Qt::Widget)),
       form_(form),
       figure_(&figure)
 {
@@ -58,7 +59,7 @@ Stage::Stage(QWidget& form, rig::Figure& figure)
         setAttribute(Qt::WA_TranslucentBackground);
     balloon_ = new Balloon({}, this);
     // As a child of the form the stage lets every click through, so the sign stands beside it.
-    mute_ = new MuteSign(embedded() ? &form : this);
+    mute_ = makeMuteSign(embedded() ? form : *this);
     resizeTo(1);
     form.installEventFilter(this);
     hide();
@@ -88,14 +89,21 @@ void Stage::leave()
 
 void Stage::present(const rig::Pose& pose, const QString& text, qsizetype said)
 {
+    const bool reshaped = balloon_->say(text, said);
+    if (reshaped)
+        shapeBalloon();
     const bool moved = pose_ != pose;
-    if (moved) {
-        pose_ = pose;
+    if (!moved && !reshaped)
+        return;
+    pose_ = pose;
+    if (moved)
         drawFigure();
-        update(QRect(0, balloonHeight, width(), height() - balloonHeight));
-    }
-    if (balloon_->say(text, said) || moved)
-        updateShape();
+    const QRect before = figureShape_.boundingRect();
+    updateShape();
+    if (embedded())
+        update(figurePlace());
+    else if (moved)
+        update(before | figureShape_.boundingRect()); // what is left out is masked
 }
 
 void Stage::onMute(std::function<void(bool)> handler)
@@ -122,15 +130,27 @@ rig::Sights Stage::sights() const
 
 void Stage::lookAround()
 {
-    composited_ = embedded() || compositorRuns();
+    composited_ = embedded() || toolkit::compositorRuns();
     figureShape_ = {};
+    shapeBalloon();
     updateShape();
     follow();
 }
 
 bool Stage::eventFilter(QObject* watched, QEvent* event)
 {
-    switch (event->type()) {
+    if (event->type() == QEvent::KeyPress) // that nothing on the form, or in the box, has taken
+        toggleMute(*static_cast<QKeyEvent*>(event));
+    else if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked)
+        joinBoxSoon();
+    else if (watched == &form_)
+        followForm(event->type());
+    return QWidget::eventFilter(watched, event);
+}
+
+void Stage::followForm(QEvent::Type type)
+{
+    switch (type) {
     case QEvent::Move:
     case QEvent::Resize:
         follow();
@@ -144,18 +164,16 @@ bool Stage::eventFilter(QObject* watched, QEvent* event)
         if (!embedded())
             hide();
         break;
-    case QEvent::KeyPress: // that nothing on the form has taken
-        toggleMute(*static_cast<QKeyEvent*>(event));
-        break;
     default:
         break;
     }
-    return QWidget::eventFilter(watched, event);
 }
 
 bool Stage::event(QEvent* event)
 {
     const bool done = QWidget::event(event);
+    if (event->type() == QEvent::WindowBlocked)
+        joinBoxSoon();
     if (event->type() != QEvent::Show && event->type() != QEvent::Hide)
         return done;
     if (mute_)
@@ -163,6 +181,18 @@ bool Stage::event(QEvent* event)
     if (visibility_)
         visibility_();
     return done;
+}
+
+void Stage::joinBoxSoon()
+{
+    const auto join = [this] {
+        QWidget* box = QApplication::activeModalWidget();
+        if (box && box != &form_)
+            box->installEventFilter(this);
+        if (QWindow* window = windowHandle(); window && !embedded())
+            window->setTransientParent((box ? box : &form_)->windowHandle());
+    };
+    QMetaObject::invokeMethod(this, join, Qt::QueuedConnection); // while it opens it is no box yet
 }
 
 void Stage::paintEvent(QPaintEvent*)
@@ -215,8 +245,11 @@ void Stage::showWithForm()
         lookAround();
         // A window manager that minimised the host along with the form would minimise both again.
         setWindowState(Qt::WindowNoState);
+        if (QWindow* window = windowHandle())
+            window->setTransientParent(form_.windowHandle()); // which the window manager is told now
         show();
         raise();
+        joinBoxSoon();
         // Some window managers put a window that appears late above an open message box.
         if (QWidget* box = QApplication::activeModalWidget())
             box->raise();
@@ -264,6 +297,7 @@ void Stage::resizeTo(double scale)
                       std::max(leastLetterPixels, static_cast<int>(letterPixels * scale)));
     placeMute();
     figureShape_ = {};
+    shapeBalloon();
     drawFigure();
     updateShape();
     update();
@@ -274,7 +308,7 @@ void Stage::drawFigure()
     if (!figure_ || !pose_)
         return;
     const double ratio = devicePixelRatioF();
-    const QSize area(width(), height() - balloonHeight);
+    const QSize area = figurePlace().size();
     const QSize pixels = (QSizeF(area) * ratio).toSize();
     if (image_.size() != pixels) {
         image_ = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
@@ -291,13 +325,8 @@ void Stage::updateShape()
 {
     if (embedded() || image_.isNull())
         return;
-    QRegion shape = figureShape();
-    if (balloon_->isVisibleTo(this)) {
-        QPainterPathStroker grown;
-        grown.setWidth(composited_ ? 6 : 2);
-        const QPainterPath outline = balloon_->outline();
-        shape += QRegion(outline.united(grown.createStroke(outline)).toFillPolygon().toPolygon());
-    }
+    shapeFigure();
+    QRegion shape = figureShape_ + balloonShape_;
     shape += QRegion(mute_->geometry(), QRegion::Ellipse);
     if (shape != shape_) {
         shape_ = shape;
@@ -305,14 +334,32 @@ void Stage::updateShape()
     }
 }
 
-QRegion Stage::figureShape()
+void Stage::shapeBalloon()
 {
-    if (!composited_)
-        return exactSilhouette(image_).translated(0, balloonHeight);
-    const QRegion seen = roughSilhouette(image_).translated(0, balloonHeight);
+    balloonShape_ = {};
+    if (!balloon_->isVisibleTo(this))
+        return;
+    QPainterPathStroker grown;
+    grown.setWidth(composited_ ? 6 : 2);
+    const QPainterPath outline = balloon_->outline();
+    balloonShape_ = QRegion(outline.united(grown.createStroke(outline)).toFillPolygon().toPolygon());
+}
+
+void Stage::shapeFigure()
+{
+    const auto placed = [](const QRegion& seen) { return seen.translated(0, balloonHeight); };
+    if (!composited_) {
+        figureShape_ = placed(exactSilhouette(image_));
+        return;
+    }
+    const QRegion seen = placed(roughSilhouette(image_));
     if (!(seen - figureShape_).isEmpty())
         figureShape_ = withRim(seen);
-    return figureShape_;
+}
+
+QRect Stage::figurePlace() const
+{
+    return rect().adjusted(0, balloonHeight, 0, 0);
 }
 
 } // namespace stage

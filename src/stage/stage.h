@@ -4,6 +4,7 @@
 #include "rig/gaze.h"
 
 #include <QAbstractButton>
+#include <QEvent>
 #include <QImage>
 #include <QPointer>
 #include <QRegion>
@@ -61,6 +62,10 @@ protected:
 private:
     [[nodiscard]] bool embedded() const { return !isWindow(); }
     void toggleMute(const QKeyEvent& key);
+    /// A modal box takes the clicks and keys of all windows but its own, so the host becomes one of those.
+    /// The window manager is not told: for it the host stays below the box.
+    void joinBoxSoon();
+    void followForm(QEvent::Type type);
     void showWithForm();
     void follow();
     void placeMute();
@@ -68,9 +73,9 @@ private:
     void resizeTo(double scale);
     void drawFigure();
     void updateShape();
-    /// What of the stage belongs to the figure. While windows are blended it is kept as long as it holds the
-    /// figure, because the window manager is slow to take a new shape.
-    QRegion figureShape();
+    void shapeBalloon();
+    void shapeFigure();
+    [[nodiscard]] QRect figurePlace() const;
 
     QWidget& form_;
     rig::Figure* figure_;
@@ -84,7 +89,10 @@ private:
     std::optional<rig::Pose> pose_;
     QImage image_; ///< the lower part of the stage, with the figure as last painted
     QRegion shape_;
-    QRegion figureShape_; ///< with some room around the figure
+    QRegion balloonShape_;
+    /// What of the stage belongs to the figure. While windows are blended it has some room around and is kept
+    /// as long as it holds the figure, because the window manager is slow to take a new shape.
+    QRegion figureShape_;
     /// From the form's right lower corner to the stage's left one, once the user has moved the host.
     std::optional<QPoint> offset_;
     std::optional<QPoint> pressed_; ///< where on the screen the mouse went down

@@ -18,6 +18,15 @@ void keepAbove(QWindow& window, QWindow& behind);
 /// Has the window system fill what comes into view of a growing window until the program has painted it.
 void setGround(QWindow& window, const QColor& colour);
 
+/// Top-level windows can be placed and shaped here, which only X11 offers.
+[[nodiscard]] bool windowsCanBePlaced();
+
+/// Someone blends windows, so that half-transparent pixels show what is below. Asks the X server.
+[[nodiscard]] bool compositorRuns();
+
+/// The user has not turned the desktop's animations off. Asks the X server.
+[[nodiscard]] bool animationsWanted();
+
 /// Drops what the libraries would print of an unusual desktop; the player can do nothing with it.
 void silenceLibraryWarnings();
 

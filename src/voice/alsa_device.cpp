@@ -50,12 +50,6 @@ public:
         snd_pcm_prepare(pcm_);
     }
 
-    void drain() override
-    {
-        snd_pcm_drain(pcm_);
-        snd_pcm_prepare(pcm_);
-    }
-
 private:
     snd_pcm_t* pcm_;
 };

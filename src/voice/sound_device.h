@@ -23,8 +23,6 @@ public:
     virtual std::chrono::milliseconds delay() = 0;
     /// Silence at once: what has been written and not heard is forgotten.
     virtual void drop() = 0;
-    /// Returns when all has been heard.
-    virtual void drain() = 0;
 };
 
 /// Opens the device; none if there is none.

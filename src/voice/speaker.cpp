@@ -2,12 +2,10 @@
 
 #include "voice/alsa_device.h"
 #include "voice/flite_synthesiser.h"
-#include "voice/loudspeaker.h"
+#include "voice/sound_threads.h"
 
-#include <atomic>
-#include <condition_variable>
-#include <deque>
-#include <mutex>
+#include <algorithm>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -15,143 +13,129 @@ namespace voice {
 
 using namespace std::chrono_literals;
 using Milliseconds = std::chrono::milliseconds;
+using SteadyClock = std::chrono::steady_clock;
 
 namespace {
 
-constexpr auto mostAhead = 8s; ///< of what has been heard or seen, lest a long text fill the memory
+constexpr auto patience = 500ms;   ///< with a call of a device that has taken nothing of the text yet,
+constexpr auto endurance = 5000ms; ///< and with one that has: it may have much of it still to play
 
-/// What the voice's thread and its users both see, under the mutex but for `current`.
-struct Shared
+Milliseconds since(SteadyClock::time_point start)
 {
-    Shared(SynthesiserFactory voice, SoundDeviceFactory device)
-        : makeVoice(std::move(voice)), loudspeaker(std::move(device))
-    {
-    }
-
-    [[nodiscard]] bool due() const { return !pieces.empty() && madeLength - reached < mostAhead; }
-
-    SynthesiserFactory makeVoice;
-    Loudspeaker loudspeaker;
-    std::mutex mutex;
-    std::condition_variable changed;
-    std::atomic<Speaker::Ticket> current{0}; ///< changed under the mutex
-    bool ended = false;
-    std::deque<SpokenPiece> pieces; ///< still to be made
-    bool complete = true;
-    std::vector<SpeechTimes> made;
-    Milliseconds madeLength{0};
-    Milliseconds reached{0};
-};
-
-void makeSpeech(const std::shared_ptr<Shared>& shared)
-{
-    std::unique_lock lock(shared->mutex);
-    std::unique_ptr<Synthesiser> voice;
-    for (;;) {
-        shared->changed.wait(lock, [&] { return shared->ended || shared->due(); });
-        if (shared->ended)
-            return;
-        const Speaker::Ticket ticket = shared->current;
-        const SpokenPiece piece = std::move(shared->pieces.front());
-        shared->pieces.pop_front();
-        lock.unlock();
-        if (!voice)
-            voice = shared->makeVoice();
-        Speech speech = voice->synthesise(piece, [&] { return shared->current != ticket; });
-        lock.lock();
-        if (shared->current != ticket)
-            continue;
-        shared->madeLength += speech.times.length;
-        shared->made.push_back(std::move(speech.times));
-        shared->complete = shared->pieces.empty();
-        shared->loudspeaker.add(ticket, std::move(speech.samples));
-        if (shared->complete)
-            shared->loudspeaker.complete(ticket);
-    }
+    return std::chrono::duration_cast<Milliseconds>(SteadyClock::now() - start);
 }
 
 class ThreadedSpeaker final : public Speaker
 {
 public:
-    ThreadedSpeaker(SynthesiserFactory voice, SoundDeviceFactory device)
-        : shared_(std::make_shared<Shared>(std::move(voice), std::move(device)))
+    ThreadedSpeaker(SynthesiserFactory synthesiser, SoundDeviceFactory device, Milliseconds keepDevice)
+        : state_(std::make_shared<SoundState>())
     {
-        std::thread([shared = shared_] { makeSpeech(shared); }).detach();
+        state_->makeSynthesiser = std::move(synthesiser);
+        state_->openDevice = std::move(device);
+        state_->keepDevice = keepDevice;
     }
 
     ~ThreadedSpeaker() override
     {
-        stop(shared_->current);
-        const std::lock_guard lock(shared_->mutex);
-        shared_->ended = true;
-        shared_->changed.notify_all();
+        const std::lock_guard lock(state_->mutex);
+        renew({});
+        state_->ended = true;
     }
 
     ThreadedSpeaker(const ThreadedSpeaker&) = delete;
     ThreadedSpeaker& operator=(const ThreadedSpeaker&) = delete;
 
+    /// Nobody ever waits for the threads: a sound server may never answer.
+    void startThreads()
+    {
+        std::thread([state = state_] { makeSpeech(state); }).detach();
+        std::thread([state = state_] { playSpeech(state); }).detach();
+    }
+
     Ticket start(std::vector<SpokenPiece> pieces) override
     {
-        const std::lock_guard lock(shared_->mutex);
-        const Ticket ticket = renew();
-        shared_->pieces.assign(std::make_move_iterator(pieces.begin()),
-                               std::make_move_iterator(pieces.end()));
-        shared_->complete = shared_->pieces.empty();
-        shared_->loudspeaker.begin(ticket);
-        shared_->changed.notify_all();
-        return ticket;
+        const std::lock_guard lock(state_->mutex);
+        return renew(std::move(pieces));
     }
 
     void stop(Ticket ticket) override
     {
-        const std::lock_guard lock(shared_->mutex);
-        if (ticket == shared_->current) {
-            shared_->loudspeaker.stop(ticket);
-            renew();
+        const std::lock_guard lock(state_->mutex);
+        if (ticket == state_->current)
+            renew({});
+    }
+
+    void giveUpSound(Ticket ticket) override
+    {
+        const std::lock_guard lock(state_->mutex);
+        if (ticket == state_->current) {
+            state_->text.audible = false;
+            state_->changed.notify_all();
         }
     }
 
-    void giveUpSound(Ticket ticket) override { shared_->loudspeaker.stop(ticket); }
-
     Progress progress(Ticket ticket, std::size_t known, Milliseconds reached) override
     {
-        const Loudspeaker::Status status = shared_->loudspeaker.status(ticket);
-        const std::lock_guard lock(shared_->mutex);
-        if (ticket != shared_->current)
+        const std::lock_guard lock(state_->mutex);
+        if (ticket != state_->current)
             return {{}, true};
-        shared_->reached = reached;
-        if (shared_->due())
-            shared_->changed.notify_all();
-        Progress progress{{}, shared_->complete, Sound::Lost, status.played};
-        for (std::size_t i = known; i < shared_->made.size(); ++i)
-            progress.fresh.push_back(shared_->made[i]);
-        if (status.state != Loudspeaker::State::Lost)
-            progress.sound = status.state == Loudspeaker::State::Playing ? Sound::Playing : Sound::Waiting;
+        SpokenText& text = state_->text;
+        text.reached = reached;
+        if (state_->due())
+            state_->changed.notify_all();
+        Progress progress{{}, text.complete(), Sound::Waiting};
+        for (std::size_t i = known; i < text.made.size(); ++i)
+            progress.fresh.push_back(text.made[i].times);
+        const bool stuck = state_->calling && since(*state_->calling) > (text.taken ? endurance : patience);
+        const Milliseconds played = std::min(text.written, text.played + since(text.seen));
+        if (text.taken && played >= 0ms) {
+            progress.sound = Sound::Playing;
+            progress.played = played;
+        }
+        if (!text.heard && (stuck || !text.audible))
+            progress.sound = Sound::Lost;
         return progress;
     }
 
-    void setMuted(bool muted) override { shared_->loudspeaker.setMuted(muted); }
-    [[nodiscard]] bool muted() const override { return shared_->loudspeaker.muted(); }
-
-private:
-    /// What is being made is for nobody any more.
-    Ticket renew()
+    void setMuted(bool muted) override
     {
-        shared_->pieces.clear();
-        shared_->complete = true;
-        shared_->made.clear();
-        shared_->madeLength = shared_->reached = 0ms;
-        return ++shared_->current;
+        const std::lock_guard lock(state_->mutex);
+        state_->muted = muted;
+        state_->changed.notify_all();
     }
 
-    std::shared_ptr<Shared> shared_;
+    [[nodiscard]] bool muted() const override
+    {
+        const std::lock_guard lock(state_->mutex);
+        return state_->muted;
+    }
+
+private:
+    /// What is being made or played is for nobody any more.
+    Ticket renew(std::vector<SpokenPiece> pieces)
+    {
+        state_->text = SpokenText();
+        state_->text.pieces = std::move(pieces);
+        state_->changed.notify_all();
+        return ++state_->current;
+    }
+
+    std::shared_ptr<SoundState> state_;
 };
 
 } // namespace
 
-std::unique_ptr<Speaker> makeSpeaker(SynthesiserFactory voice, SoundDeviceFactory device)
+std::unique_ptr<Speaker> makeSpeaker(SynthesiserFactory synthesiser, SoundDeviceFactory device,
+                                     Milliseconds keepDevice)
 {
-    return std::make_unique<ThreadedSpeaker>(std::move(voice), std::move(device));
+    auto speaker = std::make_unique<ThreadedSpeaker>(std::move(synthesiser), std::move(device), keepDevice);
+    try {
+        speaker->startThreads();
+    } catch (const std::system_error&) {
+        return nullptr;
+    }
+    return speaker;
 }
 
 std::unique_ptr<Speaker> makeSpeaker()

@@ -19,7 +19,7 @@ public:
     using Ticket = std::uint64_t;
 
     enum class Sound {
-        Waiting, ///< for the voice or the sound device
+        Waiting, ///< for the synthesiser, or for the first sound to arrive
         Playing,
         Lost ///< there is none, or no longer
     };
@@ -46,13 +46,17 @@ public:
     /// `known` pieces have been fetched before, and the text has been followed up to `reached`.
     virtual Progress progress(Ticket ticket, std::size_t known, std::chrono::milliseconds reached) = 0;
 
+    /// While muted, texts are played without a sound.
     virtual void setMuted(bool muted) = 0;
     [[nodiscard]] virtual bool muted() const = 0;
 };
 
-/// A speaker on two threads, one for the voice and one for the sound device, which the factories are
-/// called on. They are left to themselves when the speaker goes.
-[[nodiscard]] std::unique_ptr<Speaker> makeSpeaker(SynthesiserFactory voice, SoundDeviceFactory device);
+/// A speaker on two threads, one for the synthesiser and one for the sound device, which the factories are
+/// called on. They are left to themselves when the speaker goes. The device is given back when nothing has
+/// been played for `keepDevice`. None if the threads cannot be started.
+[[nodiscard]] std::unique_ptr<Speaker>
+makeSpeaker(SynthesiserFactory synthesiser, SoundDeviceFactory device,
+            std::chrono::milliseconds keepDevice = std::chrono::seconds(3));
 
 /// The host's voice on the machine's sound. There may be one at a time.
 [[nodiscard]] std::unique_ptr<Speaker> makeSpeaker();

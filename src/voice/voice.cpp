@@ -12,9 +12,9 @@ using Milliseconds = std::chrono::milliseconds;
 namespace {
 
 constexpr qint64 charactersPerSecond = 15;
-constexpr auto lead = 40ms; ///< lips move, and words come, before they are heard
-constexpr auto soundPatience = 500ms;
-constexpr auto voicePatience = 2s;
+constexpr auto lead = 40ms;                 ///< lips move, and words come, before they are heard
+constexpr auto patience = 2s;               ///< with the synthesiser
+constexpr Milliseconds longestLook = 250ms; ///< from one look to the next; in a longer time nobody looked
 constexpr auto leap = 2s; ///< a text that was due longer ago is not said any more, only caught up with
 
 /// The last entry that begins at `time` or before; none before the first.
@@ -50,7 +50,7 @@ SpeechTimes readingTimes(const QString& text)
 
 } // namespace
 
-void SpeakingVoice::say(const QString& text, Milliseconds now)
+void Voice::say(const QString& text, Milliseconds now)
 {
     hush();
     text_ = text;
@@ -58,9 +58,8 @@ void SpeakingVoice::say(const QString& text, Milliseconds now)
     times_ = {};
     pieces_ = 0;
     complete_ = false;
-    waitingSince_.reset();
-    readySince_.reset();
-    time_ = 0ms;
+    seen_.reset();
+    waited_ = time_ = 0ms;
     course_ = Course::Coming;
     std::vector<SpokenPiece> pieces;
     if (speaker_)
@@ -71,55 +70,38 @@ void SpeakingVoice::say(const QString& text, Milliseconds now)
         ticket_ = speaker_->start(std::move(pieces));
 }
 
-void SpeakingVoice::hush()
+void Voice::hush()
 {
     if (speaker_ && course_ != Course::None)
         speaker_->stop(ticket_);
     course_ = Course::None;
 }
 
-std::optional<Milliseconds> SpeakingVoice::firstWord(Milliseconds now)
+Moment Voice::at(Milliseconds now)
 {
     follow(now);
     if (course_ == Course::None || course_ == Course::Coming)
         return {};
-    return begun_;
-}
-
-std::optional<Milliseconds> SpeakingVoice::lastWord(Milliseconds now)
-{
-    follow(now);
-    return course_ == Course::Over ? std::optional(over_) : std::nullopt;
-}
-
-qsizetype SpeakingVoice::said(Milliseconds now)
-{
-    follow(now);
     if (course_ == Course::Over)
-        return text_.size();
-    const bool begun = course_ == Course::Heard || course_ == Course::Unheard;
-    const WordTime* word = begun ? entryAt(times_.words, time_ + lead) : nullptr;
-    return word ? word->end : 0;
-}
-
-MouthShape SpeakingVoice::mouth(Milliseconds now)
-{
-    follow(now);
-    if (course_ != Course::Heard && course_ != Course::Unheard)
-        return MouthShape::Rest;
+        return {begun_, over_, text_.size(), MouthShape::Rest};
+    Moment moment;
+    moment.begun = begun_;
+    if (const WordTime* word = entryAt(times_.words, time_ + lead))
+        moment.said = word->end;
     const MouthTime* mouth = entryAt(times_.mouths, time_ + lead);
-    return mouth && time_ + lead < times_.length ? mouth->shape : MouthShape::Rest;
+    if (mouth && time_ + lead < times_.length)
+        moment.mouth = mouth->shape;
+    return moment;
 }
 
-void SpeakingVoice::follow(Milliseconds now)
+void Voice::follow(Milliseconds now)
 {
     if (course_ == Course::None || course_ == Course::Over)
         return;
-    if (!waitingSince_ && course_ == Course::Coming) {
-        waitingSince_ = now;
-        if (now - asked_ > leap)
-            read(asked_);
-    }
+    if (!seen_ && course_ == Course::Coming && now - asked_ > leap)
+        read(asked_);
+    waited_ += std::min(now - seen_.value_or(now), longestLook);
+    seen_ = now;
     Speaker::Progress progress;
     if (course_ != Course::Unheard || !complete_) {
         progress = speaker_->progress(ticket_, pieces_, time_);
@@ -136,28 +118,30 @@ void SpeakingVoice::follow(Milliseconds now)
 }
 
 /// Begins as soon as there is something to say and it is heard, or will not be.
-void SpeakingVoice::await(const Speaker::Progress& progress, Milliseconds now)
+void Voice::await(const Speaker::Progress& progress, Milliseconds now)
 {
     if (times_.length == 0ms) {
-        if (complete_ || now - *waitingSince_ > voicePatience) {
+        if (complete_ || waited_ > patience) {
             read(now);
             advance(0ms, now);
         }
-        return;
-    }
-    if (!readySince_)
-        readySince_ = now;
-    if (progress.sound == Speaker::Sound::Playing) {
-        course_ = Course::Heard;
-        begun_ = now - progress.played + firstStart();
+    } else if (progress.sound == Speaker::Sound::Playing) {
+        begin(Course::Heard, now - progress.played);
         advance(progress.played, now);
-    } else if (progress.sound == Speaker::Sound::Lost || now - *readySince_ >= soundPatience) {
-        begun_ = now + firstStart();
+    } else if (progress.sound == Speaker::Sound::Lost) {
+        begin(Course::Unheard, now);
         goOnUnheard(now);
     }
 }
 
-void SpeakingVoice::goOnUnheard(Milliseconds now)
+void Voice::begin(Course course, Milliseconds start)
+{
+    course_ = course;
+    origin_ = start;
+    begun_ = start + (times_.words.empty() ? 0ms : times_.words.front().start);
+}
+
+void Voice::goOnUnheard(Milliseconds now)
 {
     speaker_->giveUpSound(ticket_);
     course_ = Course::Unheard;
@@ -165,23 +149,16 @@ void SpeakingVoice::goOnUnheard(Milliseconds now)
     advance(time_, now);
 }
 
-void SpeakingVoice::read(Milliseconds start)
+void Voice::read(Milliseconds start)
 {
     if (speaker_)
         speaker_->stop(ticket_);
     times_ = readingTimes(text_);
     complete_ = true;
-    course_ = Course::Unheard;
-    origin_ = start;
-    begun_ = start + firstStart();
+    begin(Course::Unheard, start);
 }
 
-Milliseconds SpeakingVoice::firstStart() const
-{
-    return times_.words.empty() ? 0ms : times_.words.front().start;
-}
-
-void SpeakingVoice::append(const SpeechTimes& piece)
+void Voice::append(const SpeechTimes& piece)
 {
     for (const WordTime& word : piece.words)
         times_.words.push_back({times_.length + word.start, word.end});
@@ -191,16 +168,16 @@ void SpeakingVoice::append(const SpeechTimes& piece)
     ++pieces_;
 }
 
-void SpeakingVoice::advance(Milliseconds time, Milliseconds now)
+void Voice::advance(Milliseconds time, Milliseconds now)
 {
     time_ = std::min(time, times_.length);
     if (time_ < times_.length) {
-        waitingSince_ = now;
+        waited_ = 0ms;
         return;
     }
     if (course_ == Course::Unheard && !complete_)
         origin_ = now - time_; // the text stands still until the next piece has been made
-    if (complete_ || now - *waitingSince_ > voicePatience) {
+    if (complete_ || waited_ > patience) {
         over_ = course_ == Course::Unheard ? origin_ + time_ : now;
         course_ = Course::Over;
     }

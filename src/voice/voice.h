@@ -9,46 +9,33 @@
 
 namespace voice {
 
-/// Says one text at a time and tells what is to be seen of it meanwhile. Times are those of the clock.
-class Voice
+/// What there is to see of a text at one moment. Times are those of the clock.
+struct Moment
 {
-public:
-    Voice() = default;
-    Voice(const Voice&) = delete;
-    Voice& operator=(const Voice&) = delete;
-    virtual ~Voice() = default;
-
-    virtual void say(const QString& text, std::chrono::milliseconds now) = 0;
-    virtual void hush() = 0;
-
-    /// When the first word of the text was begun, none if it has not been yet.
-    virtual std::optional<std::chrono::milliseconds> firstWord(std::chrono::milliseconds now) = 0;
-    /// When the last word was over, none if it is not yet.
-    virtual std::optional<std::chrono::milliseconds> lastWord(std::chrono::milliseconds now) = 0;
-    /// How many characters of the text have been said, with the word being said.
-    virtual qsizetype said(std::chrono::milliseconds now) = 0;
-    virtual MouthShape mouth(std::chrono::milliseconds now) = 0;
+    std::optional<std::chrono::milliseconds> begun; ///< when the first word was
+    std::optional<std::chrono::milliseconds> over;  ///< when the last word was
+    qsizetype said = 0; ///< characters of the text, with those of the word being said
+    MouthShape mouth = MouthShape::Rest;
 };
 
-/// Speaks through a speaker. What is heard sets the pace; where nothing can be heard the text takes the
-/// time that it would have taken, and where nothing can be said, the time to read it.
-class SpeakingVoice final : public Voice
+/// Says one text at a time for one host. What is heard sets the pace; where nothing can be heard the text
+/// takes the time that it would have taken, and where nothing can be said, the time to read it.
+class Voice
 {
 public:
     using Milliseconds = std::chrono::milliseconds;
 
     /// Without a speaker every text is only read. The speaker must outlive the voice.
-    explicit SpeakingVoice(Speaker* speaker) : speaker_(speaker) {}
-    ~SpeakingVoice() override { hush(); }
-    SpeakingVoice(const SpeakingVoice&) = delete;
-    SpeakingVoice& operator=(const SpeakingVoice&) = delete;
+    explicit Voice(Speaker* speaker) : speaker_(speaker) {}
+    ~Voice() { hush(); }
+    Voice(const Voice&) = delete;
+    Voice& operator=(const Voice&) = delete;
 
-    void say(const QString& text, Milliseconds now) override;
-    void hush() override;
-    std::optional<Milliseconds> firstWord(Milliseconds now) override;
-    std::optional<Milliseconds> lastWord(Milliseconds now) override;
-    qsizetype said(Milliseconds now) override;
-    MouthShape mouth(Milliseconds now) override;
+    void say(const QString& text, Milliseconds now);
+    void hush();
+
+    /// Follows the text up to `now`, which never runs backwards.
+    [[nodiscard]] Moment at(Milliseconds now);
 
 private:
     enum class Course {
@@ -61,9 +48,9 @@ private:
 
     void follow(Milliseconds now);
     void await(const Speaker::Progress& progress, Milliseconds now);
+    void begin(Course course, Milliseconds start);
     void goOnUnheard(Milliseconds now);
     void read(Milliseconds start);
-    [[nodiscard]] Milliseconds firstStart() const;
     void append(const SpeechTimes& piece);
     void advance(Milliseconds time, Milliseconds now);
 
@@ -71,15 +58,15 @@ private:
     Speaker::Ticket ticket_ = 0;
     Course course_ = Course::None;
     QString text_;
-    SpeechTimes times_;                        ///< of the pieces made so far, one behind the other
-    std::size_t pieces_ = 0;                   ///< that they are made of
-    bool complete_ = false;                    ///< no piece is missing
-    Milliseconds asked_{0};                    ///< when the text was given
-    std::optional<Milliseconds> waitingSince_; ///< for a piece, since it was asked for or the last was said
-    std::optional<Milliseconds> readySince_;   ///< since when only the sound has been missing
-    Milliseconds time_{0};                     ///< how far the text has been said
-    Milliseconds begun_{0};                    ///< when the first word was
-    Milliseconds origin_{0};                   ///< when time_ was 0, if the text is not heard
+    SpeechTimes times_;                ///< of the pieces made so far, one behind the other
+    std::size_t pieces_ = 0;           ///< that they are made of
+    bool complete_ = false;            ///< no piece is missing
+    Milliseconds asked_{0};            ///< when the text was given
+    std::optional<Milliseconds> seen_; ///< when it was followed last
+    Milliseconds waited_{0};           ///< for a piece, while somebody looked
+    Milliseconds time_{0};             ///< how far the text has been said
+    Milliseconds begun_{0};            ///< when the first word was
+    Milliseconds origin_{0};           ///< when time_ was 0, if the text is not heard
     Milliseconds over_{0};
 };
 

@@ -3,6 +3,7 @@
 #include "support/doubles.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -99,24 +100,29 @@ TEST(Host, IsMutedByItsSignAndByAKeyThatNoFieldTakes)
     EXPECT_EQ(sign->accessibleName().toStdString(), "Mute the host");
     EXPECT_EQ(game.form->childAt(sign->geometry().center()), sign);
     QLineEdit field(game.form.get());
-    const auto press = [](QWidget& widget, Qt::KeyboardModifiers held) {
-        QKeyEvent key(QEvent::KeyPress, Qt::Key_M, held, "m");
-        QApplication::sendEvent(&widget, &key);
-    };
+    QDialog box(game.form.get());
+    QLineEdit answer(&box);
+    QDialog second(&box);
     const struct
     {
         QWidget& widget;
         Qt::KeyboardModifiers held;
         bool mute;
-    } table[]{{*game.button, Qt::NoModifier, true},
-              {*game.form, Qt::ControlModifier, true},
-              {field, Qt::NoModifier, true},
-              {*game.form, Qt::NoModifier, false},
-              {*game.form, Qt::ShiftModifier, true}};
-    for (const auto& [widget, held, mute] : table) {
-        press(widget, held);
+        QDialog* opened = nullptr; ///< before
+    } table[]{{*game.button, Qt::NoModifier, true},  {*game.form, Qt::ControlModifier, true},
+              {field, Qt::NoModifier, true},         {*game.form, Qt::NoModifier, false},
+              {*game.form, Qt::ShiftModifier, true}, {box, Qt::NoModifier, false, &box},
+              {answer, Qt::NoModifier, false},       {second, Qt::NoModifier, true, &second}};
+    for (const auto& [widget, held, mute, opened] : table) {
+        if (opened)
+            opened->open();
+        QCoreApplication::processEvents();
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_M, held, "m");
+        QApplication::sendEvent(&widget, &key);
         EXPECT_EQ(sign->isChecked(), mute);
     }
+    EXPECT_TRUE(game.click(490, 370)); // which the form does not get behind a box
+    EXPECT_TRUE(sign->isChecked());
 }
 
 TEST(Host, LetsTheFormHaveItsClicks)

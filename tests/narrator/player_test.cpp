@@ -1,5 +1,6 @@
 #include "narrator/player.h"
 #include "support/sample.h"
+#include "support/scripted_speaker.h"
 
 #include <gtest/gtest.h>
 
@@ -13,27 +14,6 @@ double middle()
 {
     return 0.5;
 }
-
-/// Says each text with a delay before the first word, at a pace of its own.
-struct SlowVoice final : voice::Voice
-{
-    SlowVoice(Milliseconds wait, Milliseconds span) : delay(wait), length(span) {}
-
-    void say(const QString&, Milliseconds now) override { start = now; }
-    void hush() override { start.reset(); }
-    std::optional<Milliseconds> firstWord(Milliseconds now) override { return after(delay, now); }
-    std::optional<Milliseconds> lastWord(Milliseconds now) override { return after(length, now); }
-    qsizetype said(Milliseconds) override { return 0; }
-    voice::MouthShape mouth(Milliseconds) override { return voice::MouthShape::A; }
-
-    [[nodiscard]] std::optional<Milliseconds> after(Milliseconds span, Milliseconds now) const
-    {
-        return now >= start.value() + span ? std::optional(*start + span) : std::nullopt;
-    }
-
-    Milliseconds delay, length;
-    std::optional<Milliseconds> start; ///< none while nothing is said
-};
 
 } // namespace
 
@@ -51,7 +31,7 @@ TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
          " 0:- 100:gesture 900:- 1000:5 2500:60 6500:- 6600:gesture 7400:- 7600:gesture 8400:- 8700:idle"},
         {0ms, 200ms, "5 4 +4000 7 +1600", " 0:5 1500:4 3000:idle 4000:7 5500:idle"},
         {700ms, 900ms, "5 4 +9000", " 0:5 2200:4 4400:idle"}, // counted from the first word
-        {100ms, 4s, "5 4 +9000", " 0:5 4000:4 8000:idle"},
+        {100ms, 3900ms, "5 4 +9000", " 0:5 4000:4 8000:idle"},
         {0ms, 1h, "! 60 Greet 11 +1000 ! +5000 Greet +300 ! Greet +2000",
          " 0:60 1000:idle 6000:- 6100:gesture 7200:- 7500:idle"},
         {0ms, 1h, "60 Greet 11 +1000 / +300 / +1000 / / +500", // not the gesture
@@ -61,9 +41,10 @@ TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
     };
     const rig::Rig rig = sample::rig();
     for (const auto& row : table) {
-        voice::SpeakingVoice silent(nullptr);
-        SlowVoice slow(row.delay, row.length);
-        voice::Voice& voice = row.length > 0ms ? static_cast<voice::Voice&>(slow) : silent;
+        support::ScriptedSpeaker speaker;
+        speaker.opens = row.delay;
+        speaker.speech = {{{0ms, 1}}, {}, row.length};
+        voice::Voice voice(row.length > 0ms ? &speaker : nullptr);
         Player player(rig, voice, middle, 0ms);
         Milliseconds now{0};
         std::string log;
@@ -80,6 +61,7 @@ TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
             else if (step[0] == u'@')
                 now = span;
             for (const auto end = now + span; step[0] == u'+' && now < end; now += 50ms) {
+                speaker.now = now;
                 const Frame frame = player.frame(now);
                 const bool moving = frame.pose.slots != rig.rest.slots;
                 const std::string seen = !frame.text.isEmpty() ? std::to_string(frame.text.size())
@@ -92,7 +74,7 @@ TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
         }
         EXPECT_EQ(log, row.log);
         EXPECT_TRUE(player.idle(now));
-        EXPECT_FALSE(slow.start);
+        EXPECT_FALSE(speaker.speaking);
     }
 }
 
@@ -109,7 +91,7 @@ TEST(Player, GivesEveryTextItsReadingTime)
     const rig::Rig rig = sample::rig();
     for (const auto& [text, time] : table) {
         EXPECT_EQ(readingTime(text), time);
-        voice::SpeakingVoice voice(nullptr);
+        voice::Voice voice(nullptr);
         Player player(rig, voice, middle, 0ms);
         player.speak(text, 0ms);
         EXPECT_EQ(player.frame(0ms).said, time > 0ms ? text.size() : 0); // one word

@@ -68,7 +68,7 @@ TEST(Motion, LaysBreathLidsAndMouthOverThePoseAndTurnsBonesAboutTheirPivots)
     pose.bones[0][4] = 0;
     pose.bones[arm][3] = 1;
     EXPECT_EQ(visibleDraws(rig, pose), Parts()); // what hangs on a flat bone is flat
-    addLook(rig, pose, {0.5, -1});
+    addGlance(rig, pose, {0.5, -1});
     EXPECT_EQ(std::pair(pose.bones[arm][1], pose.bones[arm][2]), std::pair(2.0, 3.0));
 
     pose.bones[0] = {90, 5, 0, 2, 1}; // about 20,22: twice as wide, a quarter turn, then 5 to the right
@@ -86,7 +86,7 @@ TEST(Gaze, WandersToTheQuestionAndThePointerButOnlyAtRest)
         numbers.pop_back();
         return next;
     };
-    const Sights sights{{-1, 0}, {0, 1}};
+    const auto sights = [] { return Sights{{-1, 0}, {0, 1}}; };
     const struct
     {
         int timeMs;

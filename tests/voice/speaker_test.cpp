@@ -2,84 +2,124 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <condition_variable>
+#include <deque>
 #include <mutex>
 #include <thread>
+
+#include <pthread.h>
 
 using namespace voice;
 using namespace std::chrono_literals;
 using Milliseconds = std::chrono::milliseconds;
+using SteadyClock = std::chrono::steady_clock;
 using Sound = Speaker::Sound;
 
 namespace {
 
+enum class Trouble { None, Missing, NeverOpens, ThrowsOnOpening, Dies, Stuck, Throws };
+
 /// What a sound device does and what has happened to it; outlives the threads that use it.
 struct Room
 {
-    enum class Kind { Good, Missing, NeverOpens, Dies, Stuck };
-
     void sleepForEver()
     {
         std::unique_lock lock(mutex);
         over.wait(lock, [this] { return ended; });
     }
 
-    Kind kind = Kind::Good;
+    Trouble trouble = Trouble::None;
+    Milliseconds latency{0};
     std::mutex mutex;
     std::condition_variable over;
     bool ended = false;
-    std::vector<std::int16_t> heard; ///< all that was written
-    std::chrono::steady_clock::time_point dropped;
+    int opened = 0;
+    int closed = 0;
+    std::deque<std::pair<SteadyClock::time_point, std::vector<std::int16_t>>> flying; ///< and when they land
+    std::vector<std::int16_t> heard;
+    SteadyClock::time_point dropped;
 };
 
-/// Plays in real time.
+/// Plays in real time, each sample `latency` after it was written.
 struct FakeDevice final : SoundDevice
 {
-    explicit FakeDevice(std::shared_ptr<Room> given) : room(std::move(given)) {}
+    explicit FakeDevice(std::shared_ptr<Room> given) : room(std::move(given)) { ++room->opened; }
+    ~FakeDevice() override
+    {
+        drop();
+        const std::lock_guard lock(room->mutex);
+        ++room->closed;
+    }
+    FakeDevice(const FakeDevice&) = delete;
+    FakeDevice& operator=(const FakeDevice&) = delete;
 
     bool write(std::span<const std::int16_t> samples) override
     {
-        std::this_thread::sleep_for(Milliseconds(samples.size() * 1000 / sampleRate));
-        if (room->kind == Room::Kind::Stuck)
+        if (room->trouble == Trouble::Stuck)
             room->sleepForEver();
+        if (room->trouble == Trouble::Throws)
+            throw std::bad_alloc();
+        next = std::max(next, SteadyClock::now() + room->latency) +
+               Milliseconds(samples.size() * 1000 / sampleRate);
+        std::this_thread::sleep_until(next - room->latency - 60ms);
         const std::lock_guard lock(room->mutex);
-        room->heard.insert(room->heard.end(), samples.begin(), samples.end());
-        return room->kind != Room::Kind::Dies;
+        room->flying.emplace_back(next, std::vector(samples.begin(), samples.end()));
+        return room->trouble != Trouble::Dies;
     }
-    Milliseconds delay() override { return 0ms; }
+    Milliseconds delay() override
+    {
+        const auto left = std::chrono::duration_cast<Milliseconds>(next - SteadyClock::now());
+        return std::max(left, room->latency);
+    }
     void drop() override
     {
         const std::lock_guard lock(room->mutex);
-        room->dropped = std::chrono::steady_clock::now();
+        land(*room);
+        room->flying.clear();
+        next = room->dropped = SteadyClock::now();
     }
-    void drain() override {}
+    static void land(Room& room)
+    {
+        for (; !room.flying.empty() && room.flying.front().first <= SteadyClock::now();
+             room.flying.pop_front())
+            room.heard.insert(room.heard.end(), room.flying.front().second.begin(),
+                              room.flying.front().second.end());
+    }
 
     std::shared_ptr<Room> room;
+    SteadyClock::time_point next; ///< when what is written next will be heard
 };
 
-/// Takes 300 ms of sound for every piece.
+/// Takes 300 ms of sound for every piece, as loud as the number of characters said with it.
 struct FakeSynthesiser final : Synthesiser
 {
     Speech synthesise(const SpokenPiece& piece, const std::function<bool()>&) override
     {
         const auto level = static_cast<std::int16_t>(piece.words.front().end);
-        return {{{{0ms, piece.words.back().end}}, {}, 300ms},
-                std::vector<std::int16_t>(300 * sampleRate / 1000, level)};
+        if (level == failing)
+            throw std::bad_alloc();
+        return {{{{0ms, level}}, {}, 300ms}, std::vector<std::int16_t>(300 * sampleRate / 1000, level)};
     }
+    static constexpr int failing = 9;
 };
 
 struct Talk
 {
-    explicit Talk(Room::Kind kind)
+    explicit Talk(Trouble trouble, Milliseconds latency = 0ms)
     {
-        room->kind = kind;
+        room->trouble = trouble;
+        room->latency = latency;
         speaker = makeSpeaker([] { return std::make_unique<FakeSynthesiser>(); },
                               [given = room]() -> std::unique_ptr<SoundDevice> {
-                                  if (given->kind == Room::Kind::NeverOpens)
+                                  if (given->trouble == Trouble::NeverOpens)
                                       given->sleepForEver();
-                                  const bool missing = given->kind == Room::Kind::Missing;
+                                  if (given->trouble == Trouble::ThrowsOnOpening)
+                                      throw std::bad_alloc();
+                                  const bool missing = given->trouble == Trouble::Missing;
                                   return missing ? nullptr : std::make_unique<FakeDevice>(given);
-                              });
+                              },
+                              30ms);
     }
 
     /// Lets go the threads that hang.
@@ -93,32 +133,33 @@ struct Talk
     Talk(const Talk&) = delete;
     Talk& operator=(const Talk&) = delete;
 
-    /// Levels 1 to `pieces` of sound, 300 ms each.
-    void start(int pieces)
+    /// Levels `first` to `last` of sound, 300 ms each.
+    void start(int first, int last)
     {
         std::vector<SpokenPiece> given;
-        for (int i = 1; i <= pieces; ++i)
+        for (int i = first; i <= last; ++i)
             given.push_back({{{"word", i, Pause::End}}});
         ticket = speaker->start(std::move(given));
     }
 
-    /// How long it takes until `done` says so, at most three seconds.
-    template <typename Done>
-    Milliseconds until(Done done)
-    {
-        const auto start = std::chrono::steady_clock::now();
-        const auto elapsed = [start] {
-            return std::chrono::duration_cast<Milliseconds>(std::chrono::steady_clock::now() - start);
-        };
-        while (elapsed() < 3s && !done(speaker->progress(ticket, 0, 0ms)))
-            std::this_thread::sleep_for(2ms);
-        return elapsed();
-    }
+    Speaker::Progress progress() { return speaker->progress(ticket, 0, 0ms); }
 
-    std::vector<std::int16_t> heard()
+    /// All that has been heard since the last call but silence.
+    std::vector<std::int16_t> heard(bool withSilence = false)
     {
         const std::lock_guard lock(room->mutex);
-        return std::exchange(room->heard, {});
+        FakeDevice::land(*room);
+        std::vector<std::int16_t> sound = std::exchange(room->heard, {});
+        if (!withSilence)
+            std::erase(sound, 0);
+        return sound;
+    }
+
+    template <typename Member>
+    auto seen(Member member)
+    {
+        const std::lock_guard lock(room->mutex);
+        return (*room).*member;
     }
 
     std::shared_ptr<Room> room = std::make_shared<Room>();
@@ -126,70 +167,108 @@ struct Talk
     Speaker::Ticket ticket = 0;
 };
 
+/// How long it takes until `done` says so; it takes five seconds at most.
+template <typename Done>
+Milliseconds until(Done done)
+{
+    const auto start = SteadyClock::now();
+    while (SteadyClock::now() - start < 5s && !done())
+        std::this_thread::sleep_for(2ms);
+    return std::chrono::duration_cast<Milliseconds>(SteadyClock::now() - start);
+}
+
 } // namespace
 
-TEST(Speaker, PlaysAllPiecesOnceAndInOrder)
+TEST(Speaker, HandsOverEverySampleOnceAndInOrderHoweverLateItIsHeard)
 {
-    Talk talk(Room::Kind::Good);
-    talk.start(3);
-    const auto time = talk.until([](const auto& progress) { return progress.played == 900ms; });
-    EXPECT_NEAR(static_cast<double>(time.count()), 900, 250);
-    std::vector<std::int16_t> heard = talk.heard();
-    EXPECT_EQ(heard.size(), 900 * sampleRate / 1000);
-    EXPECT_TRUE(std::ranges::is_sorted(heard));
-    EXPECT_EQ(heard.back(), 3);
-    EXPECT_EQ(talk.speaker->progress(talk.ticket, 1, 900ms).fresh.size(), 2);
+    std::deque<Talk> talks;
+    for (const auto latency : {0ms, 100ms, 600ms, 1500ms, 3000ms})
+        talks.emplace_back(Trouble::None, latency).start(1, 3);
+    for (Talk& talk : talks) {
+        const Milliseconds latency = talk.room->latency;
+        Sound sound = Sound::Waiting;
+        until([&] {
+            sound = talk.progress().sound;
+            return sound != Sound::Waiting;
+        });
+        EXPECT_EQ(sound, Sound::Playing) << latency.count();
+        until([&] { return talk.progress().played == 900ms; });
+        std::vector<std::int16_t> heard;
+        until([&] {
+            std::ranges::copy(talk.heard(), std::back_inserter(heard));
+            return talk.seen(&Room::closed) == 1; // as nothing follows
+        });
+        EXPECT_EQ(heard.size(), 900 * sampleRate / 1000) << latency.count();
+        EXPECT_TRUE(std::ranges::is_sorted(heard));
+        EXPECT_EQ(talk.progress().fresh.size(), 3);
+        EXPECT_EQ(talk.progress().sound, Sound::Playing);
+    }
+    talks[0].start(4, 4);
+    until([&] { return !talks[0].heard().empty(); });
+    EXPECT_EQ(talks[0].seen(&Room::opened), 2);
 }
 
 TEST(Speaker, FallsSilentAtOnce)
 {
     for (const char how : {'s', 'm', 'n', 'g'}) { // stopped, muted, overtaken by the next text, given up
-        Talk talk(Room::Kind::Good);
-        talk.start(2);
-        talk.until([](const auto& progress) { return progress.played > 100ms; });
-        const auto called = std::chrono::steady_clock::now();
+        Talk talk(Trouble::None);
+        talk.start(1, 2);
+        until([&] { return talk.progress().played > 100ms; });
+        const auto called = SteadyClock::now();
         if (how == 'm')
             talk.speaker->setMuted(true);
         else if (how == 'n')
-            talk.start(0);
+            talk.start(1, 0);
         else
             how == 's' ? talk.speaker->stop(talk.ticket) : talk.speaker->giveUpSound(talk.ticket);
-        EXPECT_LT(std::chrono::steady_clock::now() - called, 20ms);
-        std::this_thread::sleep_for(100ms);
-        {
-            const std::lock_guard lock(talk.room->mutex);
-            EXPECT_GT(talk.room->dropped, called);
-            EXPECT_LT(talk.room->dropped - called, 50ms) << how;
-        }
+        EXPECT_LT(SteadyClock::now() - called, 20ms);
+        until([&] { return talk.seen(&Room::dropped) > called; });
+        EXPECT_LT(talk.seen(&Room::dropped) - called, 50ms) << how;
         talk.heard();
-        std::this_thread::sleep_for(100ms);
-        const std::vector<std::int16_t> later = talk.heard();
+        until([&] { return how == 'm' ? talk.progress().played > 300ms : talk.seen(&Room::closed) == 1; });
+        const std::vector<std::int16_t> later = talk.heard(true);
         EXPECT_EQ(later.empty(), how != 'm');
         EXPECT_TRUE(std::ranges::all_of(later, [](std::int16_t sample) { return sample == 0; }));
         if (how == 'm') {
             talk.speaker->setMuted(false);
-            std::this_thread::sleep_for(100ms);
-            EXPECT_NE(talk.heard().back(), 0);
+            EXPECT_LT(until([&] { return !talk.heard().empty(); }), 200ms);
         }
     }
 }
 
 TEST(Speaker, MakesDoWithoutSound)
 {
-    for (const auto kind :
-         {Room::Kind::Missing, Room::Kind::NeverOpens, Room::Kind::Dies, Room::Kind::Stuck}) {
-        const auto begun = std::chrono::steady_clock::now();
+    for (const auto trouble : {Trouble::Missing, Trouble::NeverOpens, Trouble::ThrowsOnOpening, Trouble::Dies,
+                               Trouble::Stuck, Trouble::Throws}) {
+        const auto begun = SteadyClock::now();
         {
-            Talk talk(kind);
+            Talk talk(trouble);
             for (int text = 0; text < 2; ++text) {
-                talk.start(2);
-                const auto time =
-                    talk.until([](const auto& progress) { return progress.sound == Sound::Lost; });
-                EXPECT_LT(time, 700ms) << static_cast<int>(kind);
-                talk.until([](const auto& progress) { return progress.complete; });
-                EXPECT_EQ(talk.speaker->progress(talk.ticket, 0, 0ms).fresh.size(), 2);
+                talk.start(1, 2);
+                EXPECT_LT(until([&] { return talk.progress().sound == Sound::Lost; }), 700ms)
+                    << static_cast<int>(trouble);
+                until([&] { return talk.progress().complete; });
+                EXPECT_EQ(talk.progress().fresh.size(), 2);
             }
         }
-        EXPECT_LT(std::chrono::steady_clock::now() - begun, 2s);
+        EXPECT_LT(SteadyClock::now() - begun, 2s);
     }
+}
+
+TEST(Speaker, MakesDoWithoutVoiceOrThreads)
+{
+    Talk talk(Trouble::None);
+    talk.start(FakeSynthesiser::failing - 1, FakeSynthesiser::failing + 1);
+    until([&] { return talk.progress().complete; });
+    EXPECT_EQ(talk.progress().fresh.size(), 1);
+    until([&] { return talk.progress().played == 300ms; });
+    EXPECT_EQ(talk.progress().sound, Sound::Playing);
+
+    pthread_attr_t usual;
+    pthread_getattr_default_np(&usual);
+    pthread_attr_t huge = usual;
+    pthread_attr_setstacksize(&huge, std::size_t{1} << 46);
+    pthread_setattr_default_np(&huge);
+    EXPECT_EQ(makeSpeaker(), nullptr);
+    pthread_setattr_default_np(&usual);
 }

@@ -1,5 +1,3 @@
-#include "join.h"
-#include "palette.h"
 #include "sheet.h"
 
 #include "rig/character_file.h"
@@ -7,36 +5,13 @@
 
 #include <CLI/CLI.hpp>
 #include <QDir>
-#include <QFile>
-#include <QSaveFile>
 
 #include <cstdio>
 #include <exception>
 #include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace {
-
-void require(bool done, const QFileDevice& file)
-{
-    if (!done)
-        throw std::runtime_error((file.fileName() + ": " + file.errorString()).toStdString());
-}
-
-void join(const std::vector<std::string>& sources, const std::string& output)
-{
-    QStringList gestures;
-    for (std::size_t i = 2; i < sources.size(); ++i)
-        gestures += QString::fromStdString(sources[i]);
-    const QByteArray joined =
-        joinCharacter(QString::fromStdString(sources[0]), QString::fromStdString(sources[1]), gestures);
-    QSaveFile file(QString::fromStdString(output));
-    const rig::Figure checked(rig::readCharacter(joined, file.fileName()), file.fileName());
-    require(file.open(QIODevice::WriteOnly), file);
-    file.write(joined);
-    require(file.commit(), file);
-}
 
 rig::Figure load(const std::string& path)
 {
@@ -78,7 +53,7 @@ void drawSheets(const std::string& path, const std::string& output)
     if (!folder.mkpath("."))
         throw std::runtime_error(output + ": the folder cannot be made");
     const auto keep = [&](const QImage& image, const QString& name) {
-        save(inFewColours(image), folder.filePath(name + ".png").toStdString());
+        save(image, folder.filePath(name + ".png").toStdString());
     };
     keep(drawOverview(figure, 6, 0.75), "overview");
     keep(drawMouths(figure), "mouths");
@@ -93,19 +68,12 @@ void drawSheets(const std::string& path, const std::string& output)
 /// Returns the exit code of the command.
 int run(int argc, char** argv)
 {
-    CLI::App app("Joins and checks the character files of the host.");
+    CLI::App app("Checks and draws the character files of the host.");
     app.require_subcommand(1);
-    std::vector<std::string> sources;
     std::string output;
     std::string character;
     DrawOptions drawing;
 
-    CLI::App* joinCommand =
-        app.add_subcommand("join", "Join a drawing, a rig and gestures into a character file");
-    joinCommand->add_option("--output", output, "The character file")->required();
-    joinCommand->add_option("sources", sources, "The drawing (SVG), the rig and the gestures (XML)")
-        ->required()
-        ->expected(3, 100);
     CLI::App* checkCommand = app.add_subcommand("check", "Check a character file and name its first defect");
     checkCommand->add_option("character", character)->required();
     CLI::App* drawCommand = app.add_subcommand("draw", "Draw the poses of a gesture, or of all");
@@ -120,9 +88,7 @@ int run(int argc, char** argv)
     sheetsCommand->add_option("--output", output, "The folder of the pictures")->required();
     CLI11_PARSE(app, argc, argv);
 
-    if (*joinCommand)
-        join(sources, output);
-    else if (*checkCommand)
+    if (*checkCommand)
         load(character);
     else if (*sheetsCommand)
         drawSheets(character, output);
