@@ -174,8 +174,15 @@ bool isFunctionWord(std::string_view word)
 
 bool isSpelled(std::string_view capitals)
 {
-    const bool spoken = capitals.find_first_of("AEIOUY") != std::string_view::npos && capitals.size() > 3;
-    return capitals.size() > 1 && !spoken && !holds(loudWords, capitals);
+    if (capitals.size() < 2 || holds(loudWords, capitals))
+        return false;
+    std::size_t consonants = 0; ///< in a row
+    std::size_t most = 0;
+    for (const char letter : capitals) {
+        consonants = std::string_view("AEIOUY").find(letter) == std::string_view::npos ? consonants + 1 : 0;
+        most = std::max(most, consonants);
+    }
+    return capitals.size() < 4 || most == capitals.size() || (capitals.size() == 4 && most == 3);
 }
 
 std::string_view monthName(int month)

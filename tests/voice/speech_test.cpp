@@ -81,8 +81,8 @@ TEST(Speech, IsPutInWords)
         // abbreviations
         {"Dr. A. P. Abdul's C-DAC, No. 5, India vs. Oman, e.g. Mr. X etc.",
          "doctor A P Abdul's C D A C, number five, India versus Oman, for example mister X et cetera."},
-        {"UPI, NASA, CO2, H\u2082SO\u2084, G20, U.S.A. Which is NOT a PIN?",
-         "U P I, NASA, C O two, H two S O four, G twenty, U S A. Which is NOT a P I N?"},
+        {"UPI, UPSC, NASA, CO2, H\u2082SO\u2084, G20, U.S.A. Which is NOT a PIN?",
+         "U P I, U P S C, NASA, C O two, H two S O four, G twenty, U S A. Which is NOT a P I N?"},
         {"WHO IS THE PRESIDENT OF OMAN, WHO?", "WHO IS THE PRESIDENT OF OMAN, W H O?"},
         {"Mail team@ab.example, www.abc.example.", "Mail team at ab dot example, W W W dot abc dot example."},
         // nothing to say
