@@ -1,6 +1,10 @@
 #include "voice/flite_synthesiser.h"
 
+#include "voice/respelling.h"
+#include "voice/spelling.h"
+
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 
@@ -17,8 +21,14 @@ using Milliseconds = std::chrono::milliseconds;
 
 namespace {
 
-constexpr auto leadIn = 40ms;   ///< of the silence that the voice begins every piece with
-constexpr auto leadOut = 130ms; ///< more silence behind the end of a sentence
+constexpr auto leadIn = 40ms; ///< of the silence that the voice begins every piece with
+
+/// More silence behind a piece than the voice makes by itself.
+Milliseconds breath(Pause pause)
+{
+    constexpr std::array breaths = {0ms, 0ms, 200ms, 130ms, 250ms};
+    return breaths.at(static_cast<std::size_t>(pause));
+}
 
 Milliseconds fromSeconds(double seconds)
 {
@@ -83,14 +93,67 @@ Span spoken(const std::vector<Segment>& segments, Pause pause, Milliseconds leng
     return span;
 }
 
+cst_voice* makeVoice()
+{
+    flite_init();
+    return register_cmu_us_rms(nullptr);
+}
+
+/// The voice's words and ours. Those of ours that come up are handed to the library, which has but one
+/// lexicon.
+class Lexicon
+{
+public:
+    explicit Lexicon(cst_voice& voice)
+        : lexicon_(val_lexicon(feat_val(voice.features, "lexicon"))), respellings_(respellings())
+    {
+    }
+
+    void prepare(const SpokenWord& word)
+    {
+        std::string name = lower(word.text);
+        if (name.ends_with("'s")) // which the library takes for a word of its own
+            name.resize(name.size() - 2);
+        if (added(name))
+            return;
+        const auto found = respellings_.find(name);
+        const std::string sounds =
+            found == respellings_.end() ? word.sounds : soundsOfRespelling(found->second);
+        cst_val* entry =
+            sounds.empty() ? nullptr : cst_lex_make_entry(lexicon_, (name + " nil : " + sounds).c_str());
+        if (entry)
+            lexicon_->lex_addenda = cons_val(entry, lexicon_->lex_addenda);
+    }
+
+    [[nodiscard]] std::string sounds(const std::string& word) const
+    {
+        const cst_val* found = added(word);
+        cst_val* guessed = found ? nullptr : lex_lookup(lexicon_, word.c_str(), nullptr, nullptr);
+        std::string all;
+        for (const cst_val* sound = found ? val_cdr(val_cdr(found)) : guessed; sound; sound = val_cdr(sound))
+            all += (all.empty() ? "" : " ") + std::string(val_string(val_car(sound)));
+        delete_val(guessed);
+        return all;
+    }
+
+private:
+    /// An entry is the word, its part of speech and the sounds.
+    [[nodiscard]] const cst_val* added(const std::string& word) const
+    {
+        return val_assoc_string(word.c_str(), lexicon_->lex_addenda);
+    }
+
+    cst_lexicon* lexicon_;
+    std::unordered_map<std::string_view, std::string_view> respellings_;
+};
+
 class FliteSynthesiser final : public Synthesiser
 {
 public:
-    FliteSynthesiser()
+    FliteSynthesiser() : voice_(makeVoice())
     {
-        flite_init();
-        voice_ = register_cmu_us_rms(nullptr);
         if (voice_) {
+            lexicon_.emplace(*voice_);
             streaming_ = new_audio_streaming_info();
             streaming_->asc = onSamples;
             feat_set(voice_->features, "streaming_info", audio_streaming_info_val(streaming_));
@@ -103,6 +166,8 @@ public:
             return {};
         dropped_ = dropped;
         streaming_->userdata = &dropped_;
+        for (const SpokenWord& word : piece.words)
+            lexicon_->prepare(word);
         const std::unique_ptr<cst_utterance, decltype(&delete_utterance)> utterance(
             flite_synth_text(piece.line().c_str(), voice_), &delete_utterance);
         const cst_wave* wave = utterance && !dropped() ? utt_wave(utterance.get()) : nullptr;
@@ -128,13 +193,14 @@ private:
             shifted(word.start);
         for (MouthTime& mouth : speech.times.mouths)
             shifted(mouth.start);
-        speech.times.length = span.end - span.start + (pause > Pause::Short ? leadOut : 0ms);
+        speech.times.length = span.end - span.start + breath(pause);
         speech.samples.assign(wave.samples + samplesIn(span.start), wave.samples + samplesIn(span.end));
         speech.samples.resize(samplesIn(speech.times.length));
         return speech;
     }
 
-    cst_voice* voice_ = nullptr;
+    cst_voice* voice_;
+    std::optional<Lexicon> lexicon_;
     cst_audio_streaming_info* streaming_ = nullptr;
     std::function<bool()> dropped_;
 };
@@ -144,6 +210,15 @@ private:
 std::unique_ptr<Synthesiser> makeFliteSynthesiser()
 {
     return std::make_unique<FliteSynthesiser>();
+}
+
+std::string soundsOf(const std::string& word)
+{
+    static Lexicon lexicon(*makeVoice());
+    SpokenWord spoken;
+    spoken.text = word;
+    lexicon.prepare(spoken);
+    return lexicon.sounds(word);
 }
 
 } // namespace voice

@@ -1,14 +1,19 @@
 #include "voice/folded_text.h"
 
-#include <QStringView>
+#include <unicode/translit.h>
+#include <unicode/uchar.h>
+#include <unicode/uscript.h>
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 #include <string_view>
 
 namespace voice {
 
 namespace {
+
+constexpr std::size_t longestForeign = 30; ///< of the letters of a word
 
 struct Folded
 {
@@ -16,53 +21,30 @@ struct Folded
     std::string_view letters;
 };
 
-/// What Unicode does not take apart by itself, in ascending order.
+/// What is said, or means something else than ICU writes for it, in ascending order.
 constexpr std::array table = {
+    Folded{U'#', " number "},
+    Folded{U'$', "#D"},
     Folded{U'\u00a2', " cents "},
     Folded{U'\u00a3', "#L"},
-    Folded{U'\u00ab', "\""},
     Folded{U'\u00b0', " degrees "},
     Folded{U'\u00b1', " plus or minus "},
     Folded{U'\u00b2', " squared "},
     Folded{U'\u00b3', " cubed "},
     Folded{U'\u00b5', "micro"},
-    Folded{U'\u00bb', "\""},
     Folded{U'\u00bc', " a quarter "},
     Folded{U'\u00bd', " a half "},
     Folded{U'\u00be', " three quarters "},
-    Folded{U'\u00c6', "AE"},
-    Folded{U'\u00d0', "D"},
     Folded{U'\u00d7', " times "},
-    Folded{U'\u00d8', "O"},
-    Folded{U'\u00de', "Th"},
-    Folded{U'\u00df', "ss"},
-    Folded{U'\u00e6', "ae"},
-    Folded{U'\u00f0', "d"},
     Folded{U'\u00f7', " divided by "},
-    Folded{U'\u00f8', "o"},
-    Folded{U'\u00fe', "th"},
-    Folded{U'\u0110', "D"},
-    Folded{U'\u0111', "d"},
-    Folded{U'\u0131', "i"},
-    Folded{U'\u0141', "L"},
-    Folded{U'\u0142', "l"},
-    Folded{U'\u0152', "OE"},
-    Folded{U'\u0153', "oe"},
     Folded{U'\u03c0', " pi "},
-    Folded{U'\u2010', "-"},
-    Folded{U'\u2011', "-"},
-    Folded{U'\u2012', "-"},
-    Folded{U'\u2013', "-"},
+    Folded{U'\u0964', "."},
+    Folded{U'\u0965', "."},
     Folded{U'\u2014', " - "},
     Folded{U'\u2015', " - "},
-    Folded{U'\u2018', "'"},
-    Folded{U'\u2019', "'"},
-    Folded{U'\u201a', "'"},
-    Folded{U'\u201b', "'"},
-    Folded{U'\u2044', "/"},
+    Folded{U'\u2026', "..."},
     Folded{U'\u20ac', "#E"},
     Folded{U'\u20b9', "#R"},
-    Folded{U'\u2212', "-"},
     Folded{U'\u221a', " the square root of "},
     Folded{U'\u2260', " does not equal "},
     Folded{U'\u2264', " at most "},
@@ -70,53 +52,131 @@ constexpr std::array table = {
 };
 static_assert(std::ranges::is_sorted(table, {}, &Folded::character));
 
-/// An amount's sign as it is written in the table, where '#' cannot come from a text.
-void appendSigned(std::string& letters, char character)
+/// Letters as ICU writes all scripts, to those that respellings.txt explains. The aspirated consonants of
+/// India have no sound of their own here.
+constexpr const char* soundRules = R"(
+    :: Any-Latin; :: NFC; :: Lower;
+    ṁ } [bpm] > m; [ṁ\u0303] > n;
+    kṣ > ksh; jñ > gy; r̥ > ri;
+    kh > k; gh > g; ch > ch; jh > j; ṭh > t; ḍh > d; th > t; dh > d; ph > f; bh > b; ṛh > r; sh > sh; zh > zh;
+    ai > ai; au > au; ā > aa; ī > ee; ū > oo; [eéēê] > ay; [oóōô] > o;
+    a } [^[:L:][:M:]] > aa; [aáàâäǎ] > a; [iíìǐ] > i; [uúùüǔ] > u;
+    c > ch; ñ > ny; ṅ > ng; [śṣš] > sh; [yẏ] > '-y'; ž > zh; č > ch;
+    :: NFD; [^a-z\\-] > ;
+)";
+
+using Transliterator = std::unique_ptr<icu::Transliterator>;
+
+Transliterator transliterator(const char* rules)
 {
-    switch (character) {
-    case '#':
-        letters += " number ";
-        break;
-    case '$':
-        letters += "#D";
-        break;
-    default:
-        letters += character;
-    }
+    UParseError place;
+    UErrorCode status = U_ZERO_ERROR;
+    Transliterator made(icu::Transliterator::createFromRules(u"voice", icu::UnicodeString::fromUTF8(rules),
+                                                             UTRANS_FORWARD, place, status));
+    if (U_FAILURE(status))
+        throw std::runtime_error("a script has no rules");
+    return made;
 }
 
-std::string foldedCharacter(char32_t character)
+std::string written(const icu::UnicodeString& text)
 {
-    std::string letters;
-    if (character < 0x80) {
-        const bool control = character < 0x20 || character == 0x7f;
-        appendSigned(letters, control ? ' ' : static_cast<char>(character));
-        return letters;
-    }
-    const Folded* const found = std::ranges::lower_bound(table, character, {}, &Folded::character);
-    if (found != table.end() && found->character == character)
-        return std::string(found->letters);
-    if (QChar::isSpace(character))
-        return " ";
-    const QString parts = QString::fromUcs4(&character, 1).normalized(QString::NormalizationForm_KD);
-    for (const QChar part : parts)
-        if (part.unicode() >= 0x20 && part.unicode() < 0x7f)
-            appendSigned(letters, part.toLatin1());
-        else if (part.unicode() == 0x2044)
-            letters += '/';
-    return letters;
+    std::string result;
+    text.toUTF8String(result);
+    return result;
+}
+
+bool isOfWord(UChar32 character)
+{
+    constexpr UChar32 joiner = 0x200d;
+    constexpr UChar32 nonJoiner = 0x200c;
+    const auto kinds = U_GET_GC_MASK(character);
+    return (kinds & (U_GC_L_MASK | U_GC_M_MASK)) || character == joiner || character == nonJoiner;
+}
+
+UScriptCode scriptOf(UChar32 character)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    return uscript_getScript(character, &status);
+}
+
+bool isForeign(UChar32 character)
+{
+    const UScriptCode script = scriptOf(character);
+    return (U_GET_GC_MASK(character) & U_GC_L_MASK) && script != USCRIPT_LATIN && script != USCRIPT_COMMON;
+}
+
+/// In these languages a word whose last consonant has no sign of a vowel ends with that consonant.
+bool dropsLastVowel(UChar32 character)
+{
+    const UScriptCode script = scriptOf(character);
+    return script == USCRIPT_DEVANAGARI || script == USCRIPT_BENGALI || script == USCRIPT_GUJARATI ||
+           script == USCRIPT_GURMUKHI;
 }
 
 } // namespace
 
-FoldedText foldedText(const QString& text)
+class TextFolder::Rules
+{
+public:
+    std::string character(UChar32 character)
+    {
+        if (const int digit = u_charDigitValue(character); digit >= 0)
+            return std::to_string(digit);
+        if (u_isUWhiteSpace(character))
+            return " ";
+        icu::UnicodeString text(character);
+        if (!latin_)
+            latin_ = transliterator(":: Any-Latin; :: NFKD; :: Latin-ASCII; [:^ASCII:] > ;");
+        latin_->transliterate(text);
+        std::string result = written(text);
+        std::erase_if(result, [](char c) { return c == '#' || c == '$' || c < ' '; });
+        return result;
+    }
+
+    std::string respelled(icu::UnicodeString word)
+    {
+        if (!sounds_)
+            sounds_ = transliterator(soundRules);
+        const bool consonant = u_charType(word.char32At(word.length() - 1)) == U_OTHER_LETTER;
+        const bool drops = consonant && word.countChar32() > 1 && dropsLastVowel(word.char32At(0));
+        sounds_->transliterate(word);
+        std::string result = written(word);
+        if (drops && result.ends_with("aa"))
+            result.resize(result.size() - 2);
+        return result.substr(0, longestForeign);
+    }
+
+private:
+    Transliterator latin_;
+    Transliterator sounds_;
+};
+
+TextFolder::TextFolder() : rules_(std::make_unique<Rules>()) {}
+TextFolder::~TextFolder() = default;
+
+FoldedText TextFolder::fold(const QString& text)
 {
     FoldedText folded;
-    for (qsizetype i = 0; i < text.size();) {
-        const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
-        const char32_t character = pair ? QChar::surrogateToUcs4(text[i], text[i + 1]) : text[i].unicode();
-        i += pair ? 2 : 1;
-        folded.letters += QChar::isSurrogate(character) ? std::string() : foldedCharacter(character);
+    const icu::UnicodeString characters(false, reinterpret_cast<const char16_t*>(text.utf16()),
+                                        static_cast<int>(text.size()));
+    for (int i = 0; i < characters.length();) {
+        const UChar32 character = characters.char32At(i);
+        int next = characters.moveIndex32(i, 1);
+        const auto* const found =
+            std::ranges::lower_bound(table, static_cast<char32_t>(character), {}, &Folded::character);
+        if (found != table.end() && found->character == static_cast<char32_t>(character)) {
+            folded.letters += found->letters;
+        } else if (character < 0x80) {
+            folded.letters += character < 0x20 || character == 0x7f ? ' ' : static_cast<char>(character);
+        } else if (isForeign(character)) {
+            while (next < characters.length() && isOfWord(characters.char32At(next)))
+                next = characters.moveIndex32(next, 1);
+            folded.letters += foreignMark;
+            folded.letters += rules_->respelled(characters.tempSubStringBetween(i, next));
+        } else {
+            folded.letters += rules_->character(character);
+        }
+        i = next;
         folded.ends.resize(folded.letters.size(), i);
     }
     return folded;

@@ -2,18 +2,38 @@
 
 #include <QString>
 
+#include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace voice {
 
-/// A text in ASCII. Whatever cannot be written so is gone; blanks of any kind are ' '.
+inline constexpr std::string_view foreignMark = "zq";
+
+/// A text in ASCII. Blanks of any kind are ' '; amounts of money begin with #R, #D, #E or #L, and '#' does
+/// not occur otherwise. A word of another script is `foreignMark` and its sounds, written as respellings.txt
+/// explains. What cannot be said is gone.
 struct FoldedText
 {
     std::string letters;
     std::vector<qsizetype> ends; ///< for each letter, where the character it stands for ends in the text
 };
 
-[[nodiscard]] FoldedText foldedText(const QString& text);
+/// Folds texts. The rules for other scripts take some 50 ms to be made, when the first word of them comes.
+class TextFolder
+{
+public:
+    TextFolder();
+    ~TextFolder();
+    TextFolder(const TextFolder&) = delete;
+    TextFolder& operator=(const TextFolder&) = delete;
+
+    [[nodiscard]] FoldedText fold(const QString& text);
+
+private:
+    class Rules;
+    std::unique_ptr<Rules> rules_;
+};
 
 } // namespace voice

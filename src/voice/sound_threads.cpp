@@ -204,6 +204,7 @@ bool SoundState::due() const
 void makeSpeech(const std::shared_ptr<SoundState>& state)
 {
     std::unique_lock lock(state->mutex);
+    std::unique_ptr<TextReader> reader;
     std::unique_ptr<Synthesiser> synthesiser;
     for (;;) {
         state->changed.wait(lock, [&] { return state->ended || state->due(); });
@@ -211,19 +212,29 @@ void makeSpeech(const std::shared_ptr<SoundState>& state)
             return;
         SpokenText& text = state->text;
         const Speaker::Ticket ticket = state->current;
-        const SpokenPiece piece = std::move(text.pieces[text.made.size()]);
+        std::vector<SpokenPiece> pieces;
+        if (text.cut)
+            pieces.push_back(std::move(text.pieces[text.made.size()]));
+        const QString words = text.text;
         lock.unlock();
         std::optional<Speech> speech;
         try {
-            if (!synthesiser)
+            if (!synthesiser) {
                 synthesiser = state->makeSynthesiser();
-            speech = synthesiser->synthesise(piece, [&] { return state->current != ticket; });
+                reader = std::make_unique<TextReader>();
+            }
+            if (pieces.empty())
+                pieces = spokenPieces(reader->words(words));
+            if (!pieces.empty())
+                speech = synthesiser->synthesise(pieces.front(), [&] { return state->current != ticket; });
         } catch (...) {
             speech.reset();
         }
         lock.lock();
         if (state->current != ticket)
             continue;
+        if (!std::exchange(text.cut, true))
+            text.pieces = std::move(pieces);
         if (speech) {
             text.madeLength += speech->times.length;
             text.made.push_back(std::move(*speech));

@@ -12,6 +12,8 @@ namespace voice {
 /// A text on its way through both threads.
 struct SpokenText
 {
+    QString text;
+    bool cut = true; ///< into pieces
     std::vector<SpokenPiece> pieces;
     std::vector<Speech> made; ///< of the first of them; their samples go when they have been played
     std::chrono::milliseconds madeLength{0};
@@ -26,7 +28,7 @@ struct SpokenText
     std::chrono::milliseconds played{0};        ///< negative while the first sample is on its way
     std::chrono::steady_clock::time_point seen; ///< when `played` was right
 
-    [[nodiscard]] bool complete() const { return made.size() == pieces.size(); }
+    [[nodiscard]] bool complete() const { return cut && made.size() == pieces.size(); }
 };
 
 /// What the threads and the speaker all see, under the mutex but for `current`. That is never held during a
@@ -46,7 +48,7 @@ struct SoundState
     /// Since when the device's thread is in a call of the device.
     std::optional<std::chrono::steady_clock::time_point> calling;
 
-    /// There is a piece to be made, and it is not too early for it.
+    /// There is something to be made, and it is not too early for it.
     [[nodiscard]] bool due() const;
     [[nodiscard]] bool playable() const { return text.audible && text.piece < text.made.size(); }
 };

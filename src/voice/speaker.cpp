@@ -53,10 +53,13 @@ public:
         std::thread([state = state_] { playSpeech(state); }).detach();
     }
 
-    Ticket start(std::vector<SpokenPiece> pieces) override
+    Ticket start(const QString& text) override
     {
         const std::lock_guard lock(state_->mutex);
-        return renew(std::move(pieces));
+        SpokenText spoken;
+        spoken.text = text;
+        spoken.cut = false;
+        return renew(std::move(spoken));
     }
 
     void stop(Ticket ticket) override
@@ -113,10 +116,9 @@ public:
 
 private:
     /// What is being made or played is for nobody any more.
-    Ticket renew(std::vector<SpokenPiece> pieces)
+    Ticket renew(SpokenText text)
     {
-        state_->text = SpokenText();
-        state_->text.pieces = std::move(pieces);
+        state_->text = std::move(text);
         state_->changed.notify_all();
         return ++state_->current;
     }

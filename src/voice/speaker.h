@@ -38,7 +38,7 @@ public:
     virtual ~Speaker() = default;
 
     /// Cuts off the text before.
-    virtual Ticket start(std::vector<SpokenPiece> pieces) = 0;
+    virtual Ticket start(const QString& text) = 0;
     /// Silence; nothing more is made of the text.
     virtual void stop(Ticket ticket) = 0;
     /// Silence; what there is to see of the text is still made.

@@ -53,7 +53,7 @@ std::size_t cut(const std::vector<SpokenWord>& words, std::size_t from, std::siz
 
 std::string SpokenPiece::line() const
 {
-    constexpr std::array<std::string_view, 4> marks = {"", ",", ".", "?"};
+    constexpr std::array<std::string_view, 5> marks = {"", ",", ",", ".", "?"};
     std::string line;
     for (const SpokenWord& word : words) {
         line += line.empty() ? "" : " ";

@@ -2,26 +2,43 @@
 
 #include <QString>
 
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace voice {
 
 /// The pause behind a word and the tune that leads to it.
-enum class Pause { None, Short, End, Question };
+enum class Pause { None, Short, Long, End, Question };
 
-/// One word for the ear: ASCII letters and digits, with ' and . inside at most, never empty.
+/// One word for the ear: ASCII letters, with ' inside at most, never empty.
 struct SpokenWord
 {
     std::string text;
     qsizetype end = 0; ///< how much of the given text has been said with this word, in its characters
     Pause pause = Pause::None;
+    std::string sounds = {}; ///< of a word that only stands for them, as the synthesiser calls them
 
     bool operator==(const SpokenWord&) const = default;
 };
 
-/// What is to be said for `text`, whatever that holds: amounts and signs in words, the blank of a question
-/// as "blank", accents folded, words of more than 40 letters cut. Empty if there is nothing to say.
-[[nodiscard]] std::vector<SpokenWord> spokenWords(const QString& text);
+/// Turns texts into words for the ear. Used by one thread only.
+class TextReader
+{
+public:
+    TextReader();
+    ~TextReader();
+    TextReader(const TextReader&) = delete;
+    TextReader& operator=(const TextReader&) = delete;
+
+    /// What is to be said for `text`, whatever that holds: amounts, dates and signs in words, the blank of a
+    /// question as "blank", abbreviations by their letters, other scripts by their sounds, words of more than
+    /// 40 letters cut. Empty if there is nothing to say.
+    [[nodiscard]] std::vector<SpokenWord> words(const QString& text);
+
+private:
+    struct Knowledge;
+    std::unique_ptr<Knowledge> knowledge_;
+};
 
 } // namespace voice

@@ -61,13 +61,10 @@ void Voice::say(const QString& text, Milliseconds now)
     seen_.reset();
     waited_ = time_ = 0ms;
     course_ = Course::Coming;
-    std::vector<SpokenPiece> pieces;
     if (speaker_)
-        pieces = spokenPieces(spokenWords(text));
-    if (pieces.empty())
-        read(now);
+        ticket_ = speaker_->start(text);
     else
-        ticket_ = speaker_->start(std::move(pieces));
+        read(now);
 }
 
 void Voice::hush()

@@ -96,12 +96,11 @@ struct FakeSynthesiser final : Synthesiser
 {
     Speech synthesise(const SpokenPiece& piece, const std::function<bool()>&) override
     {
-        const auto level = static_cast<std::int16_t>(piece.words.front().end);
-        if (level == failing)
+        if (piece.words.front().text == "fail")
             throw std::bad_alloc();
+        const auto level = static_cast<std::int16_t>(piece.words.front().end);
         return {{{{0ms, level}}, {}, 300ms}, std::vector<std::int16_t>(300 * sampleRate / 1000, level)};
     }
-    static constexpr int failing = 9;
 };
 
 struct Talk
@@ -133,14 +132,8 @@ struct Talk
     Talk(const Talk&) = delete;
     Talk& operator=(const Talk&) = delete;
 
-    /// Levels `first` to `last` of sound, 300 ms each.
-    void start(int first, int last)
-    {
-        std::vector<SpokenPiece> given;
-        for (int i = first; i <= last; ++i)
-            given.push_back({{{"word", i, Pause::End}}});
-        ticket = speaker->start(std::move(given));
-    }
+    /// 300 ms of sound for each sentence.
+    void start(const char* text) { ticket = speaker->start(text); }
 
     Speaker::Progress progress() { return speaker->progress(ticket, 0, 0ms); }
 
@@ -183,7 +176,7 @@ TEST(Speaker, HandsOverEverySampleOnceAndInOrderHoweverLateItIsHeard)
 {
     std::deque<Talk> talks;
     for (const auto latency : {0ms, 100ms, 600ms, 1500ms, 3000ms})
-        talks.emplace_back(Trouble::None, latency).start(1, 3);
+        talks.emplace_back(Trouble::None, latency).start("one. two. three.");
     for (Talk& talk : talks) {
         const Milliseconds latency = talk.room->latency;
         Sound sound = Sound::Waiting;
@@ -203,7 +196,7 @@ TEST(Speaker, HandsOverEverySampleOnceAndInOrderHoweverLateItIsHeard)
         EXPECT_EQ(talk.progress().fresh.size(), 3);
         EXPECT_EQ(talk.progress().sound, Sound::Playing);
     }
-    talks[0].start(4, 4);
+    talks[0].start("four");
     until([&] { return !talks[0].heard().empty(); });
     EXPECT_EQ(talks[0].seen(&Room::opened), 2);
 }
@@ -212,13 +205,13 @@ TEST(Speaker, FallsSilentAtOnce)
 {
     for (const char how : {'s', 'm', 'n', 'g'}) { // stopped, muted, overtaken by the next text, given up
         Talk talk(Trouble::None);
-        talk.start(1, 2);
+        talk.start("one. two.");
         until([&] { return talk.progress().played > 100ms; });
         const auto called = SteadyClock::now();
         if (how == 'm')
             talk.speaker->setMuted(true);
         else if (how == 'n')
-            talk.start(1, 0);
+            talk.start("");
         else
             how == 's' ? talk.speaker->stop(talk.ticket) : talk.speaker->giveUpSound(talk.ticket);
         EXPECT_LT(SteadyClock::now() - called, 20ms);
@@ -244,7 +237,7 @@ TEST(Speaker, MakesDoWithoutSound)
         {
             Talk talk(trouble);
             for (int text = 0; text < 2; ++text) {
-                talk.start(1, 2);
+                talk.start("one. two.");
                 EXPECT_LT(until([&] { return talk.progress().sound == Sound::Lost; }), 700ms)
                     << static_cast<int>(trouble);
                 until([&] { return talk.progress().complete; });
@@ -258,7 +251,7 @@ TEST(Speaker, MakesDoWithoutSound)
 TEST(Speaker, MakesDoWithoutVoiceOrThreads)
 {
     Talk talk(Trouble::None);
-    talk.start(FakeSynthesiser::failing - 1, FakeSynthesiser::failing + 1);
+    talk.start("one. fail. three.");
     until([&] { return talk.progress().complete; });
     EXPECT_EQ(talk.progress().fresh.size(), 1);
     until([&] { return talk.progress().played == 300ms; });
