@@ -159,7 +159,11 @@ void importSource(Command& command)
                 << (done.prompts > 0 ? " and " + counted(done.prompts, "prompt") : "")
                 << (command.import.replace ? " in place of those it had" : "") << ".\n";
     if (command.import.update)
-        command.out << counted(done.changed, "question") << (dry ? " would be" : " were") << " changed.\n";
+        command.out << counted(done.changed, "question")
+                    << (dry                 ? " would be"
+                        : done.changed == 1 ? " was"
+                                            : " were")
+                    << " changed.\n";
     if (done.known > 0)
         command.out << counted(done.known, "question") << " that it has stay as they are.\n";
 }

@@ -100,7 +100,8 @@ Exported exportQuestions(std::vector<Question> questions, const std::filesystem:
         requireOneLevel(questions);
     if (format.holds)
         removeMisleading(questions, format, complaints);
-    warnOfLosses(questions, {nameOf(target)}, format, complaints);
+    warnOfLosses(questions, {isStandard(target) ? QString("standard output") : nameOf(target)}, format,
+                 complaints);
     writeNew(target, format.write(questions), out);
     return {questions.size(), complaints.warnings()};
 }
@@ -113,7 +114,7 @@ void writeNew(const std::filesystem::path& target, const QByteArray& content, st
     }
     NewFile newFile(target, Readers::Everyone);
     QFile file(newFile.temporary());
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(content) != content.size())
         throw Failure(QString("%1 cannot be written: %2").arg(nameOf(target), file.errorString()));
     file.close();
     newFile.publish();

@@ -125,6 +125,12 @@ private:
     void update(const Question& former, Question question)
     {
         question.place = former.place;
+        // Their order has come about by chance.
+        if (options_.shuffle && former.rightIndex() >= 0 && question.rightOption() == former.rightOption() &&
+            std::ranges::is_permutation(question.options, former.options)) {
+            question.options = former.options;
+            question.right = former.right;
+        }
         question.tallies = carriedTallies(former, question);
         const QStringList changed = differences(former, question);
         if (changed.empty()) {

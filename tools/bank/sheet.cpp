@@ -64,6 +64,7 @@ void print(const QString& pages, QFile& file)
     char* argv[] = {static_cast<char*>(name), nullptr};
     if (!QCoreApplication::instance()) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
         application = std::make_unique<QGuiApplication>(argc, static_cast<char**>(argv));
     }
     QPdfWriter writer(&file);
