@@ -24,7 +24,7 @@ TEST(Check, FindsEveryKindOfFault)
 {
     const std::string one = insertion("Did Newton see the apple fall?");
     const std::tuple<std::string, int, std::string> cases[] = {
-        {"select 1", 0, "bank.orv: no faults"},
+        {"select 1", 0, "bank.orv: 15 questions, no faults"},
         {"update questions set answer2 = ''", 3, "question 1: option B is missing"},
         {"update questions set question = null where question_id = 7", 3, "question 7: question is missing"},
         {"update questions set answer1 = ' The  TWO' where question_id = 1", 3,
@@ -53,6 +53,22 @@ TEST(Check, FindsEveryKindOfFault)
          "option D holds the control character"},
         {"update questions set question = 'a' || char(10) || 'b' where question_id = 1", 3,
          "holds a line break"},
+        {"update questions set answer4 = char(27) || '[31m' where question_id = 1", 3,
+         "control character U+001B"},
+        {"update questions set answer4 = 'a' || char(0x200b) where question_id = 1", 3,
+         "option D holds the invisible character U+200B"},
+        {"update questions set answer4 = 'क' || char(0x94d, 0x200d) || 'ष' where question_id = 1", 0,
+         "no faults"},
+        {"update questions set answer4 = cast(x'61ff' as text) where question_id = 1", 3,
+         "option D holds broken UTF-8"},
+        {"update questions set answer4 = '<b>Emma</b>' where question_id = 1", 0,
+         "question 1: warning: option D holds \"<b>\", which is shown as it stands"},
+        {"update questions set question = 'R&amp;D?' where question_id = 1", 0, "question holds \"&amp;\""},
+        {"update questions set b = 'many' where question_id = 1", 3,
+         "question 1: tally B is no whole number"},
+        {"update questions set c = -1 where question_id = 1", 3, "tally C is no whole number"},
+        {"update questions set correct_answer = '" + std::string(61, 'x') + "' where question_id = 1", 3,
+         "the right answer \"" + std::string(59, 'x') + "…\" is none"},
         {"update questions set answer4 = 'a ' where question_id = 1", 3, "option D has a blank at an end"},
         {one + insertion("DID  newton see the apple fall?", "'none', 'no', 'both', 'yes'"), 3,
          "question 17: the same question stands in bank.orv: question 16"},
@@ -67,6 +83,11 @@ TEST(Check, FindsEveryKindOfFault)
         {several(40, "1"), 3,
          "level 1: A is the right letter of 88.9 % of 45 questions, 22 to 28 % are wanted"},
         {several(34, "1"), 0, "no faults"},
+        {several(20, "1") +
+             "; update questions set answer1 = '3', answer2 = '4', answer3 = '1,000', answer4 = '5 %', "
+             "correct_answer = '3' where question_id > 15",
+         0, "level 1: A is the right letter of 100.0 % of 20 questions about numbers, 20 to 30 % are wanted"},
+        {several(2, "1"), 0, "question 16: warning: the same four options stand in bank.orv: question 17\n"},
         {"delete from questions where Level = '2' and question_id > 3", 3,
          "level 2 has 1 questions, a game needs 5"},
         {"alter table questions drop column c", 3, "its table questions has no field named c"},

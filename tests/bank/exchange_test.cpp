@@ -4,6 +4,8 @@
 #include "bank/formats.h"
 #include "bank/text.h"
 
+#include <QStringEncoder>
+
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 
@@ -45,6 +47,16 @@ bank::Bank randomBank(std::size_t count)
     return bank;
 }
 
+/// The text as spreadsheets save "Unicode".
+std::string utf16(const char* text)
+{
+    return QStringEncoder(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom)
+        .encode(QString(text))
+        .
+        operator QByteArray()
+        .toStdString();
+}
+
 std::string rows(const Folder& folder, const std::string& file, bool withTallies)
 {
     SQLite::Database database(folder.path(file));
@@ -61,7 +73,8 @@ std::string rows(const Folder& folder, const std::string& file, bool withTallies
 TEST(Exchange, GivesBackEveryRow)
 {
     const Folder folder;
-    bank::createDatabase(folder.path("bank.orv"), randomBank(10'000), {"owner", "secret"});
+    bank::Progress none;
+    bank::createDatabase(folder.path("bank.orv"), randomBank(10'000), bank::Account{"owner", "secret"}, none);
     ASSERT_EQ(folder.run({"create", "empty.orv", "--from", "data"}).first, 0);
     for (const std::string format : {"csv", "gift", "txt", "aiken"}) {
         folder.write("copy.orv", folder.content("empty.orv"));
@@ -96,7 +109,20 @@ TEST(Exchange, TakesInWhatOtherProgramsWrite)
          "no\n~%y\n=z\\~#yes ~ w "
          "####general} words?\n",
          "What is 1 = 1 in ____ words?|x|%y|z~|w|z~|3"},
-        {"list.aiken", "Which of\nthem?\nA) x\nB) y\nC. z\nD. w\nANSWER: B\n", "Which of them?|x|y|z|w|y|1"},
+        {"old.csv",
+         "\"sep=;\"\n;;\n\nDifficulty;Question;Option A;Option B;Option C;option d;Correct answer\n"
+         "Hard;Who?;x;y;z;w;y\n",
+         "Who?|x|y|z|w|y|3"},
+        {"numbered.csv",
+         "Question Text,Answer 1,Answer 2,Answer 3,Answer 4,Correct,Level\nWho?,x,y,z,w,d,Level 2\n",
+         "Who?|x|y|z|w|w|2"},
+        {"saved.txt", utf16("question\tA\tB\tC\tD\tright\nWhé?\tx\ty\tz\tw\tb\n"), "Whé?|x|y|z|w|y|1"},
+        {"web.gift",
+         "$CATEGORY: level 2\n[html]<p>Who wrote <b>Emma</b>&nbsp;?</p>{~%0%[html]<p>x</p> ~%100%y &amp; z "
+         "~<br>v "
+         "~w}\n::t::Two?{=5~6~7~8}\n",
+         "Who wrote Emma ?|x|y & z|v|w|y & z|2|Two?|5|6|7|8|5|2"},
+        {"list.aiken", "Which of\nthem?\nA) x\nB) y\nC. z\nD. w\nANSWER: b\n", "Which of them?|x|y|z|w|y|1"},
     };
     for (const auto& [file, content, expected] : cases) {
         const Folder folder;
@@ -113,35 +139,59 @@ TEST(Exchange, TakesInWhatOtherProgramsWrite)
 TEST(Exchange, LeavesTheFileAloneUnlessAllIsWell)
 {
     const std::string header = "question,A,B,C,D,right,level\n";
+    const std::string wanted = "; a bank holds only questions with four options of which one is right\n";
     const std::tuple<std::string, std::string, std::string> cases[] = {
         {"a.csv", header + "\"Wh\"\"o\nis?\",x,y,z,w,A,1\nWho?,x,y,X,w,E,9\n",
          "a.csv:2:1: question holds a line break, but must be one line\n"
          "a.csv:4:16: level \"9\" is none of 1, 2, 3\n"
          "a.csv:4:14: right \"E\" is none of A, B, C, D\na.csv:4:10: options A and C are equal\n"},
-        {"a.csv", header + "Who?,x,y\n",
-         "a.csv:2:1: the row has 3 cells, the first row has 7; a text with a separator in it must stand in "
-         "quotation "
-         "marks\n"},
+        {"a.csv", header + "Who?,x,y,z,w,A,1,,or not\n",
+         "a.csv:2:1: the row has 9 cells, the first row has 7; a text with a separator in it must stand in "
+         "quotation marks\n"},
+        {"a.csv", header + "Who?,x,y,z,,A,1,\n", "a.csv:2:12: option D is missing, four are needed\n"},
         {"a.csv", header + "Who?,x,y,\"z\n,w,A,1\n",
-         "a.csv:2:10: the quotation mark that opens here is never closed\n"
-         "a.csv:2:1: the row has 4 cells, the first row has 7; a text with a separator in it must stand in "
-         "quotation "
-         "marks\n"},
+         "a.csv:2:10: the quotation mark that opens here is never closed\n"},
+        {"a.csv", "question,option a,option b,option c,option d,level,correct answer\nWho?,B,A,C,D,1,a\n",
+         "a.csv:2:16: \"a\" may be the letter or the text of the right option; call the column \"right\" or "
+         "\"correct_answer\"\n"},
+        {"a.csv", header, "a.csv: there are no questions in it\n"},
+        {"a.csv", "tally a," + header + "9999999999,Who?,x,y,z,w,A,1\n",
+         "a.csv:2:1: the tally \"9999999999\" is no whole number from 0 to 1000000000\n"},
         {"a.csv", "question,A,b,C,why\n",
          "a.csv:1: the first row must name the columns; missing: D, right, level (or "
          "give --level)\n"},
         {"a.csv", header + "Wh\xE9?,x,y,z,w,A,1\n",
-         "a.csv:2: the line is not valid UTF-8; save the file as UTF-8\n"},
+         "a.csv:2:1: question holds broken UTF-8; save the text as UTF-8\n"},
         {"a.csv", header + "3 ONE?,x,y,z,w,A,1\n",
          "a.csv:2: the same question stands in bank.orv: question 7\n"},
         {"a.gift", "What?{=x ~y ~z}\n\nThis?\n",
          "a.gift:1:6: 3 options of which 1 are right; a bank holds only questions "
          "with four options of which one is right\na.gift:3:1: there are no answers in braces\n"},
+        {"a.gift", "$CATEGORY: a/level 7\nSun?{TRUE}\n\nOne?{=1~2~3~4} or {=5~6~7~8}\n\nE?{}\n\nN?{#3:1}\n",
+         "a.gift:2:5: a true-false question" + wanted +
+             "a.gift:4:19: a second pair of braces; a blank line must part "
+             "two questions\na.gift:6:3: an essay question" +
+             wanted + "a.gift:8:3: a numerical question" + wanted},
+        {"a.gift", "M?{=a -> b =c -> d}\n\nS?{=a =b}\n\nW?{~%50%a ~%50%b ~c ~d}\n\nP?{a ~b =c ~d ~e}\n",
+         "a.gift:1:3: a matching question" + wanted + "a.gift:3:3: a short-answer question" + wanted +
+             "a.gift:5:5: an option is right or wrong, a bank holds no weights but 100 and 0\n"
+             "a.gift:7:4: an option must begin with \"=\" or \"~\"\n"},
+        {"a.gift", "$CATEGORY: a/level 7\n[html]One?{=1~2~3~4}\nTwo?{=1~2~3~<img src\\=x>}\n",
+         "a.gift:1:20: level \"7\" is none of 1, 2, 3\n"
+         "a.gift:3:13: the HTML in \"<img src=x>\" cannot be plain text\n"},
+        {"a.gift", "$CATEGORY: A-levels\nOne?{=1~2~3~4}\n",
+         "a.gift:2:1: level is missing\na.gift: --level gives a level to questions without\n"},
         {"a.gift", "What?{=x ~y ~z ~w}\n",
          "a.gift:1:1: level is missing\na.gift: --level gives a level to questions without\n"},
         {"a.aiken", "What?\nA. x\nB. y\nANSWER: A\n",
-         "a.aiken:1:1: a question must be its text, four lines \"A. \" to "
-         "\"D. \" and a line \"ANSWER: \"\n"},
+         "a.aiken:4:1: there are 2 options above this line, four are needed\n"},
+        {"a.aiken",
+         "Q?\nA. x\nC. y\nANSWER: A\n\nANSWER: A\nQ?\nA. x\nB. y\nC. z\nD. w\nE. v\nANSWER: A\nQ?\nA. "
+         "x\nhm\nANSWER: A\nQ?",
+         "a.aiken:3:1: the option should be B\na.aiken:6:1: there is no question above this line\n"
+         "a.aiken:12:1: a question has four options, this is one more\n"
+         "a.aiken:16:1: the line is neither an option nor that of the answer\n"
+         "a.aiken:18:1: the last question has no line \"ANSWER: \"\n"},
         {"a.doc", "",
          "a.doc: the name tells no format; end it in .csv, .gift, .aiken or .txt, or give --format\n"},
     };

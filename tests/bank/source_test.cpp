@@ -16,12 +16,13 @@ TEST(Source, ComplainsAboutEveryFaultyLine)
         {9, "why: because\nA: 1\nB: 2", ":10:1: A is given twice; a blank line must part two questions"},
         {1, "level: 4", ":1:8: level \"4\" is none of 1, 2, 3"},
         {2, "topic:", ":2:7: topic is missing"},
-        {8, "right: b", ":8:8: right \"b\" is none of A, B, C, D"},
+        {8, "right: e", ":8:8: right \"E\" is none of A, B, C, D"},
         {3, "question: " + std::string(101, 'x'), ":3:11: question has 101 characters, at most 100 fit"},
         {6, "  C:  " + std::string(26, 'x'), ":6:7: option C has 26 characters, at most 25 fit"},
         {7, "D: THE  two", ":7:4: options B and D are equal"},
         {3, "question: 5  ONE?", ":1: the same question stands in data/questions-1.txt:121"},
         {9, "why: be\u2028cause", ":9:6: why holds the control character U+2028"},
+        {4, "A: on\u202Ee", ":4:4: option A holds the invisible character U+202E"},
     };
     for (const auto& [line, text, expected] : cases) {
         const Folder folder;

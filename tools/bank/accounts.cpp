@@ -10,7 +10,7 @@
 namespace bank {
 namespace {
 
-constexpr qsizetype maxLength = 15;
+constexpr qsizetype maxLength = db::schema::accountLimit;
 
 bool isBlank(QChar c)
 {
@@ -32,9 +32,15 @@ void requirePresence(Store& store, const std::string& name, bool wanted)
     const bool found = std::any_of(accounts.begin(), accounts.end(),
                                    [&](const Account& account) { return account.name == name; });
     if (found != wanted) {
-        throw Failure(QString(found ? "%1 has an account \"%2\" already" : "%1 has no account \"%2\"")
-                          .arg(store.file(), QString::fromStdString(name)));
+        throw Failure(QString(found ? "%1 has an account %2 already" : "%1 has no account %2")
+                          .arg(store.file(), quoted(QString::fromStdString(name))));
     }
+}
+
+void requireFit(const std::string& name)
+{
+    if (const QString unfit = nameFault(QString::fromStdString(name)); !unfit.isEmpty())
+        throw Failure(QString("Nothing was changed: %1").arg(unfit));
 }
 
 std::string askedPassword()
@@ -65,9 +71,8 @@ void changeAccount(Store& store, AccountChange change, const std::string& name, 
                    std::ostream& out)
 {
     const bool adds = change == AccountChange::Add;
-    const QString unfit = adds ? nameFault(QString::fromStdString(name)) : QString();
-    if (!unfit.isEmpty())
-        throw Failure(QString("No account was added: %1").arg(unfit));
+    if (adds)
+        requireFit(name);
     requirePresence(store, name, !adds);
     const Account account{name, generate ? newPassword() : askedPassword()};
     store.changing([&] {
@@ -81,6 +86,27 @@ void changeAccount(Store& store, AccountChange change, const std::string& name, 
             throw Failure("Nothing was changed: the password could not be shown");
     });
     out << (adds ? "The account was added.\n" : "The password was set.\n") << std::flush;
+}
+
+void renameAccount(Store& store, const std::string& name, const std::string& newName)
+{
+    requireFit(newName);
+    store.changing([&] {
+        requirePresence(store, name, true);
+        requirePresence(store, newName, false);
+        store.renameAccount(name, newName);
+    });
+}
+
+void removeAccount(Store& store, const std::string& name)
+{
+    store.changing([&] {
+        requirePresence(store, name, true);
+        const auto accounts = store.accounts();
+        if (std::ranges::all_of(accounts, [&](const Account& account) { return account.name == name; }))
+            throw Failure("Nothing was changed: without its last account nobody could log in");
+        store.removeAccount(name);
+    });
 }
 
 } // namespace bank

@@ -19,4 +19,9 @@ enum class AccountChange { Add, SetPassword };
 void changeAccount(Store& store, AccountChange change, const std::string& name, bool generate,
                    std::ostream& out);
 
+/// Throw Failure, and change nothing, if there is no such account, if the new name is taken or unfit, or if
+/// it is the last one that would go.
+void renameAccount(Store& store, const std::string& name, const std::string& newName);
+void removeAccount(Store& store, const std::string& name);
+
 } // namespace bank

@@ -1,5 +1,4 @@
 #include "bank/formats.h"
-#include "bank/lines.h"
 
 #include <algorithm>
 #include <optional>
@@ -23,83 +22,91 @@ std::optional<QStringView> answerIn(QStringView line)
     return line.startsWith(word) ? std::optional(line.mid(word.size())) : std::nullopt;
 }
 
-struct Block
+/// The lines of a question up to that of its answer.
+class Block
 {
-    std::vector<Line> text;
-    std::vector<std::pair<QString, Line>> options; ///< letter and text
-    int excess = 0;                                ///< lines between the options and the answer
+public:
+    void add(const Line& line, Complaints& complaints)
+    {
+        const qsizetype marker = markerIn(line.text);
+        if (marker > 0 && !text_.empty())
+            addOption(line, marker, complaints);
+        else if (options_ == 0)
+            addText(line);
+        else
+            complain(line, "the line is neither an option nor that of the answer", complaints);
+    }
+
+    /// Takes in the question whose last line, `last`, is that of the answer.
+    void finish(const Line& last, Intake& intake)
+    {
+        if (text_.empty())
+            complain(last, "there is no question above this line", intake.complaints);
+        else if (options_ < optionFields.size())
+            complain(last, QString("there are %1 options above this line, four are needed").arg(options_),
+                     intake.complaints);
+        if (!sound_)
+            return;
+        question_.text = text_.join(u' ');
+        question_.right = answerIn(last.text)->trimmed().toString();
+        question_.spot(Field::Right) = last.spot();
+        intake.accept(std::move(question_));
+    }
+
+    [[nodiscard]] bool empty() const { return text_.empty(); }
+
+private:
+    void addText(const Line& line)
+    {
+        if (text_.empty())
+            question_.place = line.place;
+        text_ << line.text;
+    }
+
+    void addOption(const Line& line, qsizetype marker, Complaints& complaints)
+    {
+        if (options_ == optionFields.size())
+            return complain(line, "a question has four options, this is one more", complaints);
+        const Field field = optionFields.at(options_++);
+        if (line.text.front() != nameOf(field).front())
+            return complain(line, QString("the option should be %1").arg(nameOf(field)), complaints);
+        QString& option = question_.at(field) = line.text.mid(marker).trimmed();
+        question_.spot(field) = line.spot();
+        question_.spot(field).column += static_cast<int>(line.text.size() - option.size());
+    }
+
+    void complain(const Line& line, const QString& reason, Complaints& complaints)
+    {
+        if (std::exchange(sound_, false))
+            complaints.add(line.place, reason);
+    }
+
+    Question question_;
+    QStringList text_;
+    std::size_t options_ = 0;
+    bool sound_ = true;
 };
-
-QString joined(const std::vector<Line>& lines)
-{
-    QStringList texts;
-    std::transform(lines.begin(), lines.end(), std::back_inserter(texts),
-                   [](const Line& line) { return line.text; });
-    return texts.join(u' ');
-}
-
-bool hasFourInOrder(const Block& block)
-{
-    return block.options.size() == optionFields.size() &&
-           std::equal(optionFields.begin(), optionFields.end(), block.options.begin(),
-                      [](Field field, const auto& option) { return nameOf(field) == option.first; });
-}
-
-/// Takes in the question whose last line, `last`, is that of the answer.
-void finish(const Block& block, const Line& last, Intake& intake)
-{
-    if (block.text.empty() || !hasFourInOrder(block) || block.excess > 0) {
-        intake.complaints.add(block.text.empty() ? last.place : block.text.front().place,
-                              "a question must be its text, four lines \"A. \" to \"D. \" and a "
-                              "line \"ANSWER: \"");
-        return;
-    }
-    Question question;
-    question.place = block.text.front().place;
-    question.text = joined(block.text);
-    question.right = answerIn(last.text)->trimmed().toString();
-    for (std::size_t i = 0; i < block.options.size(); ++i) {
-        const Line& option = block.options.at(i).second;
-        question.options.at(i) = option.text;
-        question.spot(optionFields.at(i)) = {option.place.line, option.place.column};
-    }
-    question.spot(Field::Right) = {last.place.line, last.place.column};
-    intake.accept(std::move(question));
-}
-
-void addOption(Block& block, const Line& line, qsizetype marker)
-{
-    Line option = line;
-    option.text = line.text.mid(marker).trimmed();
-    option.place.column += static_cast<int>(line.text.size() - option.text.size());
-    block.options.emplace_back(line.text.left(1), option);
-}
 
 } // namespace
 
-void readAiken(const std::filesystem::path& file, Intake& intake)
+void readAiken(const TextFile& file, Intake& intake)
 {
     if (intake.level().isEmpty()) {
-        intake.complaints.add({nameOf(file)}, "Aiken holds no levels; --level gives one");
+        intake.complaints.add({file.name}, "Aiken holds no levels; --level gives one");
         return;
     }
     Block block;
     Line last;
-    for (const Line& line : readLines(file, intake.complaints)) {
+    for (const Line& line : linesOf(file)) {
         if (line.text.isEmpty())
             continue;
         last = line;
-        const qsizetype marker = markerIn(line.text);
         if (answerIn(line.text))
-            finish(std::exchange(block, {}), line, intake);
-        else if (marker > 0 && !block.text.empty())
-            addOption(block, line, marker);
-        else if (block.options.empty())
-            block.text.push_back(line);
+            std::exchange(block, {}).finish(line, intake);
         else
-            ++block.excess;
+            block.add(line, intake.complaints);
     }
-    if (!block.text.empty())
+    if (!block.empty())
         intake.complaints.add(last.place, "the last question has no line \"ANSWER: \"");
 }
 

@@ -3,13 +3,14 @@
 #include "bank/accounts.h"
 #include "bank/near.h"
 #include "bank/rules.h"
+#include "bank/text.h"
 #include "db/failure.h"
 
 namespace bank {
 namespace {
 
 /// Whether the table is there with all its fields.
-bool hasTable(Store& store, const char* table, Complaints& complaints)
+bool hasTable(Store& store, const db::schema::Table& table, Complaints& complaints)
 {
     try {
         store.require(table);
@@ -36,7 +37,7 @@ void checkAccounts(Store& store, Complaints& complaints)
              {nameFault(name), passwordFault(QString::fromStdString(account.password))}) {
             if (!reason.isEmpty()) {
                 complaints.warn({store.file()},
-                                QString("the account \"%1\" cannot log in: %2").arg(name, reason));
+                                QString("the account %1 cannot log in: %2").arg(quoted(name), reason));
             }
         }
     }
@@ -44,22 +45,21 @@ void checkAccounts(Store& store, Complaints& complaints)
 
 } // namespace
 
-Complaints checkStore(Store& store, Progress& progress)
+Complaints checkStore(Store& store, Bank& bank, Progress& progress)
 {
     Complaints complaints;
-    Bank bank;
     const Place whole{store.file()};
     store.checkIntegrity();
-    if (hasTable(store, "users", complaints))
+    if (hasTable(store, db::schema::users, complaints))
         checkAccounts(store, complaints);
-    const bool hasPrompts = hasTable(store, "locking", complaints);
+    const bool hasPrompts = hasTable(store, db::schema::locking, complaints);
     if (hasPrompts)
         bank.prompts = store.prompts();
     for (const Prompt& prompt : bank.prompts)
         checkPrompt(prompt, complaints);
-    if (!hasTable(store, "questions", complaints))
+    if (!hasTable(store, db::schema::questions, complaints))
         return complaints;
-    bank.questions = store.questions(progress);
+    bank.questions = store.questions();
     progress.begin("Checking question", static_cast<long long>(bank.questions.size()));
     for (const Question& question : bank.questions) {
         checkQuestion(question, Texts::Played, complaints);
@@ -75,6 +75,7 @@ Complaints checkStore(Store& store, Progress& progress)
 void checkMix(const Bank& bank, const Place& source, Complaints& complaints, Progress& progress)
 {
     checkRepeats(bank, complaints);
+    checkOptionSets(bank, complaints);
     checkNearRepeats(bank, complaints, progress);
     checkBalance(bank, source, complaints);
     progress.clear();

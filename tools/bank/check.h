@@ -6,8 +6,8 @@
 namespace bank {
 
 /// Complains about everything in the database that makes a question unfair or a game impossible; warns of
-/// what an owner should know.
-[[nodiscard]] Complaints checkStore(Store& store, Progress& progress);
+/// what an owner should know. `bank` becomes what it holds.
+[[nodiscard]] Complaints checkStore(Store& store, Bank& bank, Progress& progress);
 
 /// Complains about repeats and letters that are right too often; `source` is named where the whole is at
 /// fault.

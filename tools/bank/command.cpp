@@ -1,19 +1,11 @@
 #include "bank/command.h"
 
-#include "bank/accounts.h"
-#include "bank/backup.h"
-#include "bank/check.h"
-#include "bank/create.h"
-#include "bank/export.h"
-#include "bank/import.h"
-#include "bank/lines.h"
-#include "bank/password.h"
-#include "bank/source.h"
-#include "bank/stats.h"
+#include "bank/actions.h"
+#include "bank/failure.h"
+#include "bank/text.h"
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <ostream>
 
 namespace bank {
@@ -21,185 +13,26 @@ namespace {
 
 enum Exit { Done = 0, NotDone = 1, WrongUsage = 2, Faulty = 3 };
 
-/// What the command line says, and where the answers go.
-struct Command
-{
-    std::ostream& out;
-    std::ostream& err;
-    Progress progress;
-    std::string file;
-    std::string other; ///< the file or folder besides it
-    std::string name;
-    std::string level;
-    const Format* format = nullptr;
-    ImportOptions import;
-    bool generate = false;
-    int exitCode = Done;
+using Action = void (*)(Command&);
 
-    void tell(const QStringList& lines, std::ostream& where)
-    {
-        progress.clear();
-        for (const QString& line : lines)
-            where << line.toStdString() << '\n';
-    }
-};
-
-std::string counted(std::size_t number, const char* what)
-{
-    return std::to_string(number) + ' ' + what + (number == 1 ? "" : "s");
-}
-
-void create(Command& command)
-{
-    Intake intake(Texts::Reviewed, {}, command.progress);
-    readFolder(command.other, intake);
-    checkRepeats(intake.bank, intake.complaints);
-    if (intake.complaints.empty())
-        checkEnough(intake.bank, {nameOf(command.other)}, intake.complaints);
-    intake.complaints.throwIfAny();
-    checkPrompts(intake.bank, {nameOf(command.other)}, intake.complaints);
-    command.tell(intake.complaints.warnings(), command.err);
-
-    const Account owner{"owner", newPassword()};
-    createDatabase(command.file, intake.bank, owner);
-    command.progress.clear();
-    command.out << command.file << " was created with " << intake.bank.questions.size() << " questions and "
-                << intake.bank.prompts.size() << " prompts.\n"
-                << "Log in to the administration console as \"" << owner.name << "\" with the password \""
-                << owner.password
-                << "\". It was made for this file alone and is not shown again: note it down now.\n"
-                << "To set another one: orvbank admin " << command.file << " password " << owner.name << '\n'
-                << std::flush;
-    if (!command.out) {
-        std::error_code ignored;
-        std::filesystem::remove(command.file, ignored);
-        throw Failure(QString("%1 was removed again: its password could not be shown")
-                          .arg(QString::fromStdString(command.file)));
-    }
-}
-
-/// Complains about the files that a bank is made of, or about one that is to be imported.
-Complaints checkSource(Command& command)
-{
-    std::error_code ignored;
-    const bool isFolder = std::filesystem::is_directory(command.other, ignored);
-    Intake intake(isFolder ? Texts::Reviewed : Texts::Played, QString::fromStdString(command.level),
-                  command.progress);
-    readSource(command.other, command.format, intake);
-    const Place whole{nameOf(command.other)};
-    if (isFolder) {
-        checkEnough(intake.bank, whole, intake.complaints);
-        checkPrompts(intake.bank, whole, intake.complaints);
-    }
-    checkMix(intake.bank, whole, intake.complaints, command.progress);
-    return intake.complaints;
-}
-
-void check(Command& command)
-{
-    if (command.file.empty() && command.other.empty())
-        throw CLI::RequiredError("FILE or --from");
-    Complaints found;
-    if (command.file.empty()) {
-        found = checkSource(command);
-    } else {
-        Store store(command.file);
-        found = checkStore(store, command.progress);
-    }
-    command.tell(found.lines(), command.out);
-    command.tell(found.warnings(), command.out);
-    const QString subject = QString::fromStdString(command.file.empty() ? command.other : command.file);
-    if (found.empty()) {
-        command.tell({subject + ": no faults"}, command.out);
-    } else {
-        const auto count = found.lines().size();
-        command.tell({subject + QString(": %1 %2").arg(count).arg(count == 1 ? "fault" : "faults")},
-                     command.out);
-        command.exitCode = Faulty;
-    }
-}
-
-void importSource(Command& command)
-{
-    Intake intake(Texts::Played, QString::fromStdString(command.level), command.progress);
-    command.progress.begin("Reading question");
-    readSource(command.other, command.format, intake);
-    command.tell(intake.complaints.warnings(), command.err);
-    if (intake.complaints.empty() && intake.bank.questions.empty())
-        intake.complaints.add({nameOf(command.other)}, "there are no questions in it");
-    const auto lacksLevel = [](const Question& question) { return question.level.isEmpty(); };
-    if (std::ranges::any_of(intake.bank.questions, lacksLevel))
-        intake.complaints.add({nameOf(command.other)}, "--level gives a level to questions without");
-    intake.complaints.throwIfAny();
-    Store store(command.file);
-    const std::size_t prompts = importQuestions(store, intake, command.import, command.progress);
-    command.progress.clear();
-    command.out << command.file << (command.import.dryRun ? " would take" : " has taken") << " in "
-                << counted(intake.bank.questions.size(), "question")
-                << (prompts > 0 ? " and " + counted(prompts, "prompt") : "")
-                << (command.import.replace ? " in place of those it had" : "") << ".\n";
-}
-
-void exportBank(Command& command)
-{
-    const Format& format = command.format ? *command.format : formatOf(command.other);
-    Store store(command.file);
-    store.require("questions");
-    std::vector<Question> questions = store.questions(command.progress);
-    if (!command.level.empty())
-        std::erase_if(questions, [&](const Question& q) { return q.level.toStdString() != command.level; });
-    const Exported written = exportQuestions(std::move(questions), command.other, format);
-    command.tell(written.warnings, command.err);
-    command.out << counted(written.questions, "question") << " went into " << command.other << ".\n";
-}
-
-void stats(Command& command)
-{
-    Intake topics(Texts::Played, {}, command.progress);
-    if (!command.other.empty()) {
-        readSource(command.other, command.format, topics);
-        topics.complaints.throwIfAny();
-    }
-    Store store(command.file);
-    store.require("questions");
-    const auto questions = store.questions(command.progress);
-    command.progress.clear();
-    printStats(questions, topics.bank.questions, command.out);
-}
-
-void changeAccounts(Command& command, AccountChange change)
-{
-    Store store(command.file);
-    store.require("users");
-    changeAccount(store, change, command.name, command.generate, command.out);
-}
-
-void listAccounts(Command& command)
-{
-    Store store(command.file);
-    store.require("users");
-    for (const Account& account : store.accounts())
-        command.out << account.name << '\n';
-}
-
-void backup(Command& command)
-{
-    backUp(command.file, command.other, command.progress);
-    command.progress.clear();
-    command.out << command.other << " is a sound copy of " << command.file << ".\n";
-}
-
-/// A subcommand that works on a database.
-CLI::App* add(CLI::App& app, Command& command, const char* name, const char* what, void (*work)(Command&))
+CLI::App* add(CLI::App& app, Command& command, const char* name, const char* what, Action action)
 {
     auto* const sub = app.add_subcommand(name, what);
-    sub->callback([&command, work] { work(command); });
+    sub->callback([&command, action] { action(command); });
     return sub;
 }
 
-CLI::Option* addFile(CLI::App* sub, Command& command)
+/// The same for one that works on a database.
+CLI::App* addForFile(CLI::App& app, Command& command, const char* name, const char* what, Action action)
 {
-    return sub->add_option("FILE", command.file, "The database")->required();
+    auto* const sub = add(app, command, name, what, action);
+    sub->add_option("FILE", command.file, "The database")->required();
+    return sub;
+}
+
+CLI::Option* addTarget(CLI::App* sub, Command& command, const char* what = "The file to make; must not exist")
+{
+    return sub->add_option("TARGET", command.other, what)->required();
 }
 
 void addFormat(CLI::App* sub, Command& command)
@@ -207,10 +40,11 @@ void addFormat(CLI::App* sub, Command& command)
     sub->add_option_function<std::string>(
            "--format",
            [&command](const std::string& name) {
-               command.format = formatNamed(name);
-               if (!command.format)
-                   throw CLI::ValidationError("--format",
-                                              '"' + name + "\" is none of csv, gift, aiken, text");
+               try {
+                   command.format = &formatNamed(name);
+               } catch (const Failure& failure) {
+                   throw CLI::ValidationError("--format", failure.what());
+               }
            },
            "csv, gift, aiken or text; without it the name of the file tells")
         ->option_text("FORMAT");
@@ -223,67 +57,176 @@ void addLevel(CLI::App* sub, Command& command, const char* what)
         ->option_text("1|2|3");
 }
 
-void declareAdmin(CLI::App& app, Command& command)
+void declareCreateAndCheck(CLI::App& app, Command& command)
 {
-    auto* const admin = app.add_subcommand("admin", "Look after the accounts of the administration console");
-    addFile(admin, command);
-    admin->require_subcommand(1);
-    const auto declare = [&](const char* name, const char* what, AccountChange change) {
-        auto* const sub = admin->add_subcommand(name, what);
-        sub->add_option("NAME", command.name, "The account; at most 15 characters, no blank")->required();
-        sub->add_flag("--generate", command.generate,
-                      "Make a password and show it once, instead of asking for one");
-        sub->callback([&command, change] { changeAccounts(command, change); });
-    };
-    declare("add", "Add an account", AccountChange::Add);
-    declare("password", "Set the password of an account", AccountChange::SetPassword);
-    add(*admin, command, "list", "Print the names of the accounts", listAccounts);
-}
-
-void declare(CLI::App& app, Command& command)
-{
-    auto* sub = add(app, command, "create", "Make a new quiz database out of text files", create);
+    auto* sub = add(app, command, "create", "Make a new quiz database", actions::create);
     sub->add_option("FILE", command.file, "The database to make, for the game always orv.orv; must not exist")
         ->required();
-    sub->add_option("--from", command.other,
-                    "Folder with questions-*.txt and prompts.txt; its README.md describes their form")
-        ->required()
-        ->option_text("DATADIR REQUIRED");
+    sub->add_option(
+           "--from", command.other,
+           "A folder with questions-*.txt and prompts.txt, whose README.md describes their form, or a file "
+           "to import; without it the database is empty")
+        ->option_text("SOURCE");
+    addFormat(sub, command);
+    addLevel(sub, command, "Level of questions whose source gives none");
 
-    sub =
-        add(app, command, "check", "Find faults in a database, or in files to make or fill one with", check);
+    sub = add(app, command, "check", "Find faults in a database, or in files to make or fill one with",
+              [](Command& given) {
+                  if (given.file.empty() && given.other.empty())
+                      throw CLI::RequiredError("FILE or --from");
+                  actions::check(given);
+              });
     auto* const file = sub->add_option("FILE", command.file, "The database");
-    sub->add_option("--from", command.other, "Instead: a folder of text files, or a file to import")
+    sub->add_option("--from", command.other,
+                    "Instead: a folder of text files, or a file to import (\"-\" is standard input)")
         ->option_text("SOURCE")
         ->excludes(file);
     addFormat(sub, command);
     addLevel(sub, command, "Level of questions whose source gives none");
+}
 
-    sub = add(app, command, "import", "Put questions into a database, all of them or none", importSource);
-    addFile(sub, command);
-    sub->add_option("SOURCE", command.other, "A file of questions, or a folder of text files")->required();
+void declareExchange(CLI::App& app, Command& command)
+{
+    auto* sub = addForFile(app, command, "import", "Put questions into a database, all of them or none",
+                           actions::importSource);
+    sub->add_option("SOURCE", command.other,
+                    "A file of questions (\"-\" is standard input), or a folder of text files")
+        ->required();
     addFormat(sub, command);
     addLevel(sub, command, "Level of questions whose source gives none");
-    sub->add_flag("--replace", command.import.replace, "Remove the questions that are there; accounts stay");
+    auto* const replace = sub->add_flag("--replace", command.import.replace,
+                                        "Remove the questions that are there; accounts stay");
+    auto* const update =
+        sub->add_flag("--update", command.import.update,
+                      "Change the questions that are there with the same text; tallies stay");
+    auto* const skip = sub->add_flag("--skip-known", command.import.skipKnown, "Leave them as they are");
+    update->excludes(replace);
+    skip->excludes(replace)->excludes(update);
+    sub->add_flag("--skip-unfit", command.import.skipUnfit, "Leave out what breaks a rule, and tell so");
+    sub->add_flag("--shuffle", command.import.shuffle,
+                  "Put the options of new questions in random order, unless they are numbers");
     sub->add_flag("--dry-run", command.import.dryRun, "Only tell what would be done");
 
-    sub = add(app, command, "export", "Write the questions of a database to a new file", exportBank);
-    addFile(sub, command);
-    sub->add_option("TARGET", command.other, "The file to make; must not exist")->required();
+    sub = addForFile(app, command, "export", "Write the questions of a database to a new file",
+                     actions::exportBank);
+    addTarget(sub, command, "The file to make; must not exist (\"-\" is standard output)");
     addFormat(sub, command);
     addLevel(sub, command, "Only the questions of this level");
 
-    sub = add(app, command, "stats", "Print how many questions there are and how they were answered", stats);
-    addFile(sub, command);
+    auto* const prompts =
+        app.add_subcommand("prompts", "Look after what the host says before an answer is locked");
+    prompts->add_option("FILE", command.file, "The database")->required();
+    prompts->require_subcommand(1);
+    sub = add(*prompts, command, "import", "Add prompts, one a line", actions::importPromptFile);
+    sub->add_option("SOURCE", command.other, "The file (\"-\" is standard input)")->required();
+    sub->add_flag("--replace", command.import.replace, "Remove the prompts that are there");
+    sub = add(*prompts, command, "export", "Write the prompts, one a line", actions::exportPrompts);
+    addTarget(sub, command, "The file to make; must not exist (\"-\" is standard output)");
+}
+
+void declareRows(CLI::App& app, Command& command)
+{
+    auto* sub =
+        addForFile(app, command, "list", "Print number, level, right letter and text of the questions",
+                   actions::listOrSearch);
+    addLevel(sub, command, "Only the questions of this level");
+    sub = addForFile(app, command, "search",
+                     "List the questions that hold all of some words, also in their options",
+                     actions::listOrSearch);
+    sub->add_option("WORDS", command.words, "The words; neither case nor accents count")->required();
+    addLevel(sub, command, "Only the questions of this level");
+    const auto addNumber = [&] {
+        sub->add_option("NUMBER", command.number, "Number of the question, as list prints it")->required();
+    };
+    sub = addForFile(app, command, "show", "Print all of a question", actions::show);
+    addNumber();
+    sub = addForFile(app, command, "set", "Change texts of a question", actions::set);
+    addNumber();
+    sub->add_option("FIELD=TEXT", command.words, "What to set: level, question, A, B, C, D, right")
+        ->required();
+    sub = addForFile(app, command, "delete", "Delete a question", actions::remove);
+    addNumber();
+    sub->add_flag("--yes", command.yes, "Do so; without it the question is only named");
+}
+
+void declareUse(CLI::App& app, Command& command)
+{
+    auto* sub = addForFile(app, command, "stats",
+                           "Print how many questions there are and how they were answered", actions::stats);
     sub->add_option("--from", command.other, "Source that knows the topics of the questions")
         ->option_text("SOURCE");
     addFormat(sub, command);
+    const auto addOrder = [&](const char* name, StatsOrder order, const char* what) {
+        return sub->add_flag_callback(
+            name, [&command, order] { command.order = order; }, what);
+    };
+    addOrder("--hardest", StatsOrder::HardestFirst, "Those first that were answered wrong most often")
+        ->excludes(addOrder("--easiest", StatsOrder::EasiestFirst,
+                            "Those first that were answered right most often"));
+    sub->add_flag("--csv", command.asCsv, "Print the played questions as a table for spreadsheets");
+    sub->add_flag("--reset", command.reset, "Instead: forget how the questions were answered");
 
-    declareAdmin(app, command);
+    sub = addForFile(app, command, "sheet", "Make a PDF file of a quiz to print, with the answers behind it",
+                     actions::sheet);
+    addTarget(sub, command);
+    sub->add_option("--count", command.perLevel, "Questions of each level, drawn at random")
+        ->check(CLI::Range(1, 1000))
+        ->capture_default_str();
+}
 
-    sub = add(app, command, "backup", "Copy a database, also while the game has it open", backup);
-    addFile(sub, command);
-    sub->add_option("TARGET", command.other, "The file to make; must not exist")->required();
+void declareCare(CLI::App& app, Command& command)
+{
+    auto* const admin = app.add_subcommand("admin", "Look after the accounts of the administration console");
+    admin->add_option("FILE", command.file, "The database")->required();
+    admin->require_subcommand(1);
+    const auto declare = [&](const char* name, const char* what, Action action) {
+        auto* const sub = add(*admin, command, name, what, action);
+        sub->add_option("NAME", command.name, "The account; at most 15 characters, no blank")->required();
+        return sub;
+    };
+    for (auto* const sub : {declare("add", "Add an account", actions::addAccount),
+                            declare("password", "Set the password of an account", actions::setPassword)})
+        sub->add_flag("--generate", command.generate,
+                      "Make a password and show it once, instead of asking for one");
+    declare("rename", "Give an account another name", actions::renameAccount)
+        ->add_option("NEWNAME", command.newName, "At most 15 characters, no blank")
+        ->required();
+    declare("remove", "Remove an account, but never the last", actions::removeAccount);
+    add(*admin, command, "list", "Print the names of the accounts", actions::listAccounts);
+
+    auto* sub = addForFile(app, command, "backup", "Copy a database, also while the game has it open",
+                           actions::backup);
+    addTarget(sub, command);
+    sub->add_flag("--for-others", command.forOthers,
+                  "Leave out the accounts, and how the questions were answered");
+    sub = addForFile(app, command, "restore",
+                     "Put a backup in place of a database, which is kept under another name",
+                     actions::restoreBackup);
+    sub->add_option("BACKUP", command.other, "The copy that backup made")->required();
+}
+
+/// What to say of a word that should be a subcommand and is none, or "".
+std::string unknownSubcommand(CLI::App& app, int argc, const char* const* argv)
+{
+    const CLI::App* parent = &app;
+    int at = 1;
+    if (argc > 3 && (argv[1] == std::string("admin") || argv[1] == std::string("prompts"))) {
+        parent = app.get_subcommand(argv[1]);
+        at = 3;
+    }
+    if (at >= argc || argv[at][0] == '-')
+        return {};
+    const QString word = QString::fromUtf8(argv[at]);
+    QStringList names;
+    for (const CLI::App* const sub : parent->get_subcommands([](const CLI::App*) { return true; }))
+        names << QString::fromStdString(sub->get_name());
+    if (names.contains(word))
+        return {};
+    const QString meant = nearestName(word, names);
+    return (quoted(word) + " is no subcommand of " + QString::fromStdString(parent->get_name()) +
+            "; there are " + names.join(", ") +
+            (meant.isEmpty() ? QString() : ". Did you mean " + meant + '?'))
+        .toStdString();
 }
 
 } // namespace
@@ -292,18 +235,29 @@ int run(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
 {
     CLI::App app("Looks after the question bank of Orvanta.", "orvbank");
     app.require_subcommand(1);
+    app.set_version_flag("--version", "orvbank " ORVANTA_VERSION);
     app.footer(
         "Exit code: 0 done, 1 not done because of what was told, 2 wrong usage, 3 check found faults.");
-    Command command{out, err, Progress(terminal), {}, {}, {}, {}, nullptr, {}, false, Done};
-    declare(app, command);
+    Command command(out, err, terminal);
+    declareCreateAndCheck(app, command);
+    declareExchange(app, command);
+    declareRows(app, command);
+    declareUse(app, command);
+    declareCare(app, command);
     try {
         app.parse(argc, argv);
-        return command.exitCode;
+        command.progress.clear();
+        if (!out.flush())
+            throw Failure("The answer cannot be written, perhaps because the disk is full");
+        return command.foundFaults ? Faulty : Done;
     } catch (const CLI::ParseError& error) {
-        return app.exit(error, out, err) == 0 ? Done : WrongUsage;
+        const std::string unknown = error.get_exit_code() == 0 ? "" : unknownSubcommand(app, argc, argv);
+        if (!unknown.empty())
+            err << unknown << '\n';
+        return !unknown.empty() || app.exit(error, out, err) != 0 ? WrongUsage : Done;
     } catch (const std::exception& error) {
         command.progress.clear();
-        err << error.what() << '\n';
+        err << shownLines(QString::fromUtf8(error.what())).toStdString() << '\n';
         return NotDone;
     }
 }

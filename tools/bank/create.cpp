@@ -1,67 +1,62 @@
 #include "bank/create.h"
 
 #include "bank/failure.h"
+#include "bank/lines.h"
 #include "bank/new_file.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
-#include <SQLiteCpp/VariadicBind.h>
 
 namespace bank {
 namespace {
 
-// The journal mode is named because some builds of SQLite start with another one, and a database
-// that is to be copied as one file must not keep part of its content in a second.
-constexpr auto schema = R"(
-PRAGMA journal_mode = DELETE;
-CREATE TABLE questions (
-    question_id INTEGER PRIMARY KEY,
-    question TEXT,
-    answer1 TEXT,
-    answer2 TEXT,
-    answer3 TEXT,
-    answer4 TEXT,
-    correct_answer TEXT,
-    Level TEXT,
-    a INTEGER DEFAULT 1,
-    b INTEGER DEFAULT 1,
-    c INTEGER DEFAULT 1,
-    d INTEGER DEFAULT 1
-);
-CREATE INDEX questions_by_level ON questions (Level);
-CREATE TABLE users (username TEXT, password TEXT);
-CREATE TABLE locking (message TEXT);
-)";
+namespace schema = db::schema;
 
-void fill(SQLite::Database& database, const Bank& bank, const Account& account)
+std::string creation(const schema::Table& table)
 {
-    Insertion questions(SQLite::Statement(database, sql::insertQuestion));
-    for (const Question& question : bank.questions)
-        questions.add(question);
-    SQLite::Statement prompts(database, sql::insertPrompt);
-    for (const Prompt& prompt : bank.prompts) {
-        SQLite::bind(prompts, prompt.message.toStdString());
-        prompts.exec();
-        prompts.reset();
+    std::string fields;
+    for (const std::string_view field : table.fields) {
+        const bool isTally = std::ranges::count(schema::tallies, field) > 0;
+        fields += fields.empty() ? "" : ", ";
+        fields += field;
+        fields += field == schema::questionId ? " INTEGER PRIMARY KEY"
+                  : isTally                   ? " INTEGER DEFAULT 1"
+                                              : " TEXT";
     }
-    SQLite::Statement user(database, sql::insertAccount);
-    SQLite::bind(user, account.name, account.password);
-    user.exec();
+    return std::string("CREATE TABLE ") + table.name + " (" + fields + ");";
+}
+
+void makeTables(const std::filesystem::path& file)
+{
+    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE);
+    // The journal mode is named because some builds of SQLite start with another one, and a database
+    // that is to be copied as one file must not keep part of its content in a second.
+    std::string sql = "PRAGMA journal_mode = DELETE;";
+    for (const schema::Table& table : schema::tables)
+        sql += creation(table);
+    database.exec(sql + "CREATE INDEX questions_by_level ON " + schema::questions.name + " (" +
+                  schema::level + ")");
 }
 
 } // namespace
 
-void createDatabase(const std::filesystem::path& file, const Bank& bank, const Account& account)
+void createDatabase(const std::filesystem::path& file, const Bank& bank,
+                    const std::optional<Account>& account, Progress& progress)
 {
     NewFile newFile(file);
+    const QString temporary = nameOf(std::filesystem::absolute(newFile.temporary()));
     try {
-        SQLite::Database database(newFile.temporary().string(), SQLite::OPEN_READWRITE);
-        database.exec(schema);
-        SQLite::Transaction transaction(database);
-        fill(database, bank, account);
-        transaction.commit();
+        makeTables(newFile.temporary());
+        Store store(newFile.temporary(), progress);
+        store.changing([&] {
+            store.addQuestions(bank.questions);
+            store.addPrompts(bank.prompts);
+            if (account)
+                store.addAccount(*account);
+        });
+    } catch (const db::Failure& failure) {
+        throw Failure(failure.message().replace(temporary, nameOf(file)));
     } catch (const SQLite::Exception& error) {
-        throw Failure(QString("%1 cannot be written: %2")
-                          .arg(QString::fromStdString(file.string()), QString::fromUtf8(error.what())));
+        throw Failure(QString("%1 cannot be written: %2").arg(nameOf(file), QString::fromUtf8(error.what())));
     }
     newFile.publish();
 }

@@ -2,10 +2,13 @@
 
 #include "bank/store.h"
 
+#include <optional>
+
 namespace bank {
 
-/// Makes the quiz database `file` (SQLite 3) out of a bank that obeys the rules, with one account.
+/// Makes the quiz database `file` (SQLite 3) out of a bank that obeys the rules, with at most one account.
 /// Throws Failure, and leaves nothing behind, if the file exists already or cannot be written.
-void createDatabase(const std::filesystem::path& file, const Bank& bank, const Account& account);
+void createDatabase(const std::filesystem::path& file, const Bank& bank,
+                    const std::optional<Account>& account, Progress& progress);
 
 } // namespace bank

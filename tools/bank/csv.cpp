@@ -1,10 +1,11 @@
 #include "bank/formats.h"
-#include "bank/lines.h"
 #include "bank/text.h"
 
-#include <QHash>
+#include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace bank {
 namespace {
@@ -13,156 +14,171 @@ namespace {
 struct Cell
 {
     QString text;
-    int line = 0;
-    qsizetype offset = 0;    ///< where it begins in the file,
-    qsizetype lineStart = 0; ///< and where its line does
+    Spot spot;
 };
+
+using Record = std::vector<Cell>;
+
+bool isBlank(const Record& record)
+{
+    return std::all_of(record.begin(), record.end(), [](const Cell& cell) { return cell.text.isEmpty(); });
+}
 
 /// Takes a CSV text apart, record by record. Lines end in LF, CR LF or CR.
-class CsvRecords
+class Records
 {
 public:
-    /// `content` must outlive this object. Complaints name `file`.
-    CsvRecords(const QString& content, QChar separator, QString file);
+    /// `file` must outlive this object.
+    Records(const TextFile& file, QChar separator)
+        : file_(file), content_(file.content), separator_(separator)
+    {
+    }
 
     /// The next record, until there is none.
-    [[nodiscard]] bool next(std::vector<Cell>& record, Complaints& complaints);
+    [[nodiscard]] bool next(Record& record, Complaints& complaints)
+    {
+        record.clear();
+        if (at_ >= content_.size())
+            return false;
+        record.push_back(cell(complaints));
+        while (at_ < content_.size() && content_[at_] == separator_) {
+            step();
+            record.push_back(cell(complaints));
+        }
+        if (at_ < content_.size())
+            step();
+        return true;
+    }
 
-    [[nodiscard]] Place placeOf(const Cell& cell) const;
+    /// The first record with a text in it. Above it spreadsheets name their separator, and owners leave
+    /// space.
+    [[nodiscard]] bool header(Record& record, Complaints& complaints)
+    {
+        while (next(record, complaints))
+            if (!isBlank(record) &&
+                !(record.front().spot.line == 1 && record.front().text.startsWith("sep=")))
+                return true;
+        return false;
+    }
+
+    [[nodiscard]] Place placeOf(const Cell& cell) const
+    {
+        return {file_.name, cell.spot.line, cell.spot.column};
+    }
 
 private:
-    [[nodiscard]] Cell cell(Complaints& complaints);
-    [[nodiscard]] QString quoted(const Cell& cell, Complaints& complaints);
-    [[nodiscard]] QStringView unquoted();
-    [[nodiscard]] bool atCellEnd() const;
-    void endLine();
-
-    const QString& content_;
-    QChar separator_;
-    QString file_;
-    qsizetype at_ = 0;
-    qsizetype lineStart_ = 0;
-    int line_ = 1;
-};
-
-CsvRecords::CsvRecords(const QString& content, QChar separator, QString file)
-    : content_(content), separator_(separator), file_(std::move(file))
-{
-}
-
-bool CsvRecords::next(std::vector<Cell>& record, Complaints& complaints)
-{
-    record.clear();
-    if (at_ >= content_.size())
-        return false;
-    record.push_back(cell(complaints));
-    while (at_ < content_.size() && content_[at_] == separator_) {
-        ++at_;
-        record.push_back(cell(complaints));
+    Cell cell(Complaints& complaints)
+    {
+        Cell cell{{}, spot_};
+        const bool isQuoted = at_ < content_.size() && content_[at_] == u'"';
+        cell.text = isQuoted ? quotedText(cell, complaints).trimmed() : unquotedText().trimmed().toString();
+        return cell;
     }
-    if (at_ < content_.size())
-        endLine();
-    return true;
-}
 
-Place CsvRecords::placeOf(const Cell& cell) const
-{
-    const auto before = QStringView(content_).mid(cell.lineStart, cell.offset - cell.lineStart);
-    return {file_, cell.line, static_cast<int>(length(before)) + 1};
-}
-
-Cell CsvRecords::cell(Complaints& complaints)
-{
-    Cell cell{{}, line_, at_, lineStart_};
-    const bool isQuoted = at_ < content_.size() && content_[at_] == u'"';
-    cell.text = isQuoted ? quoted(cell, complaints).trimmed() : unquoted().trimmed().toString();
-    return cell;
-}
-
-QString CsvRecords::quoted(const Cell& cell, Complaints& complaints)
-{
-    QString text;
-    for (++at_; at_ < content_.size(); ++at_) {
-        const QChar c = content_[at_];
-        if (c == u'"') {
-            ++at_;
-            if (at_ == content_.size() || content_[at_] != u'"') {
-                if (!atCellEnd()) {
-                    complaints.add(placeOf(cell), "the text goes on behind its closing quotation mark; a "
-                                                  "quotation mark inside a text must be doubled");
-                    text += unquoted();
+    QString quotedText(const Cell& cell, Complaints& complaints)
+    {
+        QString text;
+        step();
+        while (at_ < content_.size()) {
+            if (content_[at_] == u'"') {
+                step();
+                if (at_ == content_.size() || content_[at_] != u'"') {
+                    if (!atCellEnd()) {
+                        complaints.add(placeOf(cell), "the text goes on behind its closing quotation mark; a "
+                                                      "quotation mark inside a text must be doubled");
+                        text += unquotedText();
+                    }
+                    return text;
                 }
-                return text;
             }
-        } else if (c == u'\n') {
-            ++line_;
-            lineStart_ = at_ + 1;
+            text += content_[at_];
+            step();
         }
-        text += c;
+        complaints.add(placeOf(cell), "the quotation mark that opens here is never closed");
+        return text;
     }
-    complaints.add(placeOf(cell), "the quotation mark that opens here is never closed");
-    return text;
-}
 
-QStringView CsvRecords::unquoted()
-{
-    const qsizetype start = at_;
-    while (!atCellEnd())
-        ++at_;
-    return QStringView(content_).mid(start, at_ - start);
-}
+    QStringView unquotedText()
+    {
+        const qsizetype start = at_;
+        while (!atCellEnd())
+            step();
+        return QStringView(content_).mid(start, at_ - start);
+    }
 
-bool CsvRecords::atCellEnd() const
-{
-    return at_ >= content_.size() || content_[at_] == separator_ || content_[at_] == u'\n' ||
-           content_[at_] == u'\r';
-}
+    [[nodiscard]] bool atCellEnd() const
+    {
+        return at_ >= content_.size() || content_[at_] == separator_ || content_[at_] == u'\n' ||
+               content_[at_] == u'\r';
+    }
 
-void CsvRecords::endLine()
-{
-    const bool isPair = content_[at_] == u'\r' && at_ + 1 < content_.size() && content_[at_ + 1] == u'\n';
-    at_ += isPair ? 2 : 1;
-    lineStart_ = at_;
-    ++line_;
-}
+    /// Goes past one code unit, or past the end of a line.
+    void step()
+    {
+        const QChar c = content_[at_++];
+        if (c == u'\r' && at_ < content_.size() && content_[at_] == u'\n')
+            ++at_;
+        if (c == u'\r' || c == u'\n')
+            spot_ = {spot_.line + 1, 1};
+        else
+            spot_.column += c.isLowSurrogate() ? 0 : 1;
+    }
+
+    const TextFile& file_;
+    QStringView content_;
+    QChar separator_;
+    qsizetype at_ = 0;
+    Spot spot_{1, 1};
+};
 
 // What a column holds: a field of a question by its number, or one of these.
 constexpr int unused = -1;
-constexpr int firstTally = 10;
-constexpr int key = 9;
-
-struct Name
-{
-    const char* name;
-    int column;
-};
+constexpr int answer = 9; ///< text or letter of the right option, whatever the row has
+constexpr int key = 10;   ///< its text
+constexpr int firstTally = 11;
 
 constexpr int number(Field field)
 {
     return static_cast<int>(field);
 }
 
-/// Names of columns in lower case: our own, and those of the database.
-constexpr Name columnNames[] = {
-    {"level", number(Field::Level)}, {"topic", number(Field::Topic)}, {"question", number(Field::Question)},
-    {"a", number(Field::A)},         {"b", number(Field::B)},         {"c", number(Field::C)},
-    {"d", number(Field::D)},         {"answer1", number(Field::A)},   {"answer2", number(Field::B)},
-    {"answer3", number(Field::C)},   {"answer4", number(Field::D)},   {"right", number(Field::Right)},
-    {"correct_answer", key},         {"why", number(Field::Why)},     {"tally a", firstTally},
-    {"tally b", firstTally + 1},     {"tally c", firstTally + 2},     {"tally d", firstTally + 3},
+/// Names of columns in lower case: our own, those of the database, and those that other programs give.
+constexpr std::pair<const char*, int> columnNames[] = {
+    {"level", number(Field::Level)},
+    {"difficulty", number(Field::Level)},
+    {"topic", number(Field::Topic)},
+    {"category", number(Field::Topic)},
+    {"question", number(Field::Question)},
+    {"question text", number(Field::Question)},
+    {"right", number(Field::Right)},
+    {"correct_answer", key},
+    {"correct answer", answer},
+    {"correct option", answer},
+    {"correct", answer},
+    {"right answer", answer},
+    {"answer", answer},
+    {"why", number(Field::Why)},
+    {"explanation", number(Field::Why)},
 };
 
 int columnOf(const QString& name)
 {
-    const auto* const found =
-        std::find_if(std::begin(columnNames), std::end(columnNames), [&](const Name& known) {
-            return name.compare(QString(known.name), Qt::CaseInsensitive) == 0;
-        });
-    return found == std::end(columnNames) ? unused : found->column;
+    static const QRegularExpression option("^(tally |(?:option|answer|choice)[ _]?)?([a-d]|[1-4])$");
+    const QString lower = name.simplified().toLower();
+    const auto* const found = std::find_if(std::begin(columnNames), std::end(columnNames),
+                                           [&](const auto& known) { return lower == QString(known.first); });
+    if (found != std::end(columnNames))
+        return found->second;
+    const auto match = option.match(lower);
+    if (!match.hasMatch() || (match.captured(1).isEmpty() && lower.front().isDigit()))
+        return unused;
+    const int letter = match.captured(2).front().unicode();
+    const int index = letter - (letter >= 'a' ? 'a' : '1');
+    return index + (match.captured(1).startsWith("tally") ? firstTally : number(Field::A));
 }
 
 /// What each column of the file holds.
-std::vector<int> columnsOf(const std::vector<Cell>& header)
+std::vector<int> columnsOf(const Record& header)
 {
     // In a table that was taken out of a database as it is, a to d are the tallies.
     const bool fromDatabase = std::any_of(header.begin(), header.end(), [](const Cell& cell) {
@@ -177,39 +193,67 @@ std::vector<int> columnsOf(const std::vector<Cell>& header)
     return columns;
 }
 
-/// The separator with which the first record names the most columns.
-QChar separatorOf(const QString& content)
+std::ptrdiff_t knownColumns(const TextFile& file, QChar separator)
+{
+    Complaints ignored;
+    Record header;
+    if (!Records(file, separator).header(header, ignored))
+        return 0;
+    const auto columns = columnsOf(header);
+    return std::count_if(columns.begin(), columns.end(), [](int column) { return column != unused; });
+}
+
+/// The separator with which the header names the most columns.
+QChar separatorOf(const TextFile& file)
 {
     const QChar candidates[] = {u',', u';', u'\t'};
-    const auto known = [&](QChar separator) {
-        Complaints ignored;
-        std::vector<Cell> header;
-        (void)CsvRecords(content, separator, {}).next(header, ignored);
-        const auto columns = columnsOf(header);
-        return std::count_if(columns.begin(), columns.end(), [](int column) { return column != unused; });
-    };
     return *std::max_element(std::begin(candidates), std::end(candidates),
-                             [&](QChar a, QChar b) { return known(a) < known(b); });
+                             [&](QChar a, QChar b) { return knownColumns(file, a) < knownColumns(file, b); });
+}
+
+/// "2" for "Level 2" and "medium".
+QString levelOf(const QString& text)
+{
+    if (isLevel(text))
+        return text;
+    constexpr std::array words = {"easy", "medium", "hard"};
+    const QString lower = text.toLower();
+    for (std::size_t i = 0; i < words.size(); ++i)
+        if (lower == QString(words.at(i)))
+            return QString::number(i + 1);
+    return lower.startsWith("level ") ? text.mid(6).trimmed() : text;
+}
+
+/// The letter that is meant by "b" or "2", "" if the text is no such thing.
+QString letterOf(const QString& text)
+{
+    const auto at = text.size() == 1 ? QStringView(u"ABCD1234").indexOf(text.front().toUpper()) : -1;
+    return at < 0 ? QString() : nameOf(optionFields.at(static_cast<std::size_t>(at) % 4));
 }
 
 class CsvSource
 {
 public:
-    CsvSource(const QString& content, const QString& file, Intake& intake)
-        : records_(content, separatorOf(content), file), file_(file), intake_(intake)
+    CsvSource(const TextFile& file, Intake& intake)
+        : records_(file, separatorOf(file)), file_(file.name), intake_(intake)
     {
     }
 
     void read()
     {
-        std::vector<Cell> cells;
-        if (!records_.next(header_, intake_.complaints) || !readHeader())
+        Record cells;
+        if (!records_.header(header_, intake_.complaints)) {
+            intake_.complaints.add({file_}, "the file is empty");
             return;
+        }
+        if (!readHeader())
+            return;
+        auto faults = intake_.complaints.lines().size();
         while (records_.next(cells, intake_.complaints)) {
-            const bool blank =
-                std::all_of(cells.begin(), cells.end(), [](const Cell& cell) { return cell.text.isEmpty(); });
-            if (!blank && hasAllCells(cells))
+            const bool isWhole = intake_.complaints.lines().size() == faults;
+            if (isWhole && !isBlank(cells) && fits(cells))
                 readQuestion(cells);
+            faults = intake_.complaints.lines().size();
         }
     }
 
@@ -217,94 +261,127 @@ private:
     /// Whether the columns are such that the rows can be read.
     bool readHeader()
     {
+        const auto faults = intake_.complaints.lines().size();
         columns_ = columnsOf(header_);
-        QHash<int, int> seen;
+        QSet<int> seen;
         for (std::size_t i = 0; i < columns_.size(); ++i) {
-            const Place place = records_.placeOf(header_[i]);
+            const QString name = quoted(header_[i].text);
             if (columns_[i] == unused) {
-                if (!header_[i].text.isEmpty()) {
-                    intake_.complaints.warn(place,
-                                            QString("the column \"%1\" is not used").arg(header_[i].text));
-                }
-            } else if (++seen[columns_[i]] > 1) {
-                intake_.complaints.add(place,
-                                       QString("there is a second column \"%1\"").arg(header_[i].text));
+                if (!header_[i].text.isEmpty())
+                    intake_.complaints.warn(records_.placeOf(header_[i]),
+                                            QString("the column %1 is not used").arg(name));
+            } else if (seen.contains(columns_[i])) {
+                intake_.complaints.add(records_.placeOf(header_[i]),
+                                       QString("there is a second column %1").arg(name));
             }
+            seen.insert(columns_[i]);
         }
         QStringList missing;
         for (const Field field : {Field::Question, Field::A, Field::B, Field::C, Field::D})
             if (!seen.contains(number(field)))
                 missing << nameOf(field);
-        if (!seen.contains(number(Field::Right)) && !seen.contains(key))
+        if (!seen.contains(number(Field::Right)) && !seen.contains(key) && !seen.contains(answer))
             missing << "right";
         if (!seen.contains(number(Field::Level)) && intake_.level().isEmpty())
             missing << "level (or give --level)";
         if (!missing.empty()) {
             intake_.complaints.add(
-                {file_, 1},
+                {file_, header_.front().spot.line},
                 QString("the first row must name the columns; missing: %1").arg(missing.join(", ")));
         }
-        return intake_.complaints.empty();
+        return intake_.complaints.lines().size() == faults;
     }
 
-    bool hasAllCells(const std::vector<Cell>& cells)
+    /// Whether there is no text beyond the columns. Spreadsheets leave out empty cells at the end of a row.
+    bool fits(Record& cells)
     {
-        const auto isText = [](const Cell& cell) { return !cell.text.isEmpty(); };
-        const auto wanted = static_cast<std::ptrdiff_t>(columns_.size());
-        const bool fits =
-            cells.size() >= columns_.size() && std::none_of(cells.begin() + wanted, cells.end(), isText);
-        if (!fits) {
-            intake_.complaints.add(
-                records_.placeOf(cells.front()),
-                QString("the row has %1 cells, the first row has %2; a text with a separator in it must "
-                        "stand in quotation marks")
-                    .arg(cells.size())
-                    .arg(columns_.size()));
-        }
-        return fits;
+        const std::size_t count = cells.size();
+        cells.resize(std::max(count, columns_.size()), {{}, cells.front().spot});
+        const auto columns = static_cast<std::ptrdiff_t>(columns_.size());
+        if (isBlank({cells.begin() + columns, cells.end()}))
+            return true;
+        intake_.complaints.add(
+            records_.placeOf(cells.front()),
+            QString("the row has %1 cells, the first row has %2; a text with a separator in it must "
+                    "stand in quotation marks")
+                .arg(count)
+                .arg(columns_.size()));
+        return false;
     }
 
     void readTally(const Cell& cell, qint64& tally)
     {
         bool isNumber = true;
         const qint64 value = cell.text.isEmpty() ? 1 : cell.text.toLongLong(&isNumber);
-        if (!isNumber || value < 0) {
-            intake_.complaints.add(records_.placeOf(cell),
-                                   QString("the tally \"%1\" is no whole number").arg(cell.text));
-        } else {
+        if (isNumber && isCount(value))
             tally = value;
-        }
+        else
+            intake_.complaints.add(records_.placeOf(cell),
+                                   QString("the tally %1 is no whole number from 0 to %2")
+                                       .arg(quoted(cell.text))
+                                       .arg(mostChosen));
     }
 
-    void readQuestion(const std::vector<Cell>& cells)
+    void readRight(const Cell& cell, int column, Question& question)
+    {
+        const QString letter = letterOf(cell.text);
+        const bool isLetter = !letter.isEmpty() && cell.text.front().isLetter();
+        if (column == number(Field::Right) && isLetter) {
+            question.right = letter;
+            return;
+        }
+        question.key = cell.text;
+        question.findRight();
+        if (column == answer && isLetter && !question.right.isEmpty() && question.right != letter) {
+            intake_.complaints.add(records_.placeOf(cell),
+                                   QString("%1 may be the letter or the text of the right option; call the "
+                                           "column \"right\" or \"correct_answer\"")
+                                       .arg(quoted(cell.text)));
+        }
+        if (column != key && question.right.isEmpty())
+            question.right = letter.isEmpty() && cell.text.size() == 1 ? cell.text : letter;
+    }
+
+    void readQuestion(const Record& cells)
     {
         Question question;
-        question.place = {file_, cells.front().line};
+        question.place = {file_, cells.front().spot.line};
+        const Cell* right = nullptr;
+        int rightColumn = unused;
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             const int column = columns_[i];
-            if (column >= firstTally)
+            if (column >= firstTally) {
                 readTally(cells[i], question.tallies.at(static_cast<std::size_t>(column - firstTally)));
-            else if (column == key)
-                question.key = cells[i].text;
-            else if (column != unused)
+            } else if (column == number(Field::Right) || column == key || column == answer) {
+                // A letter goes before a text.
+                if (!right || right->text.isEmpty() || (column < rightColumn && !cells[i].text.isEmpty())) {
+                    right = &cells[i];
+                    rightColumn = column;
+                }
+            } else if (column != unused) {
                 question.at(static_cast<Field>(column)) = cells[i].text;
-            if (column >= 0 && column <= key) {
-                const Place place = records_.placeOf(cells[i]);
-                question.spot(column == key ? Field::Right : static_cast<Field>(column)) = {place.line,
-                                                                                            place.column};
+                question.spot(static_cast<Field>(column)) = cells[i].spot;
             }
         }
-        if (question.right.isEmpty() && !question.key.isEmpty())
-            question.findRight();
+        question.level = levelOf(question.level);
+        question.spot(Field::Right) = right->spot;
+        readRight(*right, rightColumn, question);
         intake_.accept(std::move(question));
     }
 
-    CsvRecords records_;
+    Records records_;
     QString file_;
     Intake& intake_;
-    std::vector<Cell> header_;
+    Record header_;
     std::vector<int> columns_;
 };
+
+} // namespace
+
+void readCsv(const TextFile& file, Intake& intake)
+{
+    CsvSource(file, intake).read();
+}
 
 QString csvCell(QString text)
 {
@@ -316,16 +393,9 @@ QString csvCell(QString text)
     return u'"' + text.replace(u'"', "\"\"") + u'"';
 }
 
-} // namespace
-
-void readCsv(const std::filesystem::path& file, Intake& intake)
+bool isTabSeparated(const TextFile& file)
 {
-    const QString content = readText(file, intake.complaints);
-    if (content.trimmed().isEmpty()) {
-        intake.complaints.add({nameOf(file)}, "the file is empty");
-        return;
-    }
-    CsvSource(content, nameOf(file), intake).read();
+    return knownColumns(file, u'\t') > 2;
 }
 
 QByteArray writeCsv(const std::vector<Question>& questions)

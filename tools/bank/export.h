@@ -3,6 +3,8 @@
 #include "bank/failure.h"
 #include "bank/formats.h"
 
+#include <iosfwd>
+
 namespace bank {
 
 struct Exported
@@ -11,9 +13,14 @@ struct Exported
     QStringList warnings; ///< about what was left out
 };
 
-/// Writes questions to a new file. Throws Failure if it exists already or cannot be written, or if the
-/// format does not hold questions that break the rules, or more than one level.
+/// Writes questions to a new file, or to `out` if `target` is "-". Throws Failure if the file exists already
+/// or cannot be written, or if the format does not hold questions that break the rules, or more than one
+/// level.
 Exported exportQuestions(std::vector<Question> questions, const std::filesystem::path& target,
-                         const Format& format);
+                         const Format& format, std::ostream& out);
+
+/// Writes a new file, or to `out` if `target` is "-". Throws Failure if the file exists already or cannot be
+/// written.
+void writeNew(const std::filesystem::path& target, const QByteArray& content, std::ostream& out);
 
 } // namespace bank

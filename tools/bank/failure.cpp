@@ -1,6 +1,7 @@
 #include "bank/failure.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace bank {
 namespace {
@@ -11,12 +12,22 @@ constexpr qsizetype mostTold = 50; ///< a wrong file is wrong in every line
 
 void Complaints::add(const Place& place, const QString& reason)
 {
-    lines_ << place.text() + ": " + reason;
+    const QString line = place.text() + ": " + reason;
+    if (!told_.contains(line)) {
+        told_.insert(line);
+        lines_ << line;
+    }
 }
 
 void Complaints::warn(const Place& place, const QString& reason)
 {
     warnings_ << place.text() + ": warning: " + reason;
+}
+
+void Complaints::leaveOut()
+{
+    for (const QString& line : std::exchange(lines_, {}))
+        warnings_ << line + "; left out";
 }
 
 void Complaints::throwIfAny() const

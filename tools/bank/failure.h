@@ -2,6 +2,7 @@
 
 #include "bank/question.h"
 
+#include <QSet>
 #include <QStringList>
 
 #include <stdexcept>
@@ -20,10 +21,13 @@ public:
 class Complaints
 {
 public:
-    /// Complains in a line "file:line:column: reason".
+    /// Complains in a line "file:line:column: reason", once.
     void add(const Place& place, const QString& reason);
     /// The same for what is no fault but worth a look.
     void warn(const Place& place, const QString& reason);
+
+    /// What was complained of is no fault any more: it was left out.
+    void leaveOut();
 
     [[nodiscard]] bool empty() const { return lines_.empty(); }
     [[nodiscard]] const QStringList& lines() const { return lines_; }
@@ -35,6 +39,7 @@ public:
 private:
     QStringList lines_;
     QStringList warnings_;
+    QSet<QString> told_;
 };
 
 } // namespace bank

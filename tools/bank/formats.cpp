@@ -1,15 +1,22 @@
 #include "bank/formats.h"
 
-#include "bank/lines.h"
+#include "bank/text.h"
 
 namespace bank {
 
-const Format* formatNamed(const std::string& name)
+const Format& formatNamed(const std::string& name)
 {
-    for (const Format& format : formats)
-        if (QString::fromStdString(name).compare(QString(format.name), Qt::CaseInsensitive) == 0)
-            return &format;
-    return nullptr;
+    const QString wanted = QString::fromStdString(name).toLower();
+    QStringList names;
+    for (const Format& format : formats) {
+        if (wanted == QString(format.name))
+            return format;
+        names << format.name;
+    }
+    const QString meant = nearestName(wanted, names);
+    throw Failure(QString("there is no format %1; %2 are known%3")
+                      .arg(quoted(QString::fromStdString(name)), names.join(", "),
+                           meant.isEmpty() ? QString() : QString(". Did you mean %1?").arg(meant)));
 }
 
 const Format& formatOf(const std::filesystem::path& file)

@@ -1,20 +1,17 @@
 #pragma once
 
 #include "bank/intake.h"
-
-#include <QByteArray>
-
-#include <filesystem>
+#include "bank/lines.h"
 
 namespace bank {
 
-/// A format of files with questions. Reading adds all questions of a file to the intake and throws Failure if
-/// it cannot be read; writing is the inverse.
+/// A format of files with questions. Reading adds all questions of a file to the intake; writing is the
+/// inverse.
 struct Format
 {
     const char* name; ///< as --format has it
     const char* endings;
-    void (*read)(const std::filesystem::path& file, Intake& intake);
+    void (*read)(const TextFile& file, Intake& intake);
     QByteArray (*write)(const std::vector<Question>& questions);
     bool (*holds)(const Question& question); ///< whether its text is taken for nothing else, null if always
     bool holdsLevels;
@@ -23,20 +20,24 @@ struct Format
 
 /// RFC 4180 with the separator `,`, `;` or tab and a header row; written with a byte order mark, by which
 /// spreadsheets know UTF-8.
-void readCsv(const std::filesystem::path& file, Intake& intake);
+void readCsv(const TextFile& file, Intake& intake);
 [[nodiscard]] QByteArray writeCsv(const std::vector<Question>& questions);
+/// A text as one cell of a record.
+[[nodiscard]] QString csvCell(QString text);
+/// Whether the first row names columns, parted by tabs, as spreadsheets save a text.
+[[nodiscard]] bool isTabSeparated(const TextFile& file);
 
 /// The multiple choice questions of GIFT; a category that ends in "level N" gives the level.
-void readGift(const std::filesystem::path& file, Intake& intake);
+void readGift(const TextFile& file, Intake& intake);
 [[nodiscard]] QByteArray writeGift(const std::vector<Question>& questions);
 
-void readAiken(const std::filesystem::path& file, Intake& intake);
+void readAiken(const TextFile& file, Intake& intake);
 [[nodiscard]] QByteArray writeAiken(const std::vector<Question>& questions);
 /// Whether the question's text is not taken for an option or an answer.
 [[nodiscard]] bool aikenHolds(const Question& question);
 
 /// Records of lines "name: text", as data/README.md describes them.
-void readRecords(const std::filesystem::path& file, Intake& intake);
+void readRecords(const TextFile& file, Intake& intake);
 [[nodiscard]] QByteArray writeRecords(const std::vector<Question>& questions);
 
 inline constexpr std::array<Format, 4> formats = {{
@@ -46,8 +47,8 @@ inline constexpr std::array<Format, 4> formats = {{
     {"text", ".txt", readRecords, writeRecords, nullptr, true, false},
 }};
 
-/// The format of this name, in whatever case; null if there is none.
-[[nodiscard]] const Format* formatNamed(const std::string& name);
+/// The format of this name, in whatever case; throws Failure if there is none.
+[[nodiscard]] const Format& formatNamed(const std::string& name);
 
 /// The format that the ending of a file's name tells; throws Failure if it tells none.
 [[nodiscard]] const Format& formatOf(const std::filesystem::path& file);

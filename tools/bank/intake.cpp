@@ -13,8 +13,10 @@ void Intake::accept(Question question)
 {
     if (question.level.isEmpty())
         question.level = level_;
-    checkQuestion(question, demanded_, complaints);
-    bank.questions.push_back(std::move(question));
+    if (question.right.size() == 1)
+        question.right = question.right.toUpper();
+    if (checkQuestion(question, demanded_, complaints) || !skipsUnfit_)
+        bank.questions.push_back(std::move(question));
     progress_.step();
 }
 

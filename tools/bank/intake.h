@@ -12,6 +12,9 @@ public:
     /// `level` is that of questions whose source gives none; it may be empty.
     Intake(Texts demanded, QString level, Progress& progress);
 
+    /// Questions with a breach are not added.
+    void skipUnfit() { skipsUnfit_ = true; }
+
     /// Adds a question and complains about its breaches.
     void accept(Question question);
 
@@ -24,6 +27,7 @@ private:
     Texts demanded_;
     QString level_;
     Progress& progress_;
+    bool skipsUnfit_ = false;
 };
 
 } // namespace bank

@@ -5,59 +5,61 @@
 #include <QFile>
 #include <QStringDecoder>
 
+#include <cstdio>
+#include <utility>
+
 namespace bank {
 namespace {
 
 QByteArray contentOf(const std::filesystem::path& path)
 {
-    QFile file(path);
-    const bool opened = file.open(QIODevice::ReadOnly);
+    QFile file;
+    if (!isStandard(path))
+        file.setFileName(nameOf(path));
+    const bool opened =
+        isStandard(path) ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
     QByteArray content = opened ? file.readAll() : QByteArray();
     if (!opened || file.error() != QFileDevice::NoError)
         throw Failure(QString("%1 cannot be read: %2").arg(nameOf(path), file.errorString()));
-    if (content.startsWith("\xEF\xBB\xBF"))
-        content.remove(0, 3);
     return content;
-}
-
-std::optional<QString> decoded(QByteArrayView bytes)
-{
-    QStringDecoder decoder(QStringDecoder::Utf8,
-                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
-    QString text = decoder(bytes);
-    return decoder.hasError() ? std::nullopt : std::optional(text);
 }
 
 } // namespace
 
 QString nameOf(const std::filesystem::path& file)
 {
-    return QString::fromStdString(file.string());
+    return isStandard(file) ? QString("standard input") : QString::fromStdString(file.string());
 }
 
-QString readText(const std::filesystem::path& file, Complaints& complaints)
+bool isStandard(const std::filesystem::path& file)
 {
-    const QByteArray content = contentOf(file);
-    if (auto text = decoded(content))
-        return *std::move(text);
-    Place place{nameOf(file)};
-    for (const QByteArray& line : content.split('\n')) {
-        ++place.line;
-        if (!decoded(line))
-            complaints.add(place, "the line is not valid UTF-8; save the file as UTF-8");
-    }
-    return QString::fromUtf8(content);
+    return file == "-";
 }
 
-std::vector<Line> readLines(const std::filesystem::path& file, Complaints& complaints)
+TextFile textFile(const QString& name, const QByteArray& bytes, Complaints& complaints)
+{
+    const auto encoding = QStringConverter::encodingForData(bytes).value_or(QStringConverter::Utf8);
+    QStringDecoder decoder(encoding, QStringDecoder::Flag::Stateless);
+    QString content = decoder(bytes);
+    if (decoder.hasError() && encoding != QStringConverter::Utf8)
+        complaints.add({name}, "the file is not valid UTF-16; save it as UTF-8");
+    return {name, std::move(content)};
+}
+
+TextFile readText(const std::filesystem::path& file, Complaints& complaints)
+{
+    return textFile(nameOf(file), contentOf(file), complaints);
+}
+
+std::vector<Line> linesOf(const TextFile& file)
 {
     std::vector<Line> lines;
-    const QString content = readText(file, complaints);
-    Place place{nameOf(file)};
-    for (const QStringView line : QStringView(content).split(u'\n')) {
+    Place place{file.name};
+    for (const QStringView line : QStringView(file.content).split(u'\n')) {
         const QStringView text = line.trimmed();
+        const auto blanks = text.data() - line.data();
         ++place.line;
-        place.column = static_cast<int>(text.data() - line.data()) + 1;
+        place.column = static_cast<int>(blanks) + 1;
         lines.push_back({place, text.toString()});
     }
     return lines;

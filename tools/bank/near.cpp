@@ -172,9 +172,8 @@ void checkNearRepeats(const Bank& bank, Complaints& complaints, Progress& progre
 {
     for (const auto& [earlier, later] : nearRepeats(bank.questions, progress)) {
         const Question& first = bank.questions[earlier];
-        complaints.add(
-            bank.questions[later].place,
-            QString("asks nearly the same as the question \"%1\" in %2").arg(first.text, first.place.text()));
+        complaints.add(bank.questions[later].place, QString("asks nearly the same as the question %1 in %2")
+                                                        .arg(quoted(first.text), first.place.text()));
     }
 }
 

@@ -1,5 +1,7 @@
 #include "bank/progress.h"
 
+#include "bank/text.h"
+
 #include <ostream>
 #include <utility>
 
@@ -40,6 +42,13 @@ void Progress::clear()
 {
     if (std::exchange(shown_, false))
         *terminal_ << "\r\x1b[K" << std::flush;
+}
+
+void Progress::tell(const QString& message)
+{
+    clear();
+    if (messages_)
+        *messages_ << shown(message).toStdString() << std::endl;
 }
 
 } // namespace bank

@@ -1,17 +1,22 @@
 #pragma once
 
+#include <QString>
+
 #include <chrono>
 #include <iosfwd>
 #include <string>
 
 namespace bank {
 
-/// One line on a terminal that tells how far a work has come, from its second second on.
+/// One line on a terminal that tells how far a work has come, from its second second on, and what hinders it.
 class Progress
 {
 public:
-    /// Writes to `terminal`, or nowhere if there is none.
-    explicit Progress(std::ostream* terminal = nullptr) : terminal_(terminal) {}
+    /// Writes to `terminal`, and what hinders the work to `messages`, or nowhere.
+    explicit Progress(std::ostream* terminal = nullptr, std::ostream* messages = nullptr)
+        : terminal_(terminal), messages_(messages)
+    {
+    }
     ~Progress() { clear(); }
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
@@ -24,6 +29,8 @@ public:
     void step(long long things = 1);
     /// Removes the line; it comes again with the next step.
     void clear();
+    /// The work goes on after a hindrance.
+    void tell(const QString& message);
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -31,6 +38,7 @@ private:
     void show();
 
     std::ostream* terminal_;
+    std::ostream* messages_;
     std::string what_;
     long long total_ = 0;
     long long done_ = 0;

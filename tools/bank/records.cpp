@@ -1,5 +1,5 @@
 #include "bank/formats.h"
-#include "bank/lines.h"
+#include "bank/text.h"
 
 #include <algorithm>
 #include <utility>
@@ -25,7 +25,7 @@ void addField(const Line& line, Record& record, Complaints& complaints)
         return;
     }
     if (known == fieldNames.end()) {
-        complaints.add(line.place, QString("there is no field \"%1\"").arg(name));
+        complaints.add(line.place, QString("there is no field %1").arg(quoted(name)));
         return;
     }
     const auto field = static_cast<Field>(known - fieldNames.begin());
@@ -48,10 +48,10 @@ void addQuestion(Record record, Intake& intake)
 
 } // namespace
 
-void readRecords(const std::filesystem::path& file, Intake& intake)
+void readRecords(const TextFile& file, Intake& intake)
 {
     Record record;
-    for (const Line& line : readLines(file, intake.complaints)) {
+    for (const Line& line : linesOf(file)) {
         if (line.text.startsWith(u'#'))
             continue;
         if (line.text.isEmpty()) {

@@ -1,19 +1,28 @@
 #pragma once
 
 #include "bank/failure.h"
+#include "db/schema.h"
 
 #include <vector>
 
 namespace bank {
 
-inline constexpr std::array<const char*, 3> levels = {"1", "2", "3"};
+using db::schema::levels;
 inline constexpr int questionsPerLevel = 5; ///< as many as one game draws
 
-/// From this many questions of a level on, every letter should be right in 22 to 28 of 100 of them. With
-/// fewer, one question more or less decides.
-inline constexpr int balanceFrom = 40;
+/// The highest tally that is taken for a count, far from where sums overflow.
+inline constexpr qint64 mostChosen = 1'000'000'000;
 
 [[nodiscard]] bool isLevel(const QString& text);
+
+/// Whether an option can have been chosen so often.
+[[nodiscard]] inline bool isCount(qint64 tally)
+{
+    return tally >= 0 && tally <= mostChosen;
+}
+
+/// Whether all options are numbers. Those stand in rising order.
+[[nodiscard]] bool hasNumericOptions(const Question& question);
 
 /// What is wrong with a question, and with which of its texts.
 struct Breach
@@ -28,18 +37,24 @@ enum class Texts {
 };
 
 /// What is wrong with one question taken by itself: texts left out or too long (in code points), with
-/// control characters or blanks at an end, a level or letter that does not exist, options that differ in
-/// nothing but case and blanks.
+/// stray characters or blanks at an end, a level or letter that does not exist, options that differ in
+/// nothing but case and blanks, tallies that are no counts.
 [[nodiscard]] std::vector<Breach> breaches(const Question& question, Texts demanded);
 
-/// Complains about every breach at the place of its text.
-void checkQuestion(const Question& question, Texts demanded, Complaints& complaints);
+/// Complains about every breach at the place of its text, and warns of HTML. Returns whether there is none.
+bool checkQuestion(const Question& question, Texts demanded, Complaints& complaints);
 
 /// Complains about prompts that are empty, too long or hold control characters.
 void checkPrompt(const Prompt& prompt, Complaints& complaints);
 
+/// Warns of questions that have the same options, in whatever order.
+void checkOptionSets(const Bank& bank, Complaints& complaints);
+
 /// Complains about questions and prompts that stand in the bank twice.
 void checkRepeats(const Bank& bank, Complaints& complaints);
+
+/// Complains about them and takes them out of the bank.
+void removeRepeats(Bank& bank, Complaints& complaints);
 
 /// Complains, naming `source`, about levels with fewer questions than a game draws.
 void checkEnough(const Bank& bank, const Place& source, Complaints& complaints);
@@ -47,7 +62,8 @@ void checkEnough(const Bank& bank, const Place& source, Complaints& complaints);
 /// Warns, naming `source`, if there is no prompt.
 void checkPrompts(const Bank& bank, const Place& source, Complaints& complaints);
 
-/// Complains, naming `source`, about levels in which some letter is right too often or too rarely.
+/// Complains, naming `source`, about levels in which some letter is right too often or too rarely, and warns
+/// where that is so among the questions of which all options are numbers.
 void checkBalance(const Bank& bank, const Place& source, Complaints& complaints);
 
 } // namespace bank

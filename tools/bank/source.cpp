@@ -1,21 +1,9 @@
 #include "bank/source.h"
 
-#include "bank/lines.h"
-
 #include <algorithm>
 
 namespace bank {
 namespace {
-
-void readPrompts(const std::filesystem::path& file, Intake& intake)
-{
-    for (const Line& line : readLines(file, intake.complaints)) {
-        if (!line.text.isEmpty() && !line.text.startsWith(u'#')) {
-            intake.bank.prompts.push_back({{line.place.file, line.place.line}, line.text});
-            checkPrompt(intake.bank.prompts.back(), intake.complaints);
-        }
-    }
-}
 
 std::vector<std::filesystem::path> questionFiles(const std::filesystem::path& folder)
 {
@@ -36,20 +24,39 @@ std::vector<std::filesystem::path> questionFiles(const std::filesystem::path& fo
 
 } // namespace
 
+void readPrompts(const TextFile& file, Intake& intake)
+{
+    for (const Line& line : linesOf(file)) {
+        if (!line.text.isEmpty() && !line.text.startsWith(u'#')) {
+            intake.bank.prompts.push_back({{line.place.file, line.place.line}, line.text});
+            checkPrompt(intake.bank.prompts.back(), intake.complaints);
+        }
+    }
+}
+
 void readFolder(const std::filesystem::path& folder, Intake& intake)
 {
     for (const auto& file : questionFiles(folder))
-        readRecords(file, intake);
-    readPrompts(folder / "prompts.txt", intake);
+        readRecords(readText(file, intake.complaints), intake);
+    readPrompts(readText(folder / "prompts.txt", intake.complaints), intake);
+    if (intake.bank.questions.empty())
+        intake.complaints.add({nameOf(folder)}, "there are no questions in it");
 }
 
 void readSource(const std::filesystem::path& source, const Format* format, Intake& intake)
 {
     std::error_code ignored;
     if (std::filesystem::is_directory(source, ignored))
-        readFolder(source, intake);
-    else
-        (format ? *format : formatOf(source)).read(source, intake);
+        return readFolder(source, intake);
+    if (!format && isStandard(source))
+        throw Failure("give --format, standard input has no name that tells it");
+    const TextFile file = readText(source, intake.complaints);
+    if (!format)
+        format = &formatOf(source);
+    const bool isSavedAsText = format->read == readRecords && isTabSeparated(file);
+    (isSavedAsText ? readCsv : format->read)(file, intake);
+    if (intake.complaints.empty() && intake.bank.questions.empty())
+        intake.complaints.add({file.name}, "there are no questions in it");
 }
 
 } // namespace bank

@@ -1,5 +1,7 @@
 #include "bank/stats.h"
 
+#include "bank/formats.h"
+#include "bank/rules.h"
 #include "bank/text.h"
 
 #include <QHash>
@@ -35,8 +37,9 @@ Count countOf(const Question& question)
 {
     Count count{1};
     const auto& tallies = question.tallies;
-    const bool tell = question.rightIndex() >= 0 &&
-                      std::all_of(tallies.begin(), tallies.end(), [](qint64 tally) { return tally >= 1; });
+    const bool tell =
+        question.rightIndex() >= 0 && std::all_of(tallies.begin(), tallies.end(),
+                                                  [](qint64 tally) { return tally >= 1 && isCount(tally); });
     if (tell) {
         count.plays = std::accumulate(tallies.begin(), tallies.end(), qint64{0}) - 4;
         count.right = tallies.at(static_cast<std::size_t>(question.rightIndex())) - 1;
@@ -68,28 +71,40 @@ void printCount(std::ostream& out, const QString& name, const Count& count)
               rightShare(count)});
 }
 
-void printPlayed(const std::vector<Question>& questions, std::ostream& out)
+struct Played
 {
-    bool first = true;
-    for (const Question& question : questions) {
-        const Count count = countOf(question);
-        if (count.plays == 0)
-            continue;
-        if (std::exchange(first, false))
-            out << "\n  number level  plays  right  question\n";
-        out << QString("%1 %2 %3 %4  %5\n")
-                   .arg(question.place.id, 8)
-                   .arg(question.level, 5)
-                   .arg(count.plays, 6)
-                   .arg(rightShare(count), 6)
-                   .arg(question.text)
-                   .toStdString();
+    const Question* question = nullptr;
+    Count count;
+
+    [[nodiscard]] double share() const
+    {
+        return static_cast<double>(count.right) / static_cast<double>(count.plays);
     }
+};
+
+std::vector<Played> playedOf(const std::vector<Question>& questions, StatsOrder order)
+{
+    std::vector<Played> played;
+    for (const Question& question : questions)
+        if (const Count count = countOf(question); count.plays > 0)
+            played.push_back({&question, count});
+    // Of equal shares the one that was seen more often goes first.
+    const auto isHarder = [](const Played& a, const Played& b) {
+        return std::pair(a.share(), -a.count.plays) < std::pair(b.share(), -b.count.plays);
+    };
+    const auto isEasier = [](const Played& a, const Played& b) {
+        return std::pair(-a.share(), -a.count.plays) < std::pair(-b.share(), -b.count.plays);
+    };
+    if (order == StatsOrder::HardestFirst)
+        std::ranges::stable_sort(played, isHarder);
+    if (order == StatsOrder::EasiestFirst)
+        std::ranges::stable_sort(played, isEasier);
+    return played;
 }
 
 } // namespace
 
-void printStats(const std::vector<Question>& questions, const std::vector<Question>& topics,
+void printStats(const std::vector<Question>& questions, const std::vector<Question>& topics, StatsOrder order,
                 std::ostream& out)
 {
     QHash<QString, QString> topicOf;
@@ -100,24 +115,43 @@ void printStats(const std::vector<Question>& questions, const std::vector<Questi
         Count all;
         std::map<QString, Count> byTopic;
     };
-    std::map<QString, Level> levels;
+    std::map<QString, Level> byLevel;
     Count all;
     for (const Question& question : questions) {
         const Count count = countOf(question);
-        Level& level = levels[question.level];
+        Level& level = byLevel[question.level];
         all += count;
         level.all += count;
         if (!topics.empty())
             level.byTopic[topicOf.value(folded(question.text), "(unknown)")] += count;
     }
     printRow(out, {}, {"questions", "played", "plays", "right"});
-    for (const auto& [name, level] : levels) {
-        printCount(out, "level " + name, level.all);
+    for (const auto& [name, level] : byLevel) {
+        printCount(out, "level " + shown(name), level.all);
         for (const auto& [topic, count] : level.byTopic)
-            printCount(out, "  " + topic, count);
+            printCount(out, "  " + shown(topic), count);
     }
     printCount(out, "all", all);
-    printPlayed(questions, out);
+    bool first = true;
+    for (const auto& [question, count] : playedOf(questions, order)) {
+        if (std::exchange(first, false))
+            out << "\n  number level  plays  right  question\n";
+        out << QString("%1 %2 %3 %4  %5\n")
+                   .arg(question->place.id, 8)
+                   .arg(shown(question->level), 5)
+                   .arg(count.plays, 6)
+                   .arg(rightShare(count), 6)
+                   .arg(shown(question->text))
+                   .toStdString();
+    }
+}
+
+void printStatsAsCsv(const std::vector<Question>& questions, StatsOrder order, std::ostream& out)
+{
+    out << "number,level,plays,right,question\r\n";
+    for (const auto& [question, count] : playedOf(questions, order))
+        out << question->place.id << ',' << csvCell(question->level).toStdString() << ',' << count.plays
+            << ',' << count.right << ',' << csvCell(question->text).toStdString() << "\r\n";
 }
 
 } // namespace bank

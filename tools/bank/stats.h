@@ -6,9 +6,14 @@
 
 namespace bank {
 
+enum class StatsOrder { Number, HardestFirst, EasiestFirst };
+
 /// Prints how many questions each level holds, also by topic where `topics` has a question of the same text,
 /// how often they were played and answered right, and the same for every question that was played.
-void printStats(const std::vector<Question>& questions, const std::vector<Question>& topics,
+void printStats(const std::vector<Question>& questions, const std::vector<Question>& topics, StatsOrder order,
                 std::ostream& out);
+
+/// Prints the latter alone as a CSV table with a header.
+void printStatsAsCsv(const std::vector<Question>& questions, StatsOrder order, std::ostream& out);
 
 } // namespace bank

@@ -1,27 +1,41 @@
 #include "bank/store.h"
 
+#include "bank/failure.h"
 #include "bank/lines.h"
 #include "bank/rules.h"
+#include "bank/text.h"
 #include "db/layout.h"
+#include "db/sql.h"
 
 #include <limits>
 
 namespace bank {
 namespace {
 
-constexpr const char* selectQuestions =
-    "select question_id, question, answer1, answer2, answer3, answer4, correct_answer, Level,"
-    " a, b, c, d, Level in ('1', '2', '3') from questions order by cast(question_id as integer), question_id";
+namespace schema = db::schema;
 
-QStringList fieldsOf(const QString& table)
+constexpr auto patience = std::chrono::seconds(1); ///< of one attempt,
+constexpr int attempts = 10;                       ///< and how often it is made
+
+std::string named(const char* before, db::Fields fields, const char* after)
 {
-    const bool isQuestions = table == "questions";
-    const char* const names = isQuestions
-                                  ? "question_id question answer1 answer2 answer3 answer4 correct_answer "
-                                    "Level a b c d"
-                              : table == "users" ? "username password"
-                                                 : "message";
-    return QString::fromLatin1(names).split(u' ');
+    std::string text;
+    for (const char* const field : fields)
+        text.append(text.empty() ? "" : ", ").append(field).append(after);
+    return before + text;
+}
+
+// In the order of schema::questionFields.
+constexpr int optionColumn = 2;
+constexpr int keyColumn = 6;
+constexpr int levelColumn = 7;
+constexpr int tallyColumn = 8;
+
+std::string selectQuestions()
+{
+    const std::string id = schema::questionId;
+    return named("select ", schema::questionFields, "") + ", typeof(" + schema::level + ") from " +
+           schema::questions.name + " order by cast(" + id + " as integer), " + id;
 }
 
 QString textOf(SQLite::Statement& row, int column)
@@ -38,70 +52,68 @@ Question questionOf(SQLite::Statement& row, const QString& file)
     question.place = {file, 0, 0, row.getColumn(0).getInt64()};
     question.text = textOf(row, 1);
     for (int i = 0; i < 4; ++i) {
-        question.options.at(static_cast<std::size_t>(i)) = textOf(row, 2 + i);
-        question.tallies.at(static_cast<std::size_t>(i)) = row.getColumn(8 + i).getInt64();
+        const SQLite::Column tally = row.getColumn(tallyColumn + i);
+        question.options.at(static_cast<std::size_t>(i)) = textOf(row, optionColumn + i);
+        question.tallies.at(static_cast<std::size_t>(i)) = tally.isInteger() ? tally.getInt64() : -1;
     }
-    question.key = textOf(row, 6);
+    question.key = textOf(row, keyColumn);
     question.findRight();
-    question.level = textOf(row, 7);
-    if (row.getColumn(12).getInt() == 0 && isLevel(question.level))
+    question.level = textOf(row, levelColumn);
+    if (isLevel(question.level) && textOf(row, tallyColumn + 4) != "text")
         question.level += " (a number, not a text)";
     return question;
 }
 
-} // namespace
+/// The fields of a question but its number.
+constexpr db::Fields writtenFields = db::Fields(schema::questionFields).subspan(1);
 
-namespace sql {
-const char* const insertQuestion =
-    "insert into questions (question_id, question, answer1, answer2, answer3, answer4,"
-    " correct_answer, Level, a, b, c, d) values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)";
-const char* const insertPrompt = "insert into locking (message) values (?)";
-const char* const insertAccount = "insert into users (username, password) values (?, ?)";
-} // namespace sql
-
-Insertion::Insertion(SQLite::Statement statement, qint64 firstId)
-    : statement_(std::move(statement)), id_(firstId)
+/// Binds them from `place` on, and runs the statement.
+void write(SQLite::Statement& statement, int place, const Question& question)
 {
-}
-
-void Insertion::add(const Question& question)
-{
-    if (id_ == 0)
-        statement_.bind(1);
-    else
-        statement_.bind(1, static_cast<int64_t>(id_++));
     // They must live until the row is written.
     const std::array<std::string, 7> texts = {
         question.text.toStdString(),       question.options[0].toStdString(),
         question.options[1].toStdString(), question.options[2].toStdString(),
         question.options[3].toStdString(), question.rightOption().toStdString(),
         question.level.toStdString()};
-    int place = 2;
     for (const std::string& text : texts)
-        statement_.bindNoCopy(place++, text);
+        statement.bindNoCopy(place++, text);
     for (const qint64 tally : question.tallies)
-        statement_.bind(place++, static_cast<int64_t>(tally));
-    statement_.exec();
-    statement_.reset();
+        statement.bind(place++, static_cast<int64_t>(tally));
+    statement.exec();
+    statement.reset();
 }
 
-Store::Store(const std::filesystem::path& file)
-    : file_(nameOf(file)), handle_(file_, std::chrono::seconds(10))
+} // namespace
+
+Store::Store(const std::filesystem::path& file, Progress& progress) : file_(nameOf(file)), progress_(progress)
 {
-    // Nothing reaches the file before a transaction is whole, so that what fails leaves it untouched.
-    handle_.reading([&] { handle_.prepared("pragma cache_spill = off").executeStep(); });
+    patiently([&] {
+        handle_ = std::make_unique<db::Handle>(file_, patience);
+        // Nothing reaches the file before a transaction is whole, so that what fails leaves it untouched.
+        handle_->reading([&] { handle_->prepared("pragma cache_spill = off").executeStep(); });
+    });
 }
 
-void Store::require(const char* table)
+void Store::wait(const db::Failure& failure, int attempt)
 {
-    const QString name = QString::fromLatin1(table);
-    db::layoutOf(handle_, name, fieldsOf(name));
+    if (failure.cause() != db::Failure::Cause::Locked || attempt == attempts)
+        throw failure;
+    if (attempt == 1)
+        progress_.tell(QString("%1 is in use by another program; waiting up to %2 seconds for it")
+                           .arg(file_)
+                           .arg(attempts - 1));
+}
+
+void Store::require(const schema::Table& table)
+{
+    patiently([&] { db::layoutOf(*handle_, table); });
 }
 
 void Store::checkIntegrity()
 {
-    const std::string found = handle_.reading([&] {
-        auto statement = handle_.prepared("pragma quick_check(1)");
+    const std::string found = reading([&] {
+        auto statement = handle_->prepared("pragma quick_check(1)");
         statement.executeStep();
         return statement.getColumn(0).getString();
     });
@@ -109,15 +121,15 @@ void Store::checkIntegrity()
         throw Failure(QString("%1 is damaged: %2").arg(file_, QString::fromStdString(found)));
 }
 
-std::vector<Question> Store::questions(Progress& progress)
+std::vector<Question> Store::questions()
 {
-    return handle_.reading([&] {
+    return reading([&] {
         std::vector<Question> questions;
-        auto rows = handle_.prepared(selectQuestions);
-        progress.begin("Reading question");
+        auto rows = handle_->prepared(selectQuestions());
+        progress_.begin("Reading question");
         while (rows.executeStep()) {
             questions.push_back(questionOf(rows, file_));
-            progress.step();
+            progress_.step();
         }
         return questions;
     });
@@ -125,9 +137,10 @@ std::vector<Question> Store::questions(Progress& progress)
 
 std::vector<Prompt> Store::prompts()
 {
-    return handle_.reading([&] {
+    return reading([&] {
         std::vector<Prompt> prompts;
-        auto rows = handle_.prepared("select message from locking");
+        auto rows =
+            handle_->prepared(named("select ", schema::locking.fields, "") + " from " + schema::locking.name);
         while (rows.executeStep())
             prompts.push_back({{file_}, textOf(rows, 0)});
         return prompts;
@@ -136,67 +149,98 @@ std::vector<Prompt> Store::prompts()
 
 std::vector<Account> Store::accounts()
 {
-    return handle_.reading([&] {
+    return reading([&] {
         std::vector<Account> accounts;
-        auto rows = handle_.prepared("select username, password from users");
+        auto rows =
+            handle_->prepared(named("select ", schema::users.fields, "") + " from " + schema::users.name);
         while (rows.executeStep())
             accounts.push_back({rows.getColumn(0).getString(), rows.getColumn(1).getString()});
         return accounts;
     });
 }
 
-void Store::addQuestions(const std::vector<Question>& questions, Progress& progress)
+void Store::addQuestions(const std::vector<Question>& questions)
 {
-    qint64 firstId = 0;
-    if (!db::layoutOf(handle_, "questions", {}).idIsRowNumber) {
-        auto largest = handle_.prepared(db::sql::largestId);
+    // Where the engine numbers the rows, no number is bound.
+    const bool numbered = !db::layoutOf(*handle_, schema::questions).idIsRowNumber;
+    qint64 id = 0;
+    if (numbered) {
+        auto largest = handle_->prepared(db::sql::largestId);
         largest.executeStep();
-        const qint64 last = largest.getColumn(0).getInt64();
-        if (last > std::numeric_limits<qint64>::max() - 1 - static_cast<qint64>(questions.size()))
-            throw db::failed(db::Attempt::Change, handle_.path(), db::reasons::noNumberLeft);
-        firstId = last + 1;
+        id = largest.getColumn(0).getInt64();
+        if (id > std::numeric_limits<qint64>::max() - 1 - static_cast<qint64>(questions.size()))
+            throw db::failed(db::Attempt::Change, handle_->path(), db::reasons::noNumberLeft);
     }
-    Insertion insertion(handle_.prepared(sql::insertQuestion), firstId);
-    progress.begin("Writing question", static_cast<long long>(questions.size()));
+    auto insertion = handle_->prepared(db::sql::insertion(schema::questions.name, schema::questionFields));
+    progress_.begin("Writing question", static_cast<long long>(questions.size()));
     for (const Question& question : questions) {
-        insertion.add(question);
-        progress.step();
+        if (numbered)
+            insertion.bind(1, static_cast<int64_t>(++id));
+        write(insertion, 2, question);
+        progress_.step();
     }
+}
+
+void Store::changeQuestion(const Question& question)
+{
+    auto change =
+        handle_->prepared(db::sql::change(schema::questions.name, writtenFields, schema::questionId));
+    change.bind(static_cast<int>(writtenFields.size()) + 1, static_cast<int64_t>(question.place.id));
+    write(change, 1, question);
+}
+
+void Store::removeQuestion(qint64 id)
+{
+    run(db::sql::deletion(schema::questions.name, schema::questionId), {id});
+}
+
+void Store::removeQuestions()
+{
+    run(std::string("delete from ") + schema::questions.name);
+}
+
+void Store::resetTallies()
+{
+    run(named((std::string("update ") + schema::questions.name + " set ").c_str(), schema::tallies, " = 1"));
 }
 
 void Store::addPrompts(const std::vector<Prompt>& prompts)
 {
     for (const Prompt& prompt : prompts)
-        run(sql::insertPrompt, {prompt.message.toStdString()});
-}
-
-void Store::removeQuestions()
-{
-    run("delete from questions");
+        run(db::sql::insertion(schema::locking.name, schema::locking.fields), {prompt.message});
 }
 
 void Store::removePrompts()
 {
-    run("delete from locking");
+    run(std::string("delete from ") + schema::locking.name);
 }
 
 void Store::addAccount(const Account& account)
 {
-    run(sql::insertAccount, {account.name, account.password});
+    run(db::sql::insertion(schema::users.name, schema::users.fields),
+        {QString::fromStdString(account.name), QString::fromStdString(account.password)});
 }
 
 void Store::setPassword(const Account& account)
 {
-    run("update users set password = ? where username = ?", {account.password, account.name});
+    run(db::sql::change(schema::users.name, std::array{schema::password}, schema::username),
+        {QString::fromStdString(account.password), QString::fromStdString(account.name)});
 }
 
-void Store::run(const char* sql, std::initializer_list<std::string> values)
+void Store::renameAccount(const std::string& name, const std::string& newName)
 {
-    auto statement = handle_.prepared(sql);
-    int place = 0;
-    for (const std::string& value : values)
-        statement.bind(++place, value);
-    statement.exec();
+    run(db::sql::change(schema::users.name, std::array{schema::username}, schema::username),
+        {QString::fromStdString(newName), QString::fromStdString(name)});
+}
+
+void Store::removeAccount(const std::string& name)
+{
+    run(db::sql::deletion(schema::users.name, schema::username), {QString::fromStdString(name)});
+}
+
+void Store::run(const std::string& sql, const std::vector<db::Value>& values)
+{
+    handle_->prepared(sql, values).exec();
 }
 
 } // namespace bank

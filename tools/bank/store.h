@@ -2,9 +2,12 @@
 
 #include "bank/progress.h"
 #include "bank/question.h"
+#include "db/failure.h"
 #include "db/handle.h"
+#include "db/schema.h"
 
 #include <filesystem>
+#include <memory>
 
 namespace bank {
 
@@ -15,73 +18,82 @@ struct Account
     std::string password;
 };
 
-/// Inserts questions, one after another, within a transaction of the caller.
-class Insertion
-{
-public:
-    /// `statement` is one of insertQuestion. The rows are numbered from `firstId` on, or by the engine if it
-    /// is 0.
-    explicit Insertion(SQLite::Statement statement, qint64 firstId = 0);
-
-    void add(const Question& question);
-
-private:
-    SQLite::Statement statement_;
-    qint64 id_;
-};
-
-namespace sql {
-extern const char* const insertQuestion;
-extern const char* const insertPrompt;  ///< message ->
-extern const char* const insertAccount; ///< name, password ->
-} // namespace sql
-
-/// A quiz database that exists. Every call may throw db::Failure, the work that is handed in Failure too.
+/// A quiz database that exists. While another program keeps it for itself, every call waits for ten seconds
+/// and tells so. Every call may throw db::Failure, the work that is handed in Failure too.
 class Store
 {
 public:
-    explicit Store(const std::filesystem::path& file);
+    Store(const std::filesystem::path& file, Progress& progress);
 
-    /// Throws db::Failure unless `table`, one of the three, has all of its fields.
-    void require(const char* table);
+    /// Throws db::Failure unless the table has all of its fields.
+    void require(const db::schema::Table& table);
 
     /// Throws Failure if the file is damaged.
     void checkIntegrity();
 
     /// All questions in the order of their numbers. A level that the game would not find is given with the
-    /// reason, a right answer that is none of the options leaves `right` empty.
-    [[nodiscard]] std::vector<Question> questions(Progress& progress);
+    /// reason, a right answer that is none of the options leaves `right` empty, and a tally that is no whole
+    /// number is -1.
+    [[nodiscard]] std::vector<Question> questions();
     [[nodiscard]] std::vector<Prompt> prompts();
     [[nodiscard]] std::vector<Account> accounts();
 
-    /// What follows is called within the work that is handed to changing().
-    void addQuestions(const std::vector<Question>& questions, Progress& progress);
-    void addPrompts(const std::vector<Prompt>& prompts);
+    /// What follows is called within the work that is handed to changing(). Questions are known by
+    /// `place.id`, accounts by their name.
+    void addQuestions(const std::vector<Question>& questions);
+    void changeQuestion(const Question& question);
+    void removeQuestion(qint64 id);
     void removeQuestions();
+    void resetTallies();
+    void addPrompts(const std::vector<Prompt>& prompts);
     void removePrompts();
     void addAccount(const Account& account);
     void setPassword(const Account& account);
+    void renameAccount(const std::string& name, const std::string& newName);
+    void removeAccount(const std::string& name);
 
-    /// Runs `work` as one transaction, which leaves every byte of the file as it was when the work throws.
+    /// Runs `work` as one transaction, which leaves every byte of the file as it was when the work throws. It
+    /// is run again if the file was locked.
     template <class Work>
     void changing(Work work)
     {
-        handle_.changing([&] {
-            work();
-            return true;
+        patiently([&] {
+            handle_->changing([&] {
+                work();
+                return true;
+            });
         });
     }
 
     [[nodiscard]] const QString& file() const { return file_; }
 
 private:
-    void run(const char* sql, std::initializer_list<std::string> values = {});
+    /// Tells that the file is locked; throws the failure if it has been for long enough.
+    void wait(const db::Failure& failure, int attempt);
+
+    template <class Work>
+    auto patiently(Work work)
+    {
+        for (int attempt = 1;; ++attempt) {
+            try {
+                return work();
+            } catch (const db::Failure& failure) {
+                wait(failure, attempt);
+            }
+        }
+    }
+
+    template <class Work>
+    auto reading(Work work)
+    {
+        return patiently([&] { return handle_->reading(work); });
+    }
+
+    void run(const std::string& sql, const std::vector<db::Value>& values = {});
 
     QString file_; ///< as the user calls it
-    db::Handle handle_;
+    Progress& progress_;
+    std::unique_ptr<db::Handle> handle_;
 };
-
-/// The tables of a quiz database.
-inline constexpr std::array<const char*, 3> tables = {"questions", "users", "locking"};
 
 } // namespace bank
