@@ -1,6 +1,5 @@
-#include "narrator/character.h"
-#include "narrator/figure.h"
-#include "narrator/motion.h"
+#include "rig/figure.h"
+#include "rig/motion.h"
 
 #include <QPainter>
 
@@ -10,18 +9,18 @@
 namespace {
 
 /// Paints what the figure does in the middle of its first few gestures.
-void perform(narrator::Figure& figure)
+void perform(rig::Figure& figure)
 {
-    const narrator::Rig& rig = figure.rig();
+    const rig::Rig& rig = figure.rig();
     QImage image(rig.size.toSize(), QImage::Format_ARGB32_Premultiplied);
     QPainter painter(&image);
-    narrator::Pose pose = rig.rest;
+    rig::Pose pose = rig.rest;
     for (std::size_t i = 0; i < rig.gestures.size() && i < 3; ++i) {
-        pose = narrator::poseAt(rig, {&rig.gestures[i], pose}, rig.gestures[i].lengthMs / 2);
-        narrator::addSines(rig, pose, 700);
-        narrator::closeLids(rig, pose, 0.5);
-        narrator::addLook(rig, pose, {1, -1});
-        narrator::shapeMouth(rig, pose, narrator::MouthShape::A);
+        pose = rig::poseAt(rig, {&rig.gestures[i], pose}, rig.gestures[i].lengthMs / 2);
+        rig::addSines(rig, pose, 700);
+        rig::closeLids(rig, pose, 0.5);
+        rig::addLook(rig, pose, {1, -1});
+        rig::shapeMouth(rig, pose, rig::MouthShape::A);
         figure.paint(painter, pose, 1);
     }
 }
@@ -33,9 +32,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const QByteArray bytes(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     try {
-        narrator::Figure figure(narrator::readCharacter(bytes, "fuzz"), {});
+        rig::Figure figure(rig::readCharacter(bytes, "fuzz"), {});
         perform(figure);
-    } catch (const narrator::LoadFailure&) {
+    } catch (const rig::FileFailure&) {
         return 0; // A game without a host is what a broken file may lead to.
     }
     return 0;

@@ -5,7 +5,6 @@
 #include "admin/messages.h"
 #include "game/orv.h"
 #include "narrator/host.h"
-#include "narrator/speaker.h"
 #include "shell/back.h"
 #include "shell/mainscreen.h"
 #include "shell/rules.h"
@@ -13,6 +12,7 @@
 #include "shell/userselect.h"
 #include "toolkit/desktop.h"
 #include "toolkit/screens.h"
+#include "voice/speaker.h"
 
 #include <QApplication>
 
@@ -33,8 +33,8 @@ int main(int argc, char** argv)
     toolkit::DesktopBrowser browser;
     toolkit::DesktopBeeper beeper;
     toolkit::SystemClock clock;
-    const auto speaker = narrator::makeSpeaker(); // one for all games, so that muting lasts
-    toolkit::Screens screens;                     // goes first, with the forms that use the others
+    const auto speaker = voice::makeSpeaker(); // one for all games, so that muting lasts
+    toolkit::Screens screens;                  // goes first, with the forms that use the others
     const toolkit::Services services{screens, dialogs, random, browser, beeper, clock};
 
     const auto makeHost = [&](QWidget& form) { return narrator::makeCharacters(form, clock, speaker.get()); };

@@ -5,11 +5,11 @@
 #include "bench/measure.h"
 #include "bench/program.h"
 #include "bench/server.h"
-#include "narrator/alsa_device.h"
-#include "narrator/flite_synthesiser.h"
 #include "narrator/host.h"
-#include "narrator/speaker.h"
 #include "toolkit/clock.h"
+#include "voice/alsa_device.h"
+#include "voice/flite_synthesiser.h"
+#include "voice/speaker.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -52,11 +52,10 @@ struct Ear
     std::atomic<Time> silence;
 };
 
-class HeardDevice final : public narrator::SoundDevice
+class HeardDevice final : public voice::SoundDevice
 {
 public:
-    HeardDevice(std::unique_ptr<narrator::SoundDevice> device, Ear& ear)
-        : device_(std::move(device)), ear_(ear)
+    HeardDevice(std::unique_ptr<voice::SoundDevice> device, Ear& ear) : device_(std::move(device)), ear_(ear)
     {
     }
 
@@ -77,7 +76,7 @@ public:
     void drain() override { device_->drain(); }
 
 private:
-    std::unique_ptr<narrator::SoundDevice> device_;
+    std::unique_ptr<voice::SoundDevice> device_;
     Ear& ear_;
 };
 
@@ -173,8 +172,8 @@ private:
         FirstPaint paint;
         qApp->installEventFilter(&paint);
         const Time start = SteadyClock::now();
-        speaker_ = narrator::makeSpeaker(narrator::makeFliteSynthesiser, [this] {
-            std::unique_ptr<narrator::SoundDevice> device = narrator::openAlsaDevice();
+        speaker_ = voice::makeSpeaker(voice::makeFliteSynthesiser, [this] {
+            std::unique_ptr<voice::SoundDevice> device = voice::openAlsaDevice();
             if (device)
                 device = std::make_unique<HeardDevice>(std::move(device), ear_);
             return device;
@@ -231,7 +230,7 @@ private:
     toolkit::SystemClock clock_;
     Ear ear_;
     QWidget form_;
-    std::unique_ptr<narrator::Speaker> speaker_;
+    std::unique_ptr<voice::Speaker> speaker_;
     std::unique_ptr<narrator::Characters> characters_;
     double memoryBefore_ = 0;
 };

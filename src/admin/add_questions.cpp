@@ -4,18 +4,9 @@
 
 namespace admin {
 
+namespace schema = db::schema;
 using toolkit::trimmed;
 using Icon = toolkit::Dialogs::Icon;
-
-namespace {
-
-constexpr int questionLimit = 100;
-constexpr int answerLimit = 25;
-constexpr std::array answerFields = {"answer1", "answer2", "answer3", "answer4"};
-constexpr std::array tallyFields = {"a", "b", "c", "d"};
-
-} // namespace
-
 AddQuestions::AddQuestions(toolkit::Services services)
     : Editor({.name = "addquestions",
               .caption = "Add Questions",
@@ -32,13 +23,13 @@ AddQuestions::AddQuestions(toolkit::Services services)
     label("Label7", {240, 480, 840, 195}, "Question ID", {.font = narrow, .sizedToText = true});
     questionid = textBox("questionid", {1200, 480, 855, 285}, toolkit::TextBox::noLimit, {.tab = 17});
     label("Label1", {240, 840, 630, 195}, "Question", {.sizedToText = true});
-    question = textBox("question", {1200, 840, 3615, 285}, questionLimit, {.tab = 0});
+    question = textBox("question", {1200, 840, 3615, 285}, schema::questionLimit, {.tab = 0});
     for (std::size_t i = 0; i < answers.size(); ++i) {
         const double top = 1320 + 480 * static_cast<double>(i);
         const int number = static_cast<int>(i) + 1;
         label(QString("Label%1").arg(number + 1), {240, top, 615, 195},
               QString("Answer%1").arg(number), {.sizedToText = true});
-        answers[i] = textBox(answerFields[i], {1200, top, 1935, 285}, answerLimit, {.tab = number});
+        answers[i] = textBox(schema::answers[i], {1200, top, 1935, 285}, schema::answerLimit, {.tab = number});
     }
     line("Line1", {240, 3360}, {3960, 3360}, palette().color(QPalette::WindowText), 1);
     label("Label6", {240, 3600, 1080, 195}, "Correct Answer", {.sizedToText = true});
@@ -65,13 +56,13 @@ AddQuestions::AddQuestions(toolkit::Services services)
 
 void AddQuestions::connectControls()
 {
-    onChange(question, [this] { compare("question", question->text()); });
+    onChange(question, [this] { compare(schema::question, question->text()); });
     for (std::size_t i = 0; i < answers.size(); ++i)
         onChange(answers[i], [this, i] { addquestions_answer_Change(i); });
     onLostFocus(answers.back(), [this] { fillcorrectanswers(); });
     onGotFocus(correctanswer, [this] { fillcorrectanswers(); });
-    onChange(correctanswer, [this] { compare("correct_answer", correctanswer->chosen()); });
-    onChange(level, [this] { compare("level", level->chosen()); });
+    onChange(correctanswer, [this] { compare(schema::correctAnswer, correctanswer->chosen()); });
+    onChange(level, [this] { compare(schema::level, level->chosen()); });
 
     onClick(cmdfirst, [this] { addquestions_cmdfirst_Click(); });
     onClick(cmdprevious, [this] { addquestions_cmdprevious_Click(); });
@@ -94,20 +85,20 @@ void AddQuestions::Form_Load()
 void AddQuestions::displayrecord()
 {
     const auto stored = [this](const char* field) { return hasRow() ? rows.text(field) : QString(); };
-    questionid->setText(stored("question_id"));
-    question->setText(stored("question"));
+    questionid->setText(stored(schema::questionId));
+    question->setText(stored(schema::question));
     for (std::size_t i = 0; i < answers.size(); ++i)
-        answers[i]->setText(stored(answerFields[i]));
+        answers[i]->setText(stored(schema::answers[i]));
     correctanswer->clear();
     level->clear();
-    for (const char* entry : {"1", "2", "3"})
+    for (const char* entry : schema::levels)
         level->append(entry);
     if (!hasRow())
         return;
-    for (const char* field : answerFields)
+    for (const char* field : schema::answers)
         correctanswer->append(stored(field));
-    correctanswer->choose(stored("correct_answer"));
-    level->choose(stored("level"));
+    correctanswer->choose(stored(schema::correctAnswer));
+    level->choose(stored(schema::level));
 }
 
 void AddQuestions::fillcorrectanswers()
@@ -126,7 +117,7 @@ void AddQuestions::compare(const char* field, const QString& shown)
 void AddQuestions::addquestions_answer_Change(std::size_t index)
 {
     fillcorrectanswers();
-    compare(answerFields[index], answers[index]->text());
+    compare(schema::answers[index], answers[index]->text());
 }
 
 void AddQuestions::checkmodified()
@@ -195,11 +186,11 @@ bool AddQuestions::check(const QuestionEntry& entry)
 
 void AddQuestions::setFields(const QuestionEntry& entry)
 {
-    rows.set("question", trimmed(entry.question));
-    for (std::size_t i = 0; i < answerFields.size(); ++i)
-        rows.set(answerFields[i], trimmed(entry.answers[i]));
-    rows.set("correct_answer", trimmed(entry.correctAnswer));
-    rows.set("level", entry.level);
+    rows.set(schema::question, trimmed(entry.question));
+    for (std::size_t i = 0; i < schema::answers.size(); ++i)
+        rows.set(schema::answers[i], trimmed(entry.answers[i]));
+    rows.set(schema::correctAnswer, trimmed(entry.correctAnswer));
+    rows.set(schema::level, entry.level);
 }
 
 void AddQuestions::addquestions_cmdsave_Click()
@@ -211,10 +202,10 @@ void AddQuestions::addquestions_cmdsave_Click()
         return;
     rows.AddNew();
     setFields(entry);
-    for (const char* tally : tallyFields)
+    for (const char* tally : schema::tallies)
         rows.set(tally, 1);
     rows.Update();
-    questionid->setText(rows.text("question_id"));
+    questionid->setText(rows.text(schema::questionId));
     notice("Successfully Saved");
     setAdding(false);
 }

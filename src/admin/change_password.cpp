@@ -6,6 +6,8 @@
 
 namespace admin {
 
+namespace schema = db::schema;
+
 ChangePassword::ChangePassword(toolkit::Services services)
     : AdminForm({.name = "changepassword",
                  .caption = "Change Passoword",
@@ -16,13 +18,13 @@ ChangePassword::ChangePassword(toolkit::Services services)
 {
     // clang-format off
     label("Label1", {240, 240, 1095, 255}, "Username:", {});
-    username = textBox("username", {1800, 240, 1215, 285}, accountLimit, {.tab = 1});
+    username = textBox("username", {1800, 240, 1215, 285}, schema::accountLimit, {.tab = 1});
     label("Label2", {240, 720, 1215, 255}, "Password:", {});
-    password = textBox("password", {1800, 720, 1215, 285}, accountLimit, {.tab = 3});
+    password = textBox("password", {1800, 720, 1215, 285}, schema::accountLimit, {.tab = 3});
     label("Label3", {240, 1200, 1335, 375}, "New Password:", {});
-    newpassword = textBox("newpassword", {1800, 1200, 1215, 285}, accountLimit, {.tab = 5});
+    newpassword = textBox("newpassword", {1800, 1200, 1215, 285}, schema::accountLimit, {.tab = 5});
     label("Label4", {240, 1680, 1455, 255}, "Retype Password:", {});
-    newpassword2 = textBox("newpassword2", {1800, 1680, 1215, 285}, accountLimit, {.tab = 7});
+    newpassword2 = textBox("newpassword2", {1800, 1680, 1215, 285}, schema::accountLimit, {.tab = 7});
     auto* Command1 = button("Command1", {240, 2160, 1335, 375}, "&Change", {.tab = 8});
     auto* cancel = button("cancel", {1800, 2160, 1215, 375}, "Ca&ncel", {.tab = 9});
     // clang-format on
@@ -63,7 +65,7 @@ bool ChangePassword::replacePassword(const QString& name, const QString& present
     account.Open(db::statements::account(name, present), *connection, db::Lock::Optimistic);
     if (account.Eof() || account.Bof())
         return false;
-    account.set("password", replacement);
+    account.set(schema::password, replacement);
     account.Update();
     return true;
 }

@@ -5,6 +5,8 @@
 
 namespace admin {
 
+namespace schema = db::schema;
+
 using toolkit::verdana;
 using toolkit::Weight;
 
@@ -20,8 +22,8 @@ Login::Login(toolkit::Services services)
     label("Label1", {240, 120, 6375, 495}, "ORVANTA", {.font = verdana(20.25, Weight::Bold), .centred = true});
     label("Label2", {600, 840, 5415, 255}, "ADMINISTRATIVE LOGIN. LEAVE IF NOT OWNER",
           {.font = verdana(9.75, Weight::Bold), .centred = true});
-    username = textBox("username", {2640, 1440, 1695, 285}, accountLimit, {.tab = 7});
-    password = textBox("password", {2640, 1920, 1695, 285}, accountLimit, {.tab = 3});
+    username = textBox("username", {2640, 1440, 1695, 285}, schema::accountLimit, {.tab = 7});
+    password = textBox("password", {2640, 1920, 1695, 285}, schema::accountLimit, {.tab = 3});
     auto* login = button("login", {4560, 1440, 1215, 255}, "&Login", {.tab = 5});
     auto* exit = button("exit", {4560, 1920, 1215, 255}, "E&xit", {.tab = 6});
     label("Label3", {720, 1440, 1695, 375}, "Username:", {.rightAligned = true});
@@ -40,7 +42,7 @@ Login::Login(toolkit::Services services)
 void Login::openBank()
 {
     auto opened = db::opendatabase();
-    opened->require("users", {"username", "password"});
+    opened->require(schema::users);
     connection = std::move(opened);
 }
 

@@ -51,7 +51,7 @@ void Messages::Form_Load()
 
 void Messages::displaymessage()
 {
-    message->setText(hasRow() ? rows.text("message") : QString());
+    message->setText(hasRow() ? rows.text(db::schema::message) : QString());
 }
 
 void Messages::messages_cmdadd_Click()
@@ -70,7 +70,7 @@ void Messages::messages_cmdsave_Click()
         return;
     }
     rows.AddNew();
-    rows.set("message", message->text());
+    rows.set(db::schema::message, message->text());
     rows.Update();
     notice("Successfully Saved", Icon::Information);
     setAdding(false);
@@ -84,7 +84,7 @@ void Messages::messages_cmdupdate_Click()
         notice("Can't be left empty", Icon::Information);
         return;
     }
-    rows.set("message", message->text());
+    rows.set(db::schema::message, message->text());
     rows.Update();
     notice("Updated", Icon::Information);
 }

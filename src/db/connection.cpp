@@ -11,8 +11,8 @@ QString databasepath()
 {
     const QString directory = QDir::currentPath();
     if (directory.isEmpty())
-        throw failed(Attempt::Open, "orv.orv", reasons::missing);
-    return directory + QString("%1orv.orv").arg(directory.endsWith(u'/') ? "" : "/");
+        throw failed(Attempt::Open, schema::fileName, reasons::missing);
+    return directory + (directory.endsWith(u'/') ? "" : "/") + schema::fileName;
 }
 
 std::unique_ptr<Connection> opendatabase()
@@ -39,9 +39,9 @@ Recordset Connection::Execute(const Query& query)
     return result;
 }
 
-void Connection::require(const QString& table, const QStringList& fields)
+void Connection::require(const schema::Table& table)
 {
-    layoutOf(*handle(), table, fields);
+    layoutOf(*handle(), table);
 }
 
 const std::shared_ptr<Handle>& Connection::handle() const

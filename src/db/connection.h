@@ -2,9 +2,8 @@
 
 #include "db/failure.h"
 #include "db/recordset.h"
+#include "db/schema.h"
 #include "db/statements.h"
-
-#include <QStringList>
 
 #include <chrono>
 #include <memory>
@@ -31,8 +30,8 @@ public:
     /// The rows of `query` for reading, on the first row.
     Recordset Execute(const Query& query);
 
-    /// Throws NoTable or NoField unless the file has `table` with all of `fields`.
-    void require(const QString& table, const QStringList& fields);
+    /// Throws NoTable or NoField unless the file has `table` with all of its fields.
+    void require(const schema::Table& table);
 
 private:
     friend class Recordset;

@@ -63,7 +63,7 @@ Layout readLayout(Handle& handle, const QString& table, const QStringList& field
     for (const QString& field : fields)
         if (!find(columns, field))
             throw noField(handle.path(), table, field);
-    const QString id = QString::fromLatin1(sql::idField);
+    const QString id = QString::fromLatin1(schema::questionId);
     const bool idIsPrimaryKey = isOnlyPrimaryKey(columns, id);
     const QString key = hasRowNumbers ? rowNumberName(columns) : idIsPrimaryKey ? id : QString();
     if (key.isEmpty())
@@ -73,6 +73,14 @@ Layout readLayout(Handle& handle, const QString& table, const QStringList& field
     return {key.toStdString(), alias};
 }
 
+QStringList texts(Fields fields)
+{
+    QStringList list;
+    for (const char* field : fields)
+        list << QString::fromLatin1(field);
+    return list;
+}
+
 } // namespace
 
 Layout layoutOf(Handle& handle, const QString& table, const QStringList& fields)
@@ -80,13 +88,14 @@ Layout layoutOf(Handle& handle, const QString& table, const QStringList& fields)
     return handle.reading([&] { return readLayout(handle, table, fields); });
 }
 
+Layout layoutOf(Handle& handle, const schema::Table& table)
+{
+    return layoutOf(handle, QString::fromLatin1(table.name), texts(table.fields));
+}
+
 Layout layoutOf(Handle& handle, const Source& source)
 {
-    QStringList fields;
-    for (const Fields group : {source.fields, source.filter})
-        for (const char* field : group)
-            fields << QString::fromLatin1(field);
-    return layoutOf(handle, QString::fromLatin1(source.table), fields);
+    return layoutOf(handle, QString::fromLatin1(source.table), texts(source.fields) + texts(source.filter));
 }
 
 } // namespace db

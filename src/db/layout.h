@@ -16,6 +16,7 @@ struct Layout
 
 /// Throws NoTable or NoField unless the file has `table` with all of `fields`.
 Layout layoutOf(Handle& handle, const QString& table, const QStringList& fields);
+Layout layoutOf(Handle& handle, const schema::Table& table);
 Layout layoutOf(Handle& handle, const Source& source);
 
 } // namespace db

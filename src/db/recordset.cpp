@@ -137,7 +137,7 @@ void Recordset::Core::set(QAnyStringView field, Value value)
 {
     requireChangeable();
     const FieldIndex index = indexOf(field);
-    if (source_.fields[index] == std::string_view(sql::idField))
+    if (source_.fields[index] == std::string_view(schema::questionId))
         throw refusal(Attempt::Change, reasons::idIsAssigned);
     if (!edit_) {
         requireRow(Attempt::Change);
@@ -272,11 +272,11 @@ qint64 Recordset::Core::insert(const Edit& edit)
     const bool weAssignId = source_.hasId && !layout_.idIsRowNumber;
     const qint64 id = weAssignId ? nextId() : 0;
     if (weAssignId) {
-        fields.push_back(sql::idField);
+        fields.push_back(schema::questionId);
         values.emplace_back(id);
     }
     execute(sql::insertion(source_.table, fields), values, reasons::refused);
-    return layout_.key == sql::idField ? id : handle_->lastRowNumber();
+    return layout_.key == schema::questionId ? id : handle_->lastRowNumber();
 }
 
 qint64 Recordset::Core::change(const Edit& edit)

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <span>
+#include "db/schema.h"
+
 #include <string>
 
 namespace db {
-
-using Fields = std::span<const char* const>;
 
 /// What a query reads: the rows of one table whose `filter` fields equal the values bound in their order.
 struct Source
@@ -27,14 +26,12 @@ struct Source
 /// Texts of the statements. `key` is the name under which the file's table gives each row's unique number.
 namespace sql {
 
-inline constexpr const char* idField = "question_id";
-
 extern const char* const durable;
 
 extern const char* const tableKind;  ///< table -> type, whether it lacks row numbers
 extern const char* const columns;    ///< table -> name and place in the primary key of each column
 extern const char* const keyIndexes; ///< table -> one row if its primary key is kept in an index
-extern const char* const largestId;
+extern const std::string largestId;
 
 enum class Direction { Forward, Backward };
 

@@ -7,23 +7,22 @@
 namespace db {
 namespace {
 
-constexpr std::array questionFields = {
-    "question_id",    "question", "answer1", "answer2", "answer3", "answer4",
-    "correct_answer", "Level",    "a",       "b",       "c",       "d"};
-constexpr std::array tallyFields = {"a", "b", "c", "d"};
-constexpr std::array levelFields = {"Level"};
-constexpr std::array idFields = {sql::idField};
-constexpr std::array messageFields = {"message"};
-constexpr std::array accountFields = {"username", "password"};
+constexpr std::array levelField = {schema::level};
+constexpr std::array idField = {schema::questionId};
 
 using Order = Source::Order;
-constexpr Source questionIdsOfLevelSource = {"questions", idFields, levelFields, {}, Order::KeyListed, true};
-constexpr Source questionsOfLevelSource = {"questions", questionFields, levelFields,
-                                           tallyFields, Order::Key,     true};
-constexpr Source questionByIdSource = {"questions", questionFields, idFields, tallyFields, Order::Key, true};
-constexpr Source allQuestionsSource = {"questions", questionFields, {}, tallyFields, Order::Id, true};
-constexpr Source promptMessagesSource = {"locking", messageFields, {}, {}, Order::Key, false};
-constexpr Source accountSource = {"users", accountFields, accountFields, {}, Order::Key, false};
+constexpr Source questionIdsOfLevelSource = {schema::questions.name, idField, levelField, {},
+                                             Order::KeyListed,       true};
+constexpr Source questionsOfLevelSource = {
+    schema::questions.name, schema::questionFields, levelField, schema::tallies, Order::Key, true};
+constexpr Source questionByIdSource = {
+    schema::questions.name, schema::questionFields, idField, schema::tallies, Order::Key, true};
+constexpr Source allQuestionsSource = {
+    schema::questions.name, schema::questionFields, {}, schema::tallies, Order::Id, true};
+constexpr Source promptMessagesSource = {
+    schema::locking.name, schema::messageFields, {}, {}, Order::Key, false};
+constexpr Source accountSource = {
+    schema::users.name, schema::accountFields, schema::accountFields, {}, Order::Key, false};
 
 // "one<between>two<between>three", each followed by `after`.
 std::string joined(Fields fields, const std::string& after, const std::string& between)
@@ -90,12 +89,17 @@ const char* const tableKind =
     "select type, wr from pragma_table_list where schema = 'main' and name = ? collate nocase";
 const char* const columns = "select name, pk from pragma_table_xinfo(?)";
 const char* const keyIndexes = "select 1 from pragma_index_list(?) where origin = 'pk'";
-const char* const largestId = "select max(cast(question_id as integer)) from questions";
+
+namespace {
+// A foreign file may hold its numbers as text.
+const std::string idAsNumber = std::string("cast(") + schema::questionId + " as integer)";
+} // namespace
+
+const std::string largestId = "select max(" + idAsNumber + ") from " + schema::questions.name;
 
 std::string keys(const Source& source, const std::string& key)
 {
-    // A foreign file may hold its numbers as text.
-    const std::string id = source.order == Source::Order::Id ? "cast(question_id as integer), " : "";
+    const std::string id = source.order == Source::Order::Id ? idAsNumber + ", " : "";
     return "select " + key + " from " + source.table + where(filterOf(source)) + " order by " + id + key;
 }
 

@@ -1,7 +1,10 @@
 #include "game/draw.h"
 
+#include "db/schema.h"
 #include "game/ladder.h"
 #include "toolkit/random.h"
+
+#include <algorithm>
 
 namespace game {
 
@@ -9,9 +12,7 @@ std::optional<QString> levelAfter(int n)
 {
     if (n < 0 || n > lastQuestion)
         return std::nullopt;
-    if (n < questionsPerStep)
-        return "1";
-    return n < 2 * questionsPerStep ? "2" : "3";
+    return db::schema::levels[static_cast<std::size_t>(std::min(n, lastQuestion - 1) / questionsPerStep)];
 }
 
 int pickedRow(float r, int count)

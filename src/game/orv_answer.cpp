@@ -50,7 +50,7 @@ void Orv::lockanswer()
         clearoptions();
         return;
     }
-    const QString correctAnswer = state.currentquestion.text("correct_answer");
+    const QString correctAnswer = state.currentquestion.text(db::schema::correctAnswer);
     if (!sameAnswer(state.chosenanswer, correctAnswer)) {
         judgeWrong(correctAnswer);
         return;
@@ -75,7 +75,7 @@ QString Orv::promptMessage()
     const int picked = pickedRow(services().random.next(), count);
     messages.MoveFirst();
     messages.Move(picked);
-    return messages.text("message");
+    return messages.text(db::schema::message);
 }
 
 void Orv::judgeWrong(const QString& correctAnswer)
@@ -103,9 +103,9 @@ void Orv::judgeWrong(const QString& correctAnswer)
 /// Adds the choice of option k to the question's tallies. The verdict stands even if that cannot be written.
 void Orv::recordchoice(int k)
 {
-    const char* tally = tallies[k - 1];
+    const char* tally = db::schema::tallies[static_cast<std::size_t>(k) - 1];
     try {
-        const qint64 id = state.currentquestion.number("question_id");
+        const qint64 id = state.currentquestion.number(db::schema::questionId);
         db::Recordset row;
         row.Open(db::statements::questionById(id), *state.connection, db::Lock::Optimistic);
         row.set(tally, row.number(tally) + 1);

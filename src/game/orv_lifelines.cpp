@@ -32,7 +32,7 @@ void Orv::orv_lifeline1_Click()
     showusedlifelines();
     std::array<PollOption, options> polled;
     for (int i = 0; i < options; ++i)
-        polled[i] = {state.currentquestion.number(tallies[i]), !option[i]->text().isEmpty()};
+        polled[i] = {state.currentquestion.number(db::schema::tallies[i]), !option[i]->text().isEmpty()};
     const auto percentages = pollPercentages(polled);
     for (int i = 0; i < options; ++i)
         showShare(i, polled[i].shown, percentages[i]);
@@ -99,7 +99,7 @@ void Orv::orv_lifeline3_Click()
     }
     state.fiftyused = true;
     showusedlifelines();
-    const QString correctAnswer = state.currentquestion.text("correct_answer");
+    const QString correctAnswer = state.currentquestion.text(db::schema::correctAnswer);
     std::array<bool, options> removable{};
     for (int i = 0; i < options; ++i)
         removable[i] = !option[i]->text().isEmpty() && !sameAnswer(answerOf(*option[i]), correctAnswer);

@@ -6,6 +6,8 @@
 
 namespace game {
 
+namespace schema = db::schema;
+
 void Orv::displayquestion()
 {
     random->setEnabled(true);
@@ -18,17 +20,17 @@ void Orv::displayquestion()
     row = state.connection->Execute(db::statements::questionsOfLevel(state.questionlevel));
     row.MoveFirst();
     row.Move(state.questionindex);
-    const std::array answers = {row.text("answer1"), row.text("answer2"), row.text("answer3"),
-                                row.text("answer4")};
-    question->setText(row.text("question"));
+    const std::array answers = {row.text(schema::answers[0]), row.text(schema::answers[1]),
+                                row.text(schema::answers[2]), row.text(schema::answers[3])};
+    question->setText(row.text(schema::question));
     for (int i = 0; i < options; ++i)
         option[i]->setText(QString("%1> ").arg(QChar('A' + i)) + answers[i]);
     state.chosenanswer.clear();
     state.begun = true;
     clearoptions();
     narrate(AtOnce, "announce",
-            "Your question is,," + row.text("question") + ",,the four options are,,A," + answers[0] + ",B," +
-                answers[1] + ",C," + answers[2] + ",D," + answers[3]);
+            "Your question is,," + row.text(schema::question) + ",,the four options are,,A," + answers[0] +
+                ",B," + answers[1] + ",C," + answers[2] + ",D," + answers[3]);
     narrate(Queued, "think", "");
 }
 
@@ -42,7 +44,7 @@ void Orv::drawQuestion()
         // With more rows than questions asked there is an unasked one; no need to look for it.
         if (!unasked)
             unasked = count >= state.askedquestions.size() ||
-                      !state.askedquestions.contains(ids.number("question_id"));
+                      !state.askedquestions.contains(ids.number(schema::questionId));
         ++count;
     }
     if (!unasked)
@@ -54,7 +56,7 @@ void Orv::drawQuestion()
         state.questionindex = pickedRow(services().random.next(), count);
         ids.MoveFirst();
         ids.Move(state.questionindex);
-        id = ids.number("question_id");
+        id = ids.number(schema::questionId);
     } while (state.askedquestions.contains(id));
     state.askedquestions.insert(id);
 }

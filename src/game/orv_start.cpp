@@ -19,9 +19,8 @@ void Orv::openBank()
 {
     state.databasepath = db::databasepath();
     state.connection = db::opendatabase();
-    state.connection->require("questions", {"question_id", "question", "answer1", "answer2", "answer3",
-                                            "answer4", "correct_answer", "Level", "a", "b", "c", "d"});
-    state.connection->require("locking", {"message"});
+    state.connection->require(db::schema::questions);
+    state.connection->require(db::schema::locking);
 }
 
 // Whatever goes wrong with the host, the show goes on without it or with what it can do.

@@ -1,11 +1,11 @@
 #include "narrator/host.h"
 
-#include "narrator/character_file.h"
-#include "narrator/figure.h"
 #include "narrator/player.h"
-#include "narrator/stage.h"
-#include "narrator/voice.h"
+#include "rig/character_file.h"
+#include "rig/figure.h"
+#include "stage/stage.h"
 #include "toolkit/clock.h"
+#include "voice/voice.h"
 
 #include <QPointer>
 #include <QRandomGenerator>
@@ -27,14 +27,14 @@ constexpr auto lookPeriod = 1s;
 class Host final : public Character
 {
 public:
-    Host(QWidget& form, toolkit::Clock& clock, Speaker* speaker, const QString& path)
+    Host(QWidget& form, toolkit::Clock& clock, voice::Speaker* speaker, const QString& path)
         : clock_(clock),
-          figure_(readCharacterFile(path), path),
+          figure_(rig::readCharacterFile(path), path),
           voice_(speaker),
           player_(
               figure_.rig(), voice_, [] { return QRandomGenerator::global()->generateDouble(); },
               clock.now()),
-          stage_(new Stage(form, figure_)),
+          stage_(new stage::Stage(form, figure_)),
           timer_(clock, idleFrame)
     {
         stage_->onVisibility([this] { update(); });
@@ -95,7 +95,7 @@ private:
         const auto now = clock_.now();
         player_.see(stage_->sights());
         const Frame frame = player_.frame(now);
-        stage_->present(frame);
+        stage_->present(frame.pose, frame.text, frame.said);
         if (now >= nextLook_) {
             stage_->lookAround();
             nextLook_ = now + lookPeriod;
@@ -110,10 +110,10 @@ private:
     }
 
     toolkit::Clock& clock_;
-    Figure figure_;
-    SpeakingVoice voice_;
+    rig::Figure figure_;
+    voice::SpeakingVoice voice_;
     Player player_;
-    QPointer<Stage> stage_;
+    QPointer<stage::Stage> stage_;
     toolkit::Timer timer_;
     std::chrono::milliseconds nextLook_{0};
 };
@@ -121,7 +121,7 @@ private:
 class LoadedCharacters final : public Characters
 {
 public:
-    LoadedCharacters(QWidget& form, toolkit::Clock& clock, Speaker* speaker)
+    LoadedCharacters(QWidget& form, toolkit::Clock& clock, voice::Speaker* speaker)
         : form_(&form), clock_(clock), speaker_(speaker)
     {
     }
@@ -132,7 +132,11 @@ public:
             throw LoadFailure(id.toStdString() + " is loaded already");
         if (!form_)
             throw LoadFailure("the form of the host is gone");
-        hosts_.emplace(id, std::make_unique<Host>(*form_, clock_, speaker_, path));
+        try {
+            hosts_.emplace(id, std::make_unique<Host>(*form_, clock_, speaker_, path));
+        } catch (const rig::FileFailure& failure) {
+            throw LoadFailure(failure.what());
+        }
     }
 
     Character& Item(const QString& id) override
@@ -146,13 +150,13 @@ public:
 private:
     QPointer<QWidget> form_;
     toolkit::Clock& clock_;
-    Speaker* speaker_;
+    voice::Speaker* speaker_;
     std::map<QString, std::unique_ptr<Host>> hosts_;
 };
 
 } // namespace
 
-std::unique_ptr<Characters> makeCharacters(QWidget& form, toolkit::Clock& clock, Speaker* speaker)
+std::unique_ptr<Characters> makeCharacters(QWidget& form, toolkit::Clock& clock, voice::Speaker* speaker)
 {
     return std::make_unique<LoadedCharacters>(form, clock, speaker);
 }

@@ -1,6 +1,6 @@
 #include "narrator/player.h"
 
-#include "narrator/balloon_text.h"
+#include "stage/balloon_text.h"
 
 #include <algorithm>
 
@@ -21,9 +21,16 @@ double sinceMs(std::chrono::milliseconds start, std::chrono::milliseconds now)
     return static_cast<double>((now - start).count());
 }
 
+/// The rig and the voice know the same shapes and not each other.
+rig::MouthShape rigShape(voice::MouthShape shape)
+{
+    static_assert(static_cast<int>(voice::MouthShape::U) == static_cast<int>(rig::MouthShape::U));
+    return static_cast<rig::MouthShape>(shape);
+}
+
 } // namespace
 
-Player::Player(const Rig& rig, Voice& voice, std::function<double()> random, Milliseconds now)
+Player::Player(const rig::Rig& rig, voice::Voice& voice, std::function<double()> random, Milliseconds now)
     : rig_(rig),
       voice_(voice),
       random_(std::move(random)),
@@ -62,12 +69,12 @@ void Player::skip(Milliseconds now)
 Frame Player::frame(Milliseconds now)
 {
     queue_.advance(now);
-    Frame frame{poseAt(rig_, motion_, sinceMs(motionStart_, now)), text_, 0};
-    addSines(rig_, frame.pose, static_cast<double>(now.count()));
-    addLook(rig_, frame.pose, gaze_.at(now, motion_.gesture == nullptr, sights_));
-    closeLids(rig_, frame.pose, lidsClosed(now));
+    Frame frame{rig::poseAt(rig_, motion_, sinceMs(motionStart_, now)), text_, 0};
+    rig::addSines(rig_, frame.pose, static_cast<double>(now.count()));
+    rig::addLook(rig_, frame.pose, gaze_.at(now, motion_.gesture == nullptr, sights_));
+    rig::closeLids(rig_, frame.pose, lidsClosed(now));
     if (!text_.isEmpty()) {
-        shapeMouth(rig_, frame.pose, voice_.mouth(now));
+        rig::shapeMouth(rig_, frame.pose, rigShape(voice_.mouth(now)));
         frame.said = voice_.said(now);
     }
     return frame;
@@ -82,7 +89,7 @@ void Player::begin(const Request& request, Milliseconds start)
 {
     requestStart_ = start;
     if (request.kind == Request::Kind::Gesture) {
-        if (const Gesture* gesture = rig_.gesture(request.text))
+        if (const rig::Gesture* gesture = rig_.gesture(request.text))
             turnTo(gesture, start);
     } else if (reading_ = readingTime(request.text); reading_ > 0ms) {
         text_ = request.text;
@@ -114,9 +121,9 @@ void Player::finish(Milliseconds time)
     text_.clear();
 }
 
-void Player::turnTo(const Gesture* gesture, Milliseconds time)
+void Player::turnTo(const rig::Gesture* gesture, Milliseconds time)
 {
-    motion_ = {gesture, poseAt(rig_, motion_, sinceMs(motionStart_, time))};
+    motion_ = {gesture, rig::poseAt(rig_, motion_, sinceMs(motionStart_, time))};
     motionStart_ = time;
 }
 
@@ -134,9 +141,9 @@ double Player::lidsClosed(Milliseconds now)
 
 std::chrono::milliseconds readingTime(const QString& text)
 {
-    if (shownText(text).isEmpty())
+    if (stage::shownText(text).isEmpty())
         return 0ms;
-    return std::max(std::chrono::milliseconds(leastReadingTime), readingPace(text.size()));
+    return std::max(std::chrono::milliseconds(leastReadingTime), voice::readingPace(text.size()));
 }
 
 } // namespace narrator

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "narrator/gaze.h"
-#include "narrator/motion.h"
 #include "narrator/request_queue.h"
-#include "narrator/voice.h"
+#include "rig/gaze.h"
+#include "rig/motion.h"
+#include "voice/voice.h"
 
 #include <QString>
 
@@ -16,7 +16,7 @@ namespace narrator {
 /// What there is to see of the host at one moment.
 struct Frame
 {
-    Pose pose;
+    rig::Pose pose;
     QString text;       ///< the one being said, as it was given; empty for none
     qsizetype said = 0; ///< how many of its characters have been said
 };
@@ -29,7 +29,7 @@ public:
     using Milliseconds = std::chrono::milliseconds;
 
     /// `random` gives numbers from 0 up to 1; rig and voice must outlive the player.
-    Player(const Rig& rig, Voice& voice, std::function<double()> random, Milliseconds now);
+    Player(const rig::Rig& rig, voice::Voice& voice, std::function<double()> random, Milliseconds now);
 
     void play(const QString& gesture, Milliseconds now);
     void speak(const QString& text, Milliseconds now);
@@ -38,7 +38,7 @@ public:
     void skip(Milliseconds now);
 
     /// What there is to look at while nothing is being carried out.
-    void see(const Sights& sights) { sights_ = sights; }
+    void see(const rig::Sights& sights) { sights_ = sights; }
 
     [[nodiscard]] Frame frame(Milliseconds now);
 
@@ -50,16 +50,16 @@ private:
     std::optional<Milliseconds> ended(Milliseconds now) override;
     void finish(Milliseconds time) override;
 
-    void turnTo(const Gesture* gesture, Milliseconds time);
+    void turnTo(const rig::Gesture* gesture, Milliseconds time);
     [[nodiscard]] double lidsClosed(Milliseconds now);
 
-    const Rig& rig_;
-    Voice& voice_;
+    const rig::Rig& rig_;
+    voice::Voice& voice_;
     std::function<double()> random_;
-    Gaze gaze_;
-    Sights sights_;
+    rig::Gaze gaze_;
+    rig::Sights sights_;
     RequestQueue queue_;
-    Motion motion_;
+    rig::Motion motion_;
     Milliseconds motionStart_;
     Milliseconds requestStart_;
     Milliseconds nextBlink_;

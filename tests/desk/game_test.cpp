@@ -30,34 +30,4 @@ TEST_F(GameJourney, GoesUpToTheTopPrizeAndBackToTheStart)
     EXPECT_EQ(choices(), chosen.join(',').toStdString());
 }
 
-TEST_F(GameJourney, TakesBackAChoiceStaysAndLosesToTheSafeStep)
-{
-    begin();
-    toQuestion("");
-    for (int n = 1; n <= 6; ++n) {
-        win();
-        next();
-    }
-    bank.execute("update questions set a = 1, b = 1, c = 1, d = 1");
-    choose(wrong());
-    EXPECT_EQ(desk->answer("\x1b").summary().substr(0, 18), "Orvanta |  shall I");
-    desk->click("orv", "leave");
-    EXPECT_EQ(desk->answer("\x1b").summary(),
-              "Orvanta | , are you sure you want to leave | no icon | No | Yes");
-    const std::string twice = choice(wrong(), 2);
-    const std::string correct =
-        bank.value("select correct_answer from questions where question = '" + says().toStdString() + "'");
-    choose(wrong());
-    desk->answer("Yes");
-    EXPECT_EQ(desk->answer("OK").summary(),
-              "Orvanta | Sorry!  But your Answer is wrong. The correct answer was " + correct +
-                  " | exclamation | OK");
-    desk->untilKeyboard(desk->untilFocus("orv", "cmdokquit").at("orv").window);
-    EXPECT_EQ(says(), "Total Prize Money Rs. 10,000");
-    desk->display->type("\r");
-    EXPECT_EQ(desk->answer("OK").summary(), farewell);
-    desk->untilOnly("thank");
-    EXPECT_EQ(choices(), twice);
-}
-
 } // namespace desk

@@ -1,5 +1,5 @@
-#include "narrator/clicks.h"
 #include "narrator/host.h"
+#include "stage/clicks.h"
 #include "support/doubles.h"
 
 #include <QApplication>
@@ -41,7 +41,7 @@ struct Game
 
     [[nodiscard]] bool click(int x, int y) const
     {
-        return clickThrough(*form, form->mapToGlobal(QPoint(x, y)), Qt::LeftButton);
+        return stage::clickThrough(*form, form->mapToGlobal(QPoint(x, y)), Qt::LeftButton);
     }
 
     support::SteppedClock clock;

@@ -1,5 +1,5 @@
 #include "narrator/player.h"
-#include "sample.h"
+#include "support/sample.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ double middle()
 }
 
 /// Says each text with a delay before the first word, at a pace of its own.
-struct SlowVoice final : Voice
+struct SlowVoice final : voice::Voice
 {
     SlowVoice(Milliseconds wait, Milliseconds span) : delay(wait), length(span) {}
 
@@ -24,7 +24,7 @@ struct SlowVoice final : Voice
     std::optional<Milliseconds> firstWord(Milliseconds now) override { return after(delay, now); }
     std::optional<Milliseconds> lastWord(Milliseconds now) override { return after(length, now); }
     qsizetype said(Milliseconds) override { return 0; }
-    MouthShape mouth(Milliseconds) override { return MouthShape::A; }
+    voice::MouthShape mouth(Milliseconds) override { return voice::MouthShape::A; }
 
     [[nodiscard]] std::optional<Milliseconds> after(Milliseconds span, Milliseconds now) const
     {
@@ -59,11 +59,11 @@ TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
         {0ms, 0ms, "Greet 60 Greet 60 Greet @9000 +3000 60 think 60 @3600000 +100", // catches up
          " 9000:60 10000:- 10100:gesture 10900:- 11200:idle"},
     };
-    const Rig rig = sample::rig();
+    const rig::Rig rig = sample::rig();
     for (const auto& row : table) {
-        SpeakingVoice silent(nullptr);
+        voice::SpeakingVoice silent(nullptr);
         SlowVoice slow(row.delay, row.length);
-        Voice& voice = row.length > 0ms ? static_cast<Voice&>(slow) : silent;
+        voice::Voice& voice = row.length > 0ms ? static_cast<voice::Voice&>(slow) : silent;
         Player player(rig, voice, middle, 0ms);
         Milliseconds now{0};
         std::string log;
@@ -106,10 +106,10 @@ TEST(Player, GivesEveryTextItsReadingTime)
         {QString(60, u'a'), 4000ms},
         {QString(1'000'000, u'a'), 66'666'667ms},
     };
-    const Rig rig = sample::rig();
+    const rig::Rig rig = sample::rig();
     for (const auto& [text, time] : table) {
         EXPECT_EQ(readingTime(text), time);
-        SpeakingVoice voice(nullptr);
+        voice::SpeakingVoice voice(nullptr);
         Player player(rig, voice, middle, 0ms);
         player.speak(text, 0ms);
         EXPECT_EQ(player.frame(0ms).said, time > 0ms ? text.size() : 0); // one word

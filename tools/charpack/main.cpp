@@ -2,9 +2,8 @@
 #include "palette.h"
 #include "sheet.h"
 
-#include "narrator/character.h"
-#include "narrator/character_file.h"
-#include "narrator/figure.h"
+#include "rig/character_file.h"
+#include "rig/figure.h"
 
 #include <CLI/CLI.hpp>
 #include <QDir>
@@ -33,16 +32,16 @@ void join(const std::vector<std::string>& sources, const std::string& output)
     const QByteArray joined =
         joinCharacter(QString::fromStdString(sources[0]), QString::fromStdString(sources[1]), gestures);
     QSaveFile file(QString::fromStdString(output));
-    const narrator::Figure checked(narrator::readCharacter(joined, file.fileName()), file.fileName());
+    const rig::Figure checked(rig::readCharacter(joined, file.fileName()), file.fileName());
     require(file.open(QIODevice::WriteOnly), file);
     file.write(joined);
     require(file.commit(), file);
 }
 
-narrator::Figure load(const std::string& path)
+rig::Figure load(const std::string& path)
 {
     const QString name = QString::fromStdString(path);
-    return {narrator::readCharacterFile(name), name};
+    return {rig::readCharacterFile(name), name};
 }
 
 void save(const QImage& image, const std::string& path)
@@ -62,10 +61,10 @@ struct DrawOptions
 
 void draw(const DrawOptions& options)
 {
-    narrator::Figure figure = load(options.character);
+    rig::Figure figure = load(options.character);
     if (options.gesture.empty())
         return save(drawSheet(figure, options.poses, options.zoom), options.output);
-    const narrator::Gesture* gesture = figure.rig().gesture(QString::fromStdString(options.gesture));
+    const rig::Gesture* gesture = figure.rig().gesture(QString::fromStdString(options.gesture));
     if (!gesture)
         throw std::runtime_error("there is no gesture " + options.gesture);
     save(drawGesture(figure, *gesture, options.poses, options.zoom), options.output);
@@ -74,7 +73,7 @@ void draw(const DrawOptions& options)
 /// One picture for every gesture, one of the mouth shapes and one of everything, for the documents.
 void drawSheets(const std::string& path, const std::string& output)
 {
-    narrator::Figure figure = load(path);
+    rig::Figure figure = load(path);
     const QDir folder(QString::fromStdString(output));
     if (!folder.mkpath("."))
         throw std::runtime_error(output + ": the folder cannot be made");
@@ -84,7 +83,7 @@ void drawSheets(const std::string& path, const std::string& output)
     keep(drawOverview(figure, 6, 0.75), "overview");
     keep(drawMouths(figure), "mouths");
     int number = 0;
-    for (const narrator::Gesture& gesture : figure.rig().gestures) {
+    for (const rig::Gesture& gesture : figure.rig().gestures) {
         // The number tells names apart where the case of letters does not count.
         const QString place = QString("%1-").arg(++number, 2, 10, QLatin1Char('0'));
         keep(drawGesture(figure, gesture, 7, 0.8), place + gesture.name);

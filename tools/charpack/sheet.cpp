@@ -1,6 +1,6 @@
 #include "sheet.h"
 
-#include "narrator/motion.h"
+#include "rig/motion.h"
 
 #include <QPainter>
 
@@ -15,7 +15,7 @@ const QColor line(0x3c, 0x2f, 0x66);
 class Sheet
 {
 public:
-    Sheet(const narrator::Rig& rig, int columns, int rows, double zoom)
+    Sheet(const rig::Rig& rig, int columns, int rows, double zoom)
         : cell_(rig.size.toSize() + QSize(2 * sideMargin, 2 * topMargin)),
           image_((QSizeF(cell_.width() * columns, cell_.height() * rows) * zoom).toSize(),
                  QImage::Format_ARGB32_Premultiplied),
@@ -30,7 +30,7 @@ public:
         }
     }
 
-    void paint(narrator::Figure& figure, const narrator::Pose& pose, int column, int row)
+    void paint(rig::Figure& figure, const rig::Pose& pose, int column, int row)
     {
         QPainter painter(&image_);
         painter.scale(zoom_, zoom_);
@@ -47,37 +47,37 @@ private:
     double zoom_;
 };
 
-void drawRow(Sheet& sheet, narrator::Figure& figure, const narrator::Gesture& gesture, int poses, int row)
+void drawRow(Sheet& sheet, rig::Figure& figure, const rig::Gesture& gesture, int poses, int row)
 {
-    const narrator::Rig& rig = figure.rig();
+    const rig::Rig& rig = figure.rig();
     for (int column = 0; column < poses; ++column) {
         const double time = gesture.lengthMs * (column + 1) / (poses + 1);
-        sheet.paint(figure, narrator::poseAt(rig, {&gesture, rig.rest}, time), column, row);
+        sheet.paint(figure, rig::poseAt(rig, {&gesture, rig.rest}, time), column, row);
     }
 }
 
 } // namespace
 
-QImage drawGesture(narrator::Figure& figure, const narrator::Gesture& gesture, int poses, double zoom)
+QImage drawGesture(rig::Figure& figure, const rig::Gesture& gesture, int poses, double zoom)
 {
     Sheet sheet(figure.rig(), poses, 1, zoom);
     drawRow(sheet, figure, gesture, poses, 0);
     return sheet.image();
 }
 
-QImage drawMouths(narrator::Figure& figure)
+QImage drawMouths(rig::Figure& figure)
 {
     constexpr double zoom = 2;
     constexpr int columns = 3;
-    const narrator::Rig& rig = figure.rig();
+    const rig::Rig& rig = figure.rig();
     const QSize face(rig.size.toSize().width() * 3 / 5, rig.size.toSize().height() / 2);
     const QSize cell = face * zoom;
-    const int rows = (static_cast<int>(narrator::mouthShapeCount) + columns - 1) / columns;
+    const int rows = (static_cast<int>(rig::mouthShapeCount) + columns - 1) / columns;
     QImage sheet(cell.width() * columns, cell.height() * rows, QImage::Format_ARGB32_Premultiplied);
     sheet.fill(background);
-    for (int i = 0; i < static_cast<int>(narrator::mouthShapeCount); ++i) {
-        narrator::Pose pose = rig.rest;
-        narrator::shapeMouth(rig, pose, static_cast<narrator::MouthShape>(i));
+    for (int i = 0; i < static_cast<int>(rig::mouthShapeCount); ++i) {
+        rig::Pose pose = rig.rest;
+        rig::shapeMouth(rig, pose, static_cast<rig::MouthShape>(i));
         QPainter painter(&sheet);
         painter.setClipRect(QRect(QPoint(i % columns * cell.width(), i / columns * cell.height()), cell));
         painter.translate(painter.clipBoundingRect().topLeft());
@@ -88,22 +88,22 @@ QImage drawMouths(narrator::Figure& figure)
     return sheet;
 }
 
-QImage drawOverview(narrator::Figure& figure, int columns, double zoom)
+QImage drawOverview(rig::Figure& figure, int columns, double zoom)
 {
-    const narrator::Rig& rig = figure.rig();
+    const rig::Rig& rig = figure.rig();
     const int count = static_cast<int>(rig.gestures.size());
     Sheet sheet(rig, columns, (count + columns - 1) / columns, zoom);
     for (int i = 0; i < count; ++i) {
-        const narrator::Gesture& gesture = rig.gestures[static_cast<std::size_t>(i)];
-        const narrator::Pose pose = narrator::poseAt(rig, {&gesture, rig.rest}, gesture.lengthMs / 2);
+        const rig::Gesture& gesture = rig.gestures[static_cast<std::size_t>(i)];
+        const rig::Pose pose = rig::poseAt(rig, {&gesture, rig.rest}, gesture.lengthMs / 2);
         sheet.paint(figure, pose, i % columns, i / columns);
     }
     return sheet.image();
 }
 
-QImage drawSheet(narrator::Figure& figure, int poses, double zoom)
+QImage drawSheet(rig::Figure& figure, int poses, double zoom)
 {
-    const std::vector<narrator::Gesture>& gestures = figure.rig().gestures;
+    const std::vector<rig::Gesture>& gestures = figure.rig().gestures;
     Sheet sheet(figure.rig(), poses, static_cast<int>(gestures.size()), zoom);
     for (std::size_t row = 0; row < gestures.size(); ++row)
         drawRow(sheet, figure, gestures[row], poses, static_cast<int>(row));

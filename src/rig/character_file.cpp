@@ -1,0 +1,169 @@
+#include "rig/character_file.h"
+
+#include "rig/drawing_rules.h"
+#include "rig/rig_reader.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QStringDecoder>
+
+namespace rig {
+
+namespace {
+
+constexpr qint64 maxBytes = qint64{1} << 20;
+constexpr qsizetype maxTagBytes = 32'000;
+constexpr int maxElements = 5'000;
+constexpr int maxDepth = 16;
+
+const QString svgNamespace = "http://www.w3.org/2000/svg";
+const QString rigNamespace = "urn:host-character:1";
+
+/// What must hold before the XML reader sees a byte.
+void checkBytes(const QByteArray& bytes)
+{
+    if (bytes.size() > maxBytes)
+        throw Defect{"the file is larger than 1 MiB"};
+    QStringDecoder decode(QStringDecoder::Utf8);
+    const QString text = decode(bytes);
+    if (decode.hasError() || bytes.contains('\0') || text.isEmpty())
+        throw Defect{"the file is no UTF-8 text"};
+    // The time the XML reader takes grows with the square of the attributes of one tag.
+    for (qsizetype open = bytes.indexOf('<'); open >= 0;) {
+        const qsizetype next = bytes.indexOf('<', open + 1);
+        const qsizetype close = bytes.indexOf('>', open);
+        if ((close < 0 ? bytes.size() : close) - open > maxTagBytes)
+            throw Defect{"a tag is too long", bytes.first(open).count('\n') + 1};
+        open = next;
+    }
+}
+
+/// One pass over the file that lets through only what both readers understand alike.
+class Pass
+{
+public:
+    explicit Pass(const QByteArray& bytes) : xml_(bytes) {}
+
+    Rig run()
+    {
+        while (!xml_.atEnd())
+            token(xml_.readNext());
+        if (xml_.hasError())
+            throw Defect{xml_.errorString()};
+        drawing_.checkReferences();
+        return rig_.finish(drawing_.parts(), viewBox_);
+    }
+
+    [[nodiscard]] qint64 line() const { return xml_.lineNumber(); }
+
+private:
+    void token(QXmlStreamReader::TokenType type)
+    {
+        switch (type) {
+        case QXmlStreamReader::StartElement:
+            return start();
+        case QXmlStreamReader::EndElement:
+            --depth_;
+            if (xml_.namespaceUri() == rigNamespace)
+                rig_.end(xml_.name().toString(), line());
+            return;
+        case QXmlStreamReader::Characters:
+            if (!xml_.isWhitespace())
+                throw Defect{"there is text between the elements"};
+            return;
+        case QXmlStreamReader::StartDocument:
+            if (const auto encoding = xml_.documentEncoding();
+                !encoding.isEmpty() && encoding.compare(u"UTF-8", Qt::CaseInsensitive) != 0)
+                throw Defect{"the encoding must be UTF-8"};
+            return;
+        case QXmlStreamReader::DTD:
+        case QXmlStreamReader::EntityReference:
+        case QXmlStreamReader::ProcessingInstruction:
+            throw Defect{"a document type, an entity or a processing instruction is not allowed"};
+        default:
+            return;
+        }
+    }
+
+    void start()
+    {
+        const QString name = xml_.name().toString();
+        if (++elements_ > maxElements)
+            throw Defect{QString("there are more than %1 elements").arg(maxElements)};
+        if (depth_ >= maxDepth)
+            throw Defect{"the elements are nested too deep"};
+        const bool ofRig = xml_.namespaceUri() == rigNamespace;
+        if (!ofRig && xml_.namespaceUri() != svgNamespace)
+            throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
+        const bool inMetadata = metadataDepth_ > 0 && depth_ > metadataDepth_;
+        if (ofRig != inMetadata)
+            throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
+        if (ofRig)
+            rig_.start(name, xml_.attributes(), line());
+        else
+            startDrawing(name);
+        ++depth_;
+    }
+
+    void startDrawing(const QString& name)
+    {
+        metadataDepth_ = name == u"metadata" ? depth_ : 0;
+        if (metadataDepth_ > 1)
+            throw Defect{"the metadata must stand in the root"};
+        drawing_.element(name, xml_.attributes(), depth_, line());
+        if (depth_ == 0)
+            readViewBox();
+    }
+
+    void readViewBox()
+    {
+        const auto box = plainNumbers(xml_.attributes().value("viewBox"));
+        if (!box || box->size() != 4 || (*box)[2] < 1 || (*box)[3] < 1)
+            throw Defect{"the root must have a viewBox of four numbers"};
+        viewBox_ = QRectF((*box)[0], (*box)[1], (*box)[2], (*box)[3]);
+    }
+
+    QXmlStreamReader xml_;
+    DrawingRules drawing_;
+    RigReader rig_;
+    QRectF viewBox_;
+    int elements_ = 0;
+    int depth_ = 0;
+    int metadataDepth_ = 0; ///< 0 outside metadata
+};
+
+[[noreturn]] void fail(const QString& name, qint64 line, const QString& text)
+{
+    const QString place = line > 0 ? QString("%1, line %2: ").arg(name).arg(line) : name + ": ";
+    throw FileFailure((place + text).toStdString());
+}
+
+} // namespace
+
+CharacterFile readCharacterFile(const QString& path)
+{
+    // Opening a pipe or a device could wait for ever.
+    if (!QFileInfo(path).isFile())
+        fail(path, 0, "there is no such file");
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        fail(path, 0, file.errorString());
+    return readCharacter(file.read(maxBytes + 1), path);
+}
+
+CharacterFile readCharacter(const QByteArray& bytes, const QString& name)
+{
+    try {
+        checkBytes(bytes);
+    } catch (const Defect& defect) {
+        fail(name, defect.line, defect.text);
+    }
+    Pass pass(bytes);
+    try {
+        return {pass.run(), bytes};
+    } catch (const Defect& defect) {
+        fail(name, defect.line > 0 ? defect.line : pass.line(), defect.text);
+    }
+}
+
+} // namespace rig

@@ -1,0 +1,264 @@
+#include "rig/drawing_rules.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <optional>
+#include <utility>
+
+namespace rig {
+
+namespace {
+
+constexpr qsizetype maxPathCharacters = 16'000;
+constexpr qsizetype maxAllPathCharacters = 512'000;
+// Painting takes its time for the pixels that an outline encloses and, as the edges that cross a line of
+// pixels are kept in order one by one, for every edge as many steps as there are others beside it. All that
+// is drawn may cost as much as so many pixels, on a picture of the width below.
+constexpr double costOfStep = 16; ///< a pixel costs 1
+constexpr double maxCost = 50'000'000;
+constexpr double pictureWidth = 400;
+constexpr double maxReach = 1000; ///< what lies farther out is not painted
+constexpr double maxStrokeWidth = 40;
+
+enum class Kind { Number, Width, Numbers, Share, Paint, Colour, Word, Id, Path, Transform };
+
+const QHash<QString, Kind>& kinds()
+{
+    static const QHash<QString, Kind> table{
+        {"id", Kind::Id},
+        {"d", Kind::Path},
+        {"transform", Kind::Transform},
+        {"gradientTransform", Kind::Transform},
+        {"fill", Kind::Paint},
+        {"stroke", Kind::Paint},
+        {"stop-color", Kind::Colour},
+        {"opacity", Kind::Share},
+        {"fill-opacity", Kind::Share},
+        {"stroke-opacity", Kind::Share},
+        {"stop-opacity", Kind::Share},
+        {"offset", Kind::Share},
+        {"viewBox", Kind::Numbers},
+        {"stroke-width", Kind::Width},
+        {"x", Kind::Number},
+        {"y", Kind::Number},
+        {"width", Kind::Number},
+        {"height", Kind::Number},
+        {"x1", Kind::Number},
+        {"y1", Kind::Number},
+        {"x2", Kind::Number},
+        {"y2", Kind::Number},
+        {"cx", Kind::Number},
+        {"cy", Kind::Number},
+        {"r", Kind::Number},
+        {"rx", Kind::Number},
+        {"ry", Kind::Number},
+        {"fx", Kind::Number},
+        {"fy", Kind::Number},
+        {"version", Kind::Word},
+        {"baseProfile", Kind::Word},
+        {"stroke-linejoin", Kind::Word},
+        {"stroke-linecap", Kind::Word},
+        {"fill-rule", Kind::Word},
+        {"gradientUnits", Kind::Word},
+        {"spreadMethod", Kind::Word},
+    };
+    return table;
+}
+
+const QSet<QString>& elements()
+{
+    static const QSet<QString> table{"svg",  "metadata",       "defs",          "g",
+                                     "path", "ellipse",        "circle",        "rect",
+                                     "stop", "linearGradient", "radialGradient"};
+    return table;
+}
+
+bool isDigit(QChar c)
+{
+    return c >= u'0' && c <= u'9';
+}
+
+bool isColour(QStringView text)
+{
+    const auto isHex = [](QChar c) {
+        return isDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
+    };
+    return (text.size() == 4 || text.size() == 7) && text[0] == u'#' &&
+           std::all_of(text.begin() + 1, text.end(), isHex);
+}
+
+/// How much longer a line can become.
+double largestScale(const QTransform& transform)
+{
+    const double a = transform.m11();
+    const double b = transform.m12();
+    const double c = transform.m21();
+    const double d = transform.m22();
+    const double sum = a * a + b * b + c * c + d * d;
+    const double determinant = a * d - b * c;
+    return std::sqrt((sum + std::sqrt(std::max(0.0, sum * sum - 4 * determinant * determinant))) / 2);
+}
+
+/// The outline of an element that is one by its name.
+std::optional<Outline> shape(const QString& name, const QXmlStreamAttributes& attributes)
+{
+    constexpr int pieces = 12; ///< a round one is made of
+    const auto number = [&](const QString& key, double otherwise = 0) {
+        return plainNumber(attributes.value(key)).value_or(otherwise);
+    };
+    if (name == u"rect") {
+        const QRectF box = QRectF(number("x"), number("y"), number("width"), number("height")).normalized();
+        return Outline{2 * (box.width() + box.height()), box, pieces};
+    }
+    if (name != u"circle" && name != u"ellipse")
+        return {};
+    const double radius = std::abs(number("r"));
+    const double radiusX = std::abs(number("rx", radius));
+    const double radiusY = std::abs(number("ry", radius));
+    const QPointF centre(number("cx"), number("cy"));
+    const QPointF corner(radiusX, radiusY);
+    return Outline{4 * (radiusX + radiusY), QRectF(centre - corner, centre + corner), pieces};
+}
+
+} // namespace
+
+void DrawingRules::element(const QString& name, const QXmlStreamAttributes& attributes, int depth,
+                           qint64 line)
+{
+    if (!elements().contains(name) || (name == u"svg") != (depth == 0))
+        throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
+    for (const QXmlStreamAttribute& entry : attributes) {
+        if (!entry.namespaceUri().isEmpty())
+            throw Defect{QString("the attribute \"%1\" is not allowed").arg(entry.qualifiedName().left(40))};
+        attribute(name, entry.name().toString(), entry.value(), line);
+    }
+    enter(attributes, depth);
+    if (const auto outline = shape(name, attributes))
+        spend(*outline, paints_.back());
+    else if (name == u"path")
+        spend(std::exchange(outline_, {}), paints_.back());
+    const QString id = attributes.value("id").toString();
+    if (id.isEmpty())
+        return;
+    if (ids_.contains(id))
+        throw Defect{QString("the id \"%1\" is used twice").arg(id)};
+    ids_.insert(id);
+    if (name.endsWith(u"Gradient"))
+        gradients_.insert(id);
+    else if (name == u"g" && depth == 1)
+        parts_.insert(id);
+}
+
+void DrawingRules::checkReferences() const
+{
+    for (auto it = references_.cbegin(); it != references_.cend(); ++it)
+        if (!gradients_.contains(it.key()))
+            throw Defect{QString("there is no gradient \"%1\"").arg(it.key()), it.value()};
+}
+
+void DrawingRules::attribute(const QString& element, const QString& name, QStringView value, qint64 line)
+{
+    const auto kind = kinds().constFind(name);
+    if (kind == kinds().cend())
+        throw Defect{QString("the attribute \"%1\" of \"%2\" is not allowed").arg(name.left(40), element)};
+    bool good = true;
+    switch (*kind) {
+    case Kind::Number:
+        good = plainNumber(value).has_value();
+        break;
+    case Kind::Width:
+        good = plainNumber(value, maxStrokeWidth).has_value();
+        break;
+    case Kind::Numbers:
+        good = plainNumbers(value).has_value();
+        break;
+    case Kind::Share: {
+        const auto share = plainNumber(value);
+        good = share && *share >= 0 && *share <= 1;
+        break;
+    }
+    case Kind::Colour:
+        good = isColour(value);
+        break;
+    case Kind::Word:
+    case Kind::Id:
+        good = isWord(value);
+        break;
+    case Kind::Transform:
+        good = plainTransform(value).has_value();
+        break;
+    case Kind::Paint:
+        return paint(value, line);
+    case Kind::Path:
+        return path(value);
+    }
+    if (!good)
+        throw Defect{QString("\"%1\" is no value for the attribute \"%2\"").arg(value.left(40), name)};
+}
+
+void DrawingRules::paint(QStringView value, qint64 line)
+{
+    if (value == u"none" || isColour(value))
+        return;
+    const bool reference = value.startsWith(u"url(#") && value.endsWith(u')');
+    const QStringView id = reference ? value.sliced(5).chopped(1) : QStringView();
+    if (!isWord(id))
+        throw Defect{QString("\"%1\" is no colour").arg(value.left(40))};
+    if (!references_.contains(id.toString()))
+        references_.insert(id.toString(), line);
+}
+
+void DrawingRules::path(QStringView data)
+{
+    pathCharacters_ += data.size();
+    if (data.size() > maxPathCharacters || pathCharacters_ > maxAllPathCharacters)
+        throw Defect{"the outlines are too long"};
+    QStringView bad;
+    const auto outline = outlineOf(data, bad);
+    if (!outline)
+        throw Defect{QString("\"%1\" is no part of an outline").arg(bad.left(20))};
+    outline_ = *outline;
+}
+
+void DrawingRules::enter(const QXmlStreamAttributes& attributes, int depth)
+{
+    paints_.resize(static_cast<std::size_t>(depth));
+    Paint paint = paints_.empty() ? Paint() : paints_.back();
+    if (const auto box = plainNumbers(attributes.value("viewBox"));
+        paints_.empty() && box && box->size() == 4) {
+        const double scale = pictureWidth / std::max(1.0, (*box)[2]);
+        paint.transform.scale(scale, scale);
+    }
+    if (const auto transform = plainTransform(attributes.value("transform")))
+        paint.transform = *transform * paint.transform;
+    if (attributes.hasAttribute("stroke"))
+        paint.stroked = attributes.value("stroke") != u"none";
+    if (const auto width = plainNumber(attributes.value("stroke-width")))
+        paint.strokeWidth = std::abs(*width);
+    paints_.push_back(paint);
+}
+
+void DrawingRules::spend(const Outline& outline, const Paint& paint)
+{
+    if (outline.corners == 0)
+        return;
+    const double scale = largestScale(paint.transform);
+    const double strokeWidth = paint.stroked ? paint.strokeWidth * scale : 0;
+    const QRectF box = paint.transform.mapRect(outline.box);
+    const double width = std::clamp(box.width() + strokeWidth, 1.0, maxReach);
+    const double height = std::clamp(box.height() + strokeWidth, 1.0, maxReach);
+    const auto painting = [&](double edges) {
+        return width * height + costOfStep * edges * std::min(edges / height, width);
+    };
+    const double length = outline.length * scale;
+    cost_ += painting(length);
+    if (paint.stroked)
+        cost_ += painting(2 * length + outline.corners * strokeWidth * std::numbers::pi);
+    if (!(cost_ <= maxCost))
+        throw Defect{"the drawing takes too long to paint"};
+}
+
+} // namespace rig

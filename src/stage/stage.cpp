@@ -1,0 +1,318 @@
+#include "stage/stage.h"
+
+#include "stage/balloon.h"
+#include "stage/clicks.h"
+#include "stage/compositor.h"
+#include "stage/mute_sign.h"
+#include "stage/placement.h"
+#include "stage/silhouette.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace stage {
+
+namespace {
+
+constexpr int sideMargin = 50;   ///< for spread arms and for the balloon, which is wider than the figure
+constexpr int headroom = 12;     ///< for leaps
+constexpr int footroom = 8;      ///< for the smoke below
+constexpr int muteDistance = 46; ///< of the speaker sign from the middle of the smoke
+constexpr int balloonHeight = 164;
+constexpr int letterPixels = 15; ///< in the balloon
+constexpr int leastLetterPixels = 12;
+constexpr double eyeLevel = 0.29; ///< as a share of the figure's height
+constexpr double farAside = 250;  ///< from here on the eyes turn no further, in logical pixels
+
+constexpr Qt::WindowFlags hostWindowFlags =
+    Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint;
+
+/// Of the figure with the room it needs around it, at full size.
+QSize figureArea(const rig::Rig& rig)
+{
+    const QSize figure = rig.size.toSize();
+    return {figure.width() + 2 * sideMargin, headroom + figure.height() + footroom};
+}
+
+} // namespace
+
+Stage::Stage(QWidget& form, rig::Figure& figure)
+    : QWidget(&form, windowsCanBePlaced() ? hostWindowFlags : Qt::WindowFlags(Qt::Widget)),
+      form_(form),
+      figure_(&figure)
+{
+    setObjectName("host");
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setFocusPolicy(Qt::NoFocus);
+    setStyleSheet("* { background: transparent; border: none; }"); // whatever the form's says
+    if (embedded())
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    else
+        setAttribute(Qt::WA_TranslucentBackground);
+    balloon_ = new Balloon({}, this);
+    // As a child of the form the stage lets every click through, so the sign stands beside it.
+    mute_ = new MuteSign(embedded() ? &form : this);
+    resizeTo(1);
+    form.installEventFilter(this);
+    hide();
+}
+
+Stage::~Stage()
+{
+    delete mute_;
+}
+
+void Stage::enter()
+{
+    entered_ = true;
+    showWithForm();
+}
+
+void Stage::leave()
+{
+    entered_ = false;
+    figure_ = nullptr;
+    visibility_ = {};
+    skip_ = {};
+    if (mute_)
+        mute_->disconnect();
+    hide();
+}
+
+void Stage::present(const rig::Pose& pose, const QString& text, qsizetype said)
+{
+    const bool moved = pose_ != pose;
+    if (moved) {
+        pose_ = pose;
+        drawFigure();
+        update(QRect(0, balloonHeight, width(), height() - balloonHeight));
+    }
+    if (balloon_->say(text, said) || moved)
+        updateShape();
+}
+
+void Stage::onMute(std::function<void(bool)> handler)
+{
+    QObject::connect(mute_, &QAbstractButton::toggled, mute_, std::move(handler));
+}
+
+void Stage::showMuted(bool muted)
+{
+    mute_->setChecked(muted);
+}
+
+rig::Sights Stage::sights() const
+{
+    const double level = balloonHeight + (height() - balloonHeight) * eyeLevel;
+    const QPointF eyes = mapToGlobal(QPointF(width() / 2.0, level));
+    const auto towards = [&](const QPointF& place) {
+        const QPointF way = (place - eyes) / farAside;
+        return QPointF(std::clamp(way.x(), -1.0, 1.0), std::clamp(way.y(), -1.0, 1.0));
+    };
+    return {towards(form_.mapToGlobal(QPointF(form_.width() / 2.0, form_.height() / 4.0))),
+            towards(QCursor::pos())};
+}
+
+void Stage::lookAround()
+{
+    composited_ = embedded() || compositorRuns();
+    figureShape_ = {};
+    updateShape();
+    follow();
+}
+
+bool Stage::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+        follow();
+        break;
+    case QEvent::Show:
+    case QEvent::WindowStateChange:
+        // The form is told before it is on the screen, where its host may not be first.
+        QMetaObject::invokeMethod(this, &Stage::showWithForm, Qt::QueuedConnection);
+        break;
+    case QEvent::Hide:
+        if (!embedded())
+            hide();
+        break;
+    case QEvent::KeyPress: // that nothing on the form has taken
+        toggleMute(*static_cast<QKeyEvent*>(event));
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+bool Stage::event(QEvent* event)
+{
+    const bool done = QWidget::event(event);
+    if (event->type() != QEvent::Show && event->type() != QEvent::Hide)
+        return done;
+    if (mute_)
+        placeMute();
+    if (visibility_)
+        visibility_();
+    return done;
+}
+
+void Stage::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.drawImage(QPoint(0, balloonHeight), image_);
+}
+
+void Stage::mousePressEvent(QMouseEvent* event)
+{
+    pressed_ = event->globalPosition().toPoint();
+    grabbed_ = geometry().bottomLeft();
+    dragged_ = false;
+}
+
+void Stage::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!pressed_ || !(event->buttons() & Qt::LeftButton))
+        return;
+    // Where the pointer is on the stage says little: the stage has moved since the event was sent.
+    const QPoint way = event->globalPosition().toPoint() - *pressed_;
+    dragged_ = dragged_ || way.manhattanLength() >= QApplication::startDragDistance();
+    if (!dragged_)
+        return;
+    offset_ = grabbed_ + way - form_.frameGeometry().bottomRight();
+    follow();
+}
+
+void Stage::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool click = pressed_ && !dragged_;
+    pressed_.reset();
+    if (!click || clickThrough(form_, event->globalPosition().toPoint(), event->button()))
+        return;
+    if (balloon_->isVisible() && balloon_->geometry().contains(event->position().toPoint()) && skip_)
+        skip_();
+}
+
+void Stage::toggleMute(const QKeyEvent& key)
+{
+    const bool plain = !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    if (entered_ && key.key() == Qt::Key_M && plain && !key.isAutoRepeat())
+        mute_->click();
+}
+
+void Stage::showWithForm()
+{
+    const bool wanted = entered_ && (embedded() || (form_.isVisible() && !form_.isMinimized()));
+    if (wanted && !isVisible()) {
+        lookAround();
+        // A window manager that minimised the host along with the form would minimise both again.
+        setWindowState(Qt::WindowNoState);
+        show();
+        raise();
+        // Some window managers put a window that appears late above an open message box.
+        if (QWidget* box = QApplication::activeModalWidget())
+            box->raise();
+    } else if (!wanted) {
+        hide();
+    }
+}
+
+void Stage::follow()
+{
+    if (!figure_)
+        return;
+    if (embedded()) {
+        move(form_.width() - width(), form_.height() - height());
+        placeMute();
+        return;
+    }
+    const QRect available = form_.screen()->availableGeometry();
+    const QRect frame = form_.frameGeometry();
+    resizeTo(scaleBeside(frame, figureArea(figure_->rig()).width(), available));
+    const QPoint place =
+        offset_ ? keptOnScreen(frame.bottomRight() + *offset_ - QPoint(0, height() - 1), size(), available)
+                : besideForm(frame, size(), available);
+    if (place != pos())
+        move(place);
+}
+
+void Stage::placeMute()
+{
+    const QPoint place(width() / 2 + static_cast<int>(muteDistance * scale_),
+                       height() - mute_->height() - static_cast<int>(footroom * scale_));
+    mute_->move(embedded() ? pos() + place : place);
+    mute_->setVisible(!embedded() || !isHidden());
+    mute_->raise();
+}
+
+void Stage::resizeTo(double scale)
+{
+    if (scale == scale_)
+        return;
+    scale_ = scale;
+    const QSize area = figureArea(figure_->rig()) * scale;
+    setFixedSize(area.width(), balloonHeight + area.height());
+    balloon_->setRoom(QRect(2, 2, width() - 4, balloonHeight - 2),
+                      std::max(leastLetterPixels, static_cast<int>(letterPixels * scale)));
+    placeMute();
+    figureShape_ = {};
+    drawFigure();
+    updateShape();
+    update();
+}
+
+void Stage::drawFigure()
+{
+    if (!figure_ || !pose_)
+        return;
+    const double ratio = devicePixelRatioF();
+    const QSize area(width(), height() - balloonHeight);
+    const QSize pixels = (QSizeF(area) * ratio).toSize();
+    if (image_.size() != pixels) {
+        image_ = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
+        image_.setDevicePixelRatio(ratio);
+    }
+    image_.fill(Qt::transparent);
+    QPainter painter(&image_);
+    painter.scale(scale_, scale_);
+    painter.translate(sideMargin, headroom);
+    figure_->paint(painter, *pose_, ratio * scale_);
+}
+
+void Stage::updateShape()
+{
+    if (embedded() || image_.isNull())
+        return;
+    QRegion shape = figureShape();
+    if (balloon_->isVisibleTo(this)) {
+        QPainterPathStroker grown;
+        grown.setWidth(composited_ ? 6 : 2);
+        const QPainterPath outline = balloon_->outline();
+        shape += QRegion(outline.united(grown.createStroke(outline)).toFillPolygon().toPolygon());
+    }
+    shape += QRegion(mute_->geometry(), QRegion::Ellipse);
+    if (shape != shape_) {
+        shape_ = shape;
+        setMask(shape);
+    }
+}
+
+QRegion Stage::figureShape()
+{
+    if (!composited_)
+        return exactSilhouette(image_).translated(0, balloonHeight);
+    const QRegion seen = roughSilhouette(image_).translated(0, balloonHeight);
+    if (!(seen - figureShape_).isEmpty())
+        figureShape_ = withRim(seen);
+    return figureShape_;
+}
+
+} // namespace stage

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "rig/figure.h"
+#include "rig/gaze.h"
+
+#include <QAbstractButton>
+#include <QImage>
+#include <QPointer>
+#include <QRegion>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+namespace stage {
+
+class Balloon;
+
+/// The host's window beside the game form: the figure with the balloon above it. It goes where the form
+/// goes and is hidden with it. Where windows cannot be placed it is a child over the form's lower right
+/// corner instead.
+class Stage final : public QWidget
+{
+public:
+    /// The form owns the stage; the figure must outlive it or be left alone by a last `leave`.
+    Stage(QWidget& form, rig::Figure& figure);
+    ~Stage() override;
+    Stage(const Stage&) = delete;
+    Stage& operator=(const Stage&) = delete;
+
+    /// From now on the host is to be seen whenever the form is.
+    void enter();
+    /// Never to be seen or to paint again.
+    void leave();
+
+    /// The figure in `pose`, and in the balloon the first `said` characters of `text`.
+    void present(const rig::Pose& pose, const QString& text, qsizetype said);
+
+    /// Where the question and the pointer are, seen from the figure's eyes.
+    [[nodiscard]] rig::Sights sights() const;
+
+    /// Looks again where the form is and whether windows are blended.
+    void lookAround();
+
+    /// Called when the stage comes to be seen or is hidden.
+    void onVisibility(std::function<void()> handler) { visibility_ = std::move(handler); }
+    /// Called when the user has had enough of the text in the balloon.
+    void onSkip(std::function<void()> handler) { skip_ = std::move(handler); }
+    /// Called when the user wants the host silent, or not any longer.
+    void onMute(std::function<void(bool)> handler);
+    void showMuted(bool muted);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    [[nodiscard]] bool embedded() const { return !isWindow(); }
+    void toggleMute(const QKeyEvent& key);
+    void showWithForm();
+    void follow();
+    void placeMute();
+    /// Gives the figure that share of its full size, and the balloon what then is its room.
+    void resizeTo(double scale);
+    void drawFigure();
+    void updateShape();
+    /// What of the stage belongs to the figure. While windows are blended it is kept as long as it holds the
+    /// figure, because the window manager is slow to take a new shape.
+    QRegion figureShape();
+
+    QWidget& form_;
+    rig::Figure* figure_;
+    Balloon* balloon_;
+    QPointer<QAbstractButton> mute_;
+    std::function<void()> visibility_;
+    std::function<void()> skip_;
+    bool entered_ = false;
+    bool composited_ = true;
+    double scale_ = 0; ///< of the full size
+    std::optional<rig::Pose> pose_;
+    QImage image_; ///< the lower part of the stage, with the figure as last painted
+    QRegion shape_;
+    QRegion figureShape_; ///< with some room around the figure
+    /// From the form's right lower corner to the stage's left one, once the user has moved the host.
+    std::optional<QPoint> offset_;
+    std::optional<QPoint> pressed_; ///< where on the screen the mouse went down
+    QPoint grabbed_;                ///< where the left lower corner was then
+    bool dragged_ = false;
+};
+
+} // namespace stage

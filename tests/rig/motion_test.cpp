@@ -1,0 +1,105 @@
+#include "rig/gaze.h"
+#include "rig/motion.h"
+#include "support/sample.h"
+
+#include <gtest/gtest.h>
+
+using namespace rig;
+
+namespace {
+
+constexpr std::size_t arm = 1;
+
+/// The draws of the sample.
+enum Part { body, fist, palm, lip, yell };
+using Parts = std::vector<int>;
+
+} // namespace
+
+TEST(Track, IsEvaluatedAtBetweenAndBeyondItsKeys)
+{
+    const std::vector<Key> keys{
+        {100, 10, Ease::Linear}, {200, 20, Ease::Hold}, {300, {}, Ease::InOut}, {400, 50, Ease::Back}};
+    const std::pair<double, double> table[]{
+        {-5, 4},   {0, 4},     {50, 7},   {100, 10}, {150, 10},
+        {199, 10}, {200, 20},  {250, 10}, {300, 0},  {350, 50 * (1 - 0.25 * (2.7 * 0.5 - 1.7))},
+        {400, 50}, {9000, 50},
+    };
+    for (const auto& [time, value] : table)
+        EXPECT_NEAR(valueAt(keys, 4, 0, time), value, 1e-9) << time;
+    EXPECT_EQ(valueAt({{0, 7, Ease::InOut}}, 4, 0, 0), 7);
+
+    const std::vector<Step> steps{{100, 3}, {200, {}}};
+    const std::pair<double, int> stepped[]{{0, 9}, {99, 9}, {100, 3}, {199, 3}, {200, 1}, {900, 1}};
+    for (const auto& [time, value] : stepped)
+        EXPECT_EQ(valueAt(steps, 9, 1, time), value) << time;
+}
+
+TEST(Motion, BeginsInThePoseReachedAndComesBackToRest)
+{
+    const Rig rig = sample::rig();
+    EXPECT_EQ(rig.gesture("SAD"), nullptr);
+    const Gesture* sad = rig.gesture("sad");
+    const Pose raised = poseAt(rig, {sad, rig.rest}, 400);
+    EXPECT_DOUBLE_EQ(raised.bones[arm][0], 90);
+    EXPECT_EQ(visibleDraws(rig, raised), Parts({palm, body, lip})); // the arm's layer went behind the body
+
+    const Pose falling = poseAt(rig, {nullptr, raised}, 90);
+    EXPECT_DOUBLE_EQ(falling.bones[arm][0], 50);
+    EXPECT_EQ(visibleDraws(rig, falling), Parts({body, fist, lip}));
+    EXPECT_EQ(poseAt(rig, {nullptr, raised}, 180), rig.rest);
+    EXPECT_DOUBLE_EQ(poseAt(rig, {sad, falling}, 100).bones[arm][0], 70);
+}
+
+TEST(Motion, LaysBreathLidsAndMouthOverThePoseAndTurnsBonesAboutTheirPivots)
+{
+    const Rig rig = sample::rig();
+    Pose pose = rig.rest;
+    addSines(rig, pose, 1000); // a quarter of its period
+    EXPECT_NEAR(pose.bones[0][2], 2, 1e-9);
+    closeLids(rig, pose, 0.5);
+    EXPECT_DOUBLE_EQ(pose.bones[arm][4], 0.75);
+    shapeMouth(rig, pose, MouthShape::A);
+    shapeMouth(rig, pose, MouthShape::Rest); // leaves what there is
+    EXPECT_EQ(visibleDraws(rig, pose), Parts({body, fist, yell}));
+    shapeMouth(rig, pose, MouthShape::U);
+    pose.bones[arm][3] = -0.005;
+    EXPECT_EQ(visibleDraws(rig, pose), Parts({body, lip}));
+    pose.bones[0][4] = 0;
+    pose.bones[arm][3] = 1;
+    EXPECT_EQ(visibleDraws(rig, pose), Parts()); // what hangs on a flat bone is flat
+    addLook(rig, pose, {0.5, -1});
+    EXPECT_EQ(std::pair(pose.bones[arm][1], pose.bones[arm][2]), std::pair(2.0, 3.0));
+
+    pose.bones[0] = {90, 5, 0, 2, 1}; // about 20,22: twice as wide, a quarter turn, then 5 to the right
+    pose.bones[arm] = {90, 0, 0, 1, 1};
+    const std::vector<QTransform> bones = boneTransforms(rig, pose);
+    EXPECT_EQ(bones[0].map(QPointF(30, 22)).toPoint(), QPoint(25, 42));
+    EXPECT_EQ(bones[arm].map(QPointF(30, 32)).toPoint(), QPoint(25, 22));
+}
+
+TEST(Gaze, WandersToTheQuestionAndThePointerButOnlyAtRest)
+{
+    std::vector<double> numbers{0.5, 0.9, 0.5, 0, 0.1}; // used from the back
+    std::function<double()> random = [&numbers] {
+        const double next = numbers.back();
+        numbers.pop_back();
+        return next;
+    };
+    const Sights sights{{-1, 0}, {0, 1}};
+    const struct
+    {
+        int timeMs;
+        bool resting;
+        QPointF seen;
+    } table[]{
+        {2490, true, {0, 0}}, {3300, true, {-1, 0}}, {4190, false, {0, 0}},
+        {4500, true, {0, 0}}, {8990, true, {0, 0}},  {9900, true, {0, 1}},
+    };
+    Gaze gaze(random, Gaze::Milliseconds(0));
+    for (const auto& row : table) {
+        const QPointF seen = gaze.at(Gaze::Milliseconds(row.timeMs), row.resting, sights);
+        EXPECT_NEAR(seen.x(), row.seen.x(), 0.01) << row.timeMs;
+        EXPECT_NEAR(seen.y(), row.seen.y(), 0.01) << row.timeMs;
+    }
+}

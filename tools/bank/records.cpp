@@ -1,0 +1,81 @@
+#include "bank/formats.h"
+#include "bank/lines.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace bank {
+namespace {
+
+/// One question as it stands in the file.
+struct Record
+{
+    Question question;
+    bool repeats = false; ///< a field was given twice and complained about
+};
+
+void addField(const Line& line, Record& record, Complaints& complaints)
+{
+    const auto colon = line.text.indexOf(u':');
+    const QString name = line.text.left(colon).trimmed();
+    const auto* const known = std::find_if(fieldNames.begin(), fieldNames.end(),
+                                           [&](const char* field) { return name == QString(field); });
+    if (colon < 0) {
+        complaints.add(line.place, "the line is not of the form \"name: text\"");
+        return;
+    }
+    if (known == fieldNames.end()) {
+        complaints.add(line.place, QString("there is no field \"%1\"").arg(name));
+        return;
+    }
+    const auto field = static_cast<Field>(known - fieldNames.begin());
+    const QStringView text = QStringView(line.text).mid(colon + 1).trimmed();
+    Spot& spot = record.question.spot(field);
+    if (spot.line == 0) {
+        spot = {line.place.line, line.place.column + static_cast<int>(text.data() - line.text.data())};
+        record.question.at(field) = text.toString();
+    } else if (!std::exchange(record.repeats, true)) {
+        complaints.add(line.place,
+                       QString("%1 is given twice; a blank line must part two questions").arg(name));
+    }
+}
+
+void addQuestion(Record record, Intake& intake)
+{
+    if (record.question.place.line > 0)
+        intake.accept(std::move(record.question));
+}
+
+} // namespace
+
+void readRecords(const std::filesystem::path& file, Intake& intake)
+{
+    Record record;
+    for (const Line& line : readLines(file, intake.complaints)) {
+        if (line.text.startsWith(u'#'))
+            continue;
+        if (line.text.isEmpty()) {
+            addQuestion(std::exchange(record, {}), intake);
+            continue;
+        }
+        if (record.question.place.line == 0)
+            record.question.place = {line.place.file, line.place.line};
+        addField(line, record, intake.complaints);
+    }
+    addQuestion(std::move(record), intake);
+}
+
+QByteArray writeRecords(const std::vector<Question>& questions)
+{
+    QString content = "# The database holds neither topic nor why: add them before this becomes the "
+                      "source of a bank.\n\n";
+    for (const Question& question : questions) {
+        for (const Field field :
+             {Field::Level, Field::Question, Field::A, Field::B, Field::C, Field::D, Field::Right})
+            content += nameOf(field) + ": " + question.at(field) + u'\n';
+        content += u'\n';
+    }
+    return content.toUtf8();
+}
+
+} // namespace bank
