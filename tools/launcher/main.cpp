@@ -79,7 +79,7 @@ int main(int argc, char** argv)
     }
     toolkit::silenceLibraryWarnings();
     const QApplication application(argc, argv);
-    QApplication::setWindowIcon(QIcon(":/pictures/icon/64.png"));
+    QApplication::setWindowIcon(QIcon::fromTheme("orvanta"));
     try {
         return run();
     } catch (const std::exception& error) {
