@@ -47,6 +47,7 @@ struct GameState
     int clockcount = 0;                    ///< seconds of ask a friend
     bool begun = false;                    ///< a question has been shown
     bool toldOfMissingPrompts = false;
+    bool toldOfProtectedBank = false;
 };
 
 } // namespace game
