@@ -1,7 +1,7 @@
 # Installs the package in a bare Debian 12, plays, upgrades over a kept bank, shares a bank, removes and purges.
 # As root:  cmake -P packaging/rehearsal.cmake [PACKAGE [FOLDER]]
-# The bare system is made in FOLDER, /tmp/orvanta-rehearsal unless given, by debootstrap, and removed first if it is
-# one that an earlier rehearsal has made. The pictures that are taken on the way stay in FOLDER/pictures.
+# The bare system is made in FOLDER/root, by debootstrap; FOLDER is /tmp/orvanta-rehearsal unless given. As it was at
+# first it is kept in FOLDER/bare.tar, with which the next rehearsal begins. Pictures on the way stay in FOLDER/root/pictures.
 cmake_minimum_required(VERSION 3.25)
 
 set(source ${CMAKE_CURRENT_LIST_DIR}/..)
@@ -63,11 +63,19 @@ function(install_system)
         file(REMOVE_RECURSE ${root})
     endif()
     file(MAKE_DIRECTORY ${folder})
-    execute_process(COMMAND debootstrap --variant=minbase bookworm ${root} OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-    inside(apt-get install -y -qq --no-install-recommends xvfb xauth openbox xdotool scrot sqlite3)
-    foreach(user asha babu chitra)
-        inside(useradd --create-home --user-group ${user})
-    endforeach()
+    if(EXISTS ${folder}/bare.tar)
+        execute_process(COMMAND tar --extract --file=${folder}/bare.tar --directory=${folder} COMMAND_ERROR_IS_FATAL ANY)
+    else()
+        execute_process(COMMAND debootstrap --variant=minbase bookworm ${root} OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+        inside(apt-get install -y -qq --no-install-recommends xvfb xauth openbox xdotool scrot sqlite3)
+        foreach(user asha babu chitra)
+            inside(useradd --create-home --user-group ${user})
+        endforeach()
+        inside(apt-get clean)
+        execute_process(COMMAND tar --create --one-file-system --file=${folder}/bare.tar --directory=${folder} root
+                        COMMAND_ERROR_IS_FATAL ANY)
+    endif()
+    inside(apt-get update -qq)
     file(MAKE_DIRECTORY ${root}/pictures)
     file(CHMOD ${root}/pictures PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_WRITE GROUP_EXECUTE
          WORLD_READ WORLD_WRITE WORLD_EXECUTE)
@@ -93,21 +101,21 @@ set(play [[
 search --sync --onlyvisible --name "^Welcome to Orvanta$" windowfocus --sync
 sleep 2
 exec --sync scrot --overwrite /pictures/WHO-welcome.png
-key space
+key --window 0 space
 sleep 2
-key Return
+key --window 0 Return
 search --sync --onlyvisible --name "^Orvanta : Rules$" windowfocus --sync
 sleep 1
-key Return
+key --window 0 Return
 sleep 2
-type --delay 50 Asha
-key Return
+type --window 0 --delay 50 Asha
+key --window 0 Return
 sleep 4
 exec --sync scrot --overwrite /pictures/WHO-question.png
 mousemove 330 525 click 1
 sleep 2
 exec --sync scrot --overwrite /pictures/WHO-lock.png
-key alt+y
+key --window 0 alt+y
 sleep 4
 exec --sync scrot --overwrite /pictures/WHO-verdict.png
 ]])
@@ -116,7 +124,7 @@ set(tell_password [[
 search --sync --onlyvisible --class orvanta-launcher windowfocus --sync
 sleep 1
 exec --sync scrot --overwrite /pictures/WHO-password.png
-key Return
+key --window 0 Return
 ]])
 
 # fill(WHO SCRIPT RESULT): the moves of somebody, after whom their pictures are called.
@@ -166,7 +174,7 @@ exec orvanta-launcher
 search --sync --onlyvisible --class orvanta-launcher windowfocus --sync
 sleep 1
 exec --sync scrot --overwrite /pictures/WHO.png
-key Return
+key --window 0 Return
 sleep 1
 ]])
 function(expect_complaint name home)

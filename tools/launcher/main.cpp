@@ -15,6 +15,12 @@
 
 namespace {
 
+/// A file or folder below the share folder of the place where Orvanta is installed.
+QString besidePrograms(const QString& path)
+{
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + "/../share/" + path);
+}
+
 void tell(QMessageBox::Icon icon, const QString& text)
 {
     QMessageBox box(icon, "Orvanta", text, QMessageBox::Ok);
@@ -53,8 +59,7 @@ int play(const QString& folder)
 
 int run()
 {
-    const QDir programs(QCoreApplication::applicationDirPath());
-    const auto places = launcher::placesFor(programs.absoluteFilePath("../share/orvanta").toStdString());
+    const auto places = launcher::placesFor(besidePrograms("orvanta").toStdString());
     launcher::makeFolder(places);
     const QDir folder(QFile::decodeName(places.own.c_str()));
     // Where no lock can be written, on a disk that is full or read-only, a bank may still be played with.
@@ -79,7 +84,7 @@ int main(int argc, char** argv)
     }
     toolkit::silenceLibraryWarnings();
     const QApplication application(argc, argv);
-    QApplication::setWindowIcon(QIcon::fromTheme("orvanta"));
+    QApplication::setWindowIcon(QIcon(besidePrograms("icons/hicolor/64x64/apps/orvanta.png")));
     try {
         return run();
     } catch (const std::exception& error) {

@@ -5,7 +5,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <optional>
@@ -20,40 +19,48 @@ QString inWords(QRect area)
     return QString("%1 %2 %3 %4").arg(area.x()).arg(area.y()).arg(area.width()).arg(area.height());
 }
 
-QRect moving(const QImage& picture)
+void hideMoving(QPainter& painter, const QImage& picture)
 {
-    const QStringList numbers = picture.text(movingKey).split(' ');
-    return numbers.size() < 4
-               ? QRect()
-               : QRect(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(), numbers[3].toInt());
+    for (const QString& area : picture.text(movingKey).split(',')) {
+        const QStringList numbers = area.split(' ');
+        if (numbers.size() == 4) {
+            painter.fillRect(numbers[0].toInt(), numbers[1].toInt(), numbers[2].toInt(), numbers[3].toInt(),
+                             Qt::black);
+        }
+    }
 }
 
-/// All windows but the backdrop.
 QImage seen(desk::Desk& desk)
 {
     QRect area;
-    QRect host;
+    QList<QRect> moving;
     for (const desk::ShownWindow& window : desk.look().windows) {
         if (window.name == "back")
             continue;
         const QRect place = desk.display->place(window.window) & desk.display->area();
         area |= place;
         if (window.name == "host")
-            host = place;
+            moving << place;
+        const auto clock = window.controls.find("clock");
+        if (clock != window.controls.end() && clock->second.visible)
+            moving << clock->second.place.translated(place.topLeft());
     }
+    QStringList places;
+    for (const QRect& place : moving)
+        places << inWords(place.translated(-area.topLeft()));
     QImage picture = desk.display->picture(area);
-    picture.setText(movingKey, inWords(host.translated(-area.topLeft())));
+    picture.setText(movingKey, places.join(','));
     return picture;
 }
 
-/// Without what moves, and without the fine print of dithering.
-QImage blurred(QImage picture, const std::array<QRect, 2>& hidden)
+/// Without what moves in either of two pictures, and without the fine print of dithering.
+QImage blurred(const QImage& original, const QImage& other)
 {
     constexpr int blur = 4;
-    picture = picture.convertToFormat(QImage::Format_RGB32);
+    QImage picture = original.convertToFormat(QImage::Format_RGB32);
     QPainter painter(&picture);
-    for (const QRect& area : hidden)
-        painter.fillRect(area, Qt::black);
+    hideMoving(painter, original);
+    hideMoving(painter, other);
     painter.end();
     return picture.scaled(picture.size() / blur, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
@@ -64,9 +71,8 @@ bool sameLook(const QImage& one, const QImage& other)
     constexpr int tolerated = 6; // pixels: a text cursor, which blinks
     if (one.size() != other.size())
         return false;
-    const std::array hidden{moving(one), moving(other)};
-    const QImage first = blurred(one, hidden);
-    const QImage second = blurred(other, hidden);
+    const QImage first = blurred(one, other);
+    const QImage second = blurred(other, one);
     int different = 0;
     for (int y = 0; y < first.height(); ++y) {
         for (int x = 0; x < first.width(); ++x) {
@@ -90,21 +96,21 @@ Album::Album(QDir folder, Purpose purpose, int scale)
         throw std::runtime_error(folder_.path().toStdString() + " cannot be made");
 }
 
-QString Album::fileOf(const QString& name) const
+QImage Album::atRest(desk::Desk& desk)
 {
-    return name + (scale_ == 1 ? QString() : QString("@%1x").arg(scale_)) + ".png";
-}
-
-void Album::take(desk::Desk& desk, const QString& name)
-{
-    const QString file = fileOf(name);
-    taken_ << file;
     QImage picture;
     for (int rests = 0; rests < 3;) {
         std::this_thread::sleep_for(std::chrono::milliseconds(40));
         const QImage former = std::exchange(picture, seen(desk));
         rests = sameLook(former, picture) ? rests + 1 : 0;
     }
+    return picture;
+}
+
+void Album::add(const QString& name, const QImage& picture)
+{
+    const QString file = name + (scale_ == 1 ? QString() : QString("@%1x").arg(scale_)) + ".png";
+    taken_ << file;
     if (purpose_ == Purpose::Compare) {
         const QImage kept(folder_.filePath(file));
         if (kept.isNull() || !sameLook(kept, picture))

@@ -15,17 +15,18 @@ public:
 
     [[nodiscard]] int scale() const { return scale_; }
 
-    /// Takes the picture `name` of all windows but the backdrop when they are at rest. The host, who never
-    /// is, is noted in the file as "moving" and does not count in comparisons.
-    void take(desk::Desk& desk, const QString& name);
+    /// All windows but the backdrop when they are at rest. What never rests, the host and the clock, is noted
+    /// in the picture and does not count in comparisons.
+    [[nodiscard]] static QImage atRest(desk::Desk& desk);
+    /// Keeps the picture as `name`, or compares it with the one that was kept.
+    void add(const QString& name, const QImage& picture);
+    void take(desk::Desk& desk, const QString& name) { add(name, atRest(desk)); }
 
     /// To be called after the last picture. Removes the files of pictures that are taken no longer; when
     /// comparing, returns their names and those of the files that do not show what the program shows.
     QStringList finish();
 
 private:
-    [[nodiscard]] QString fileOf(const QString& name) const;
-
     QDir folder_;
     Purpose purpose_;
     int scale_;

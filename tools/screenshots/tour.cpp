@@ -87,9 +87,7 @@ public:
         desk_.click("orv", "lifeline2");
         desk_.until("the seventh second",
                     [](const Scene& scene) { return scene.control("orv", "clock").text.trimmed() == "7"; });
-        album_.take(desk_, "friend");
-        desk_.box();
-        album_.take(desk_, "time-over");
+        take("friend", {.lifelines = true});
         desk_.answer("OK");
         desk_.click("orv", "lifeline3");
         desk_.until("an option less", [](const Scene& scene) {
@@ -266,8 +264,12 @@ private:
 
     void take(const QString& name, const Panels& wanted)
     {
-        setPanels(wanted);
-        album_.take(desk_, name);
+        QImage picture;
+        do {
+            setPanels(wanted);
+            picture = Album::atRest(desk_);
+        } while (panels() != wanted);
+        album_.add(name, picture);
     }
 
     Album& album_;
