@@ -1,40 +1,28 @@
-# Completion of orvbank for bash; belongs in /usr/share/bash-completion/completions/orvbank.
-_orvbank() {
-    local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]} sub=${COMP_WORDS[1]} words=
-    case $prev in
-    --format) words='csv gift aiken text' ;;
-    --level) words='1 2 3' ;;
-    --count) return ;;
-    *)
-        if [ "$COMP_CWORD" -eq 1 ]; then
-            words='create check import export prompts list search show set delete stats sheet admin backup restore --help --version'
-        elif [[ $cur == -* ]]; then
-            case $sub in
-            create | check) words='--from --format --level --help' ;;
-            import) words='--format --level --replace --update --skip-known --skip-unfit --shuffle --dry-run --help' ;;
-            export) words='--format --level --help' ;;
-            list | search) words='--level --help' ;;
-            delete) words='--yes --help' ;;
-            stats) words='--from --format --hardest --easiest --csv --reset --help' ;;
-            sheet) words='--count --help' ;;
-            admin) words='--generate --help' ;;
-            backup) words='--for-others --help' ;;
-            prompts) words='--replace --help' ;;
-            *) words='--help' ;;
-            esac
-        elif [ "$COMP_CWORD" -eq 3 ]; then
-            case $sub in
-            admin) words='list add password rename remove' ;;
-            prompts) words='import export' ;;
-            esac
-        fi
-        ;;
-    esac
-    if [ -n "$words" ]; then
-        mapfile -t COMPREPLY < <(compgen -W "$words" -- "$cur")
-    else
-        mapfile -t COMPREPLY < <(compgen -f -- "$cur")
-        compopt -o filenames
-    fi
+# Completion of orvbank for bash, which asks the program itself what it knows.
+
+_orvbank_commands()
+{
+    "$@" --help 2> /dev/null | sed -n '/^Subcommands:/,$ s/^  \([a-z]\{1,\}\) .*/\1/p'
 }
-complete -F _orvbank orvbank
+
+_orvbank()
+{
+    local cur prev words cword
+    _init_completion || return
+    local command=()
+    ((cword == 1)) || command=("${words[1]}")
+    case $prev in
+        --format) COMPREPLY=($(compgen -W 'csv gift aiken text' -- "$cur")) ;;
+        --level) COMPREPLY=($(compgen -W '1 2 3' -- "$cur")) ;;
+        *)
+            if [[ $cur == -* ]]; then
+                ((cword < 4)) || [[ ! ${words[1]} =~ ^(admin|prompts)$ ]] || command=("${words[1]}" x "${words[3]}")
+                COMPREPLY=($(compgen -W "$(_parse_help "$1" "${command[*]} --help")" -- "$cur"))
+            elif ((cword == 1)) || [[ $cword == 3 && ${words[1]} =~ ^(admin|prompts)$ ]]; then
+                COMPREPLY=($(compgen -W "$(_orvbank_commands "$1" "${command[@]}")" -- "$cur"))
+            else
+                _filedir
+            fi
+            ;;
+    esac
+} && complete -F _orvbank orvbank

@@ -119,7 +119,10 @@ void Orv::recordchoice(int k)
         row.Update();
         state.currentquestion = std::move(row);
     } catch (const db::Failure& failure) {
-        notice(failure.message(), Icon::Exclamation);
+        // A bank for all players of a machine is one that they may not write: once a game will do.
+        const bool isProtected = failure.cause() == db::Failure::Cause::ReadOnly;
+        if (!isProtected || !std::exchange(state.toldOfProtectedBank, true))
+            notice(failure.message(), Icon::Exclamation);
     }
 }
 

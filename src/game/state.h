@@ -47,6 +47,7 @@ struct GameState
     bool begun = false;                    ///< a question has been shown
     bool toldOfMissingPrompts = false;
     bool toldOfRemovedQuestion = false; ///< of the one on screen
+    bool toldOfProtectedBank = false;
 };
 
 } // namespace game
