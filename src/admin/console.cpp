@@ -111,7 +111,7 @@ bool Console::eventFilter(QObject* watched, QEvent* event)
     const QKeySequence pressed = static_cast<QShortcutEvent*>(event)->key();
     for (auto* button : window->findChildren<toolkit::Button*>()) {
         if (button->shortcut() == pressed && button->isEnabled()) {
-            button->click();
+            button->press();
             return true;
         }
     }
