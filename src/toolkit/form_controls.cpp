@@ -148,4 +148,12 @@ void Form::focusFirst()
         tabs_.front().second->setFocus();
 }
 
+void Form::resumeFocus()
+{
+    if (focused_ && focused_->isEnabled() && focused_->isVisibleTo(this))
+        focused_->setFocus(Qt::MouseFocusReason);
+    else
+        focusFirst();
+}
+
 } // namespace toolkit
