@@ -97,8 +97,20 @@ void AddQuestions::displayrecord()
         return;
     for (const char* field : schema::answers)
         correctanswer->append(stored(field));
-    correctanswer->choose(stored(schema::correctAnswer));
+    const bool former = modified;
+    correctanswer->choose(entryFor(stored(schema::correctAnswer)));
+    modified = former; // letter case that the list sets right is no change by the owner
     level->choose(stored(schema::level));
+}
+
+// The game takes a right answer without regard to letter case.
+QString AddQuestions::entryFor(const QString& correctAnswer) const
+{
+    if (correctanswer->findText(correctAnswer, Qt::MatchExactly | Qt::MatchCaseSensitive) < 0)
+        for (int i = 0; i < correctanswer->count(); ++i)
+            if (correctanswer->itemText(i).toLower() == correctAnswer.toLower())
+                return correctanswer->itemText(i);
+    return correctAnswer;
 }
 
 void AddQuestions::fillcorrectanswers()

@@ -18,6 +18,8 @@ private:
     void connectControls();
     void displayrecord();
     void displayrow() override { displayrecord(); }
+    /// The entry of the list that stands for a stored right answer, or that answer if none does.
+    [[nodiscard]] QString entryFor(const QString& correctAnswer) const;
     void fillcorrectanswers();
     void checkmodified();
 

@@ -1,49 +1,14 @@
 #include "admin/console.h"
 
+#include "admin/child_window.h"
 #include "toolkit/screens.h"
 
 #include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QShortcutEvent>
 #include <QVBoxLayout>
 
 namespace admin {
-
-namespace {
-
-/// The window around a child of the console; it goes when the child does.
-class ChildWindow final : public QMdiSubWindow
-{
-public:
-    explicit ChildWindow(toolkit::Form& child)
-    {
-        setObjectName(child.name() + "Window");
-        setWidget(&child);
-        child.installEventFilter(this);
-        const bool fixed = child.minimumSize() == child.maximumSize();
-        Qt::WindowFlags flags = Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
-                                Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint |
-                                Qt::WindowMinimizeButtonHint;
-        flags.setFlag(Qt::WindowMaximizeButtonHint, !fixed);
-        setWindowFlags(flags);
-        if (fixed)
-            layout()->setSizeConstraint(QLayout::SetFixedSize);
-    }
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        const auto* form = dynamic_cast<toolkit::Form*>(watched);
-        if (form && event->type() == QEvent::HideToParent && form->isClosed()) {
-            hide();
-            deleteLater();
-        }
-        return QMdiSubWindow::eventFilter(watched, event);
-    }
-};
-
-} // namespace
 
 Console::Console(toolkit::Services services)
     : AdminForm({.name = "admin",
@@ -89,20 +54,19 @@ void Console::showInside(Form& child)
 {
     auto* window = qobject_cast<QMdiSubWindow*>(child.parentWidget());
     if (!window) {
-        window = new ChildWindow(child);
-        workspace_->addSubWindow(window, window->windowFlags());
-        child.show();
-        if (window->windowFlags().testFlag(Qt::WindowMaximizeButtonHint))
-            window->setWindowState(Qt::WindowMaximized);
+        auto* opened = new ChildWindow(child);
+        opened->open(*workspace_);
+        window = opened;
     }
     window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
     window->show();
     workspace_->setActiveSubWindow(window);
     if (!child.isAncestorOf(focusWidget()))
-        child.focusFirst();
+        child.resumeFocus();
 }
 
-// A letter that both a menu and the window in use have as their access key belongs to the window.
+// A letter that both a menu and the window in use have as their access key belongs to the window
+// as long as it is seen.
 bool Console::eventFilter(QObject* watched, QEvent* event)
 {
     const auto* window = workspace_->activeSubWindow();
@@ -110,8 +74,8 @@ bool Console::eventFilter(QObject* watched, QEvent* event)
         return AdminForm::eventFilter(watched, event);
     const QKeySequence pressed = static_cast<QShortcutEvent*>(event)->key();
     for (auto* button : window->findChildren<toolkit::Button*>()) {
-        if (button->shortcut() == pressed && button->isEnabled()) {
-            button->click();
+        if (button->shortcut() == pressed && button->isEnabled() && button->isVisible()) {
+            button->press();
             return true;
         }
     }

@@ -165,8 +165,14 @@ bool Button::event(QEvent* event)
 {
     if (event->type() != QEvent::Shortcut)
         return QPushButton::event(event);
-    click();
+    press();
     return true;
+}
+
+void Button::press()
+{
+    setFocus(Qt::ShortcutFocusReason);
+    click();
 }
 
 void Button::paintEvent(QPaintEvent*)

@@ -186,7 +186,7 @@ void Form::onLostFocus(QWidget* control, std::function<void()> handler)
 
 void Form::focus(QWidget* control)
 {
-    control->setFocus(Qt::OtherFocusReason);
+    control->setFocus(Qt::MouseFocusReason);
     // While a box has the keyboard no event tells of the focus inside this window.
     focusMoved(control);
 }

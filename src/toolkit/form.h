@@ -68,8 +68,10 @@ public:
     [[nodiscard]] bool isClosed() const { return closed_; }
     /// Puts the window of `child` on show inside this one, in front of its siblings.
     virtual void showInside(Form& child) { child.show(); }
-    /// Gives the first control in the tab order the focus.
-    void focusFirst();
+    /// The control that had the focus last; null before any had it.
+    [[nodiscard]] QWidget* lastFocused() const { return focused_; }
+    /// Gives the focus back to it, or to the first control in the tab order if it cannot be used.
+    void resumeFocus();
 
 protected:
     // The events of the screen.
@@ -154,6 +156,7 @@ private:
     Control* add(Control* control, const QString& name, const TwipRect& place);
     void applyLook(QWidget* control, const Look& look);
     void focusMoved(QWidget* control);
+    void focusFirst();
     [[nodiscard]] TwipRect openingBounds() const;
 
     FormSettings settings_;

@@ -20,6 +20,9 @@ void Form::applyLook(QWidget* control, const Look& look)
     control->setHidden(look.hidden);
     if (control->focusPolicy() == Qt::NoFocus)
         return;
+    // Whatever the pointer lies on, a turn of the wheel takes no focus.
+    if (control->focusPolicy() == Qt::WheelFocus)
+        control->setFocusPolicy(Qt::StrongFocus);
     tabs_.emplace_back(look.tab, control);
     lifted_.push_back(control);
     control->installEventFilter(this);
@@ -143,6 +146,14 @@ void Form::focusFirst()
 {
     if (!tabs_.empty())
         tabs_.front().second->setFocus();
+}
+
+void Form::resumeFocus()
+{
+    if (focused_ && focused_->isEnabled() && focused_->isVisibleTo(this))
+        focused_->setFocus(Qt::MouseFocusReason);
+    else
+        focusFirst();
 }
 
 } // namespace toolkit

@@ -10,23 +10,46 @@
 
 namespace toolkit {
 
+namespace {
+
+bool isLineEnd(QChar character)
+{
+    return character == QChar::LineFeed || character == QChar::CarriageReturn;
+}
+
+} // namespace
+
 /// QLineEdit's own limit counts UTF-16 units and cuts what the program sets.
 class TextBox::Limit final : public QValidator
 {
 public:
     explicit Limit(TextBox& box) : QValidator(&box), box_(box) {}
 
+    /// The program is about to set `text`, which is kept whatever it is.
+    void expect(const QString& text) const { accepted_ = text; }
+
     State validate(QString& input, int& position) const override
     {
-        if (codePoints(input) <= std::max(box_.limit_, box_.room_))
+        const bool fits = codePoints(input) <= std::max(box_.limit_, box_.room_);
+        if (fits && !endsEnteredLine(input.first(position))) {
+            accepted_ = input;
             return Acceptable;
+        }
         box_.rejected_ = input;
         box_.rejectedEnd_ = position;
         return Invalid;
     }
 
 private:
+    // What is in front of the cursor was in front of it before unless it has been entered.
+    [[nodiscard]] bool endsEnteredLine(const QString& beforeCursor) const
+    {
+        return !beforeCursor.isEmpty() && isLineEnd(beforeCursor.back()) &&
+               !accepted_.startsWith(beforeCursor);
+    }
+
     TextBox& box_;
+    mutable QString accepted_;
 };
 
 TextBox::TextBox(QWidget* parent) : QLineEdit(parent)
@@ -47,16 +70,19 @@ void TextBox::setMasked()
 void TextBox::setText(const QString& text)
 {
     room_ = codePoints(text);
+    static_cast<const Limit*>(validator())->expect(text);
     QLineEdit::setText(text);
     home(false); // a long text is read from its beginning
 }
 
-// Of a pasted text that is too long, the beginning is taken.
+// Of a pasted text that is too long, the beginning is taken; the end of a pasted line is no part of it.
 void TextBox::enterWhatFits()
 {
     const qsizetype start = hasSelectedText() ? selectionStart() : cursorPosition();
     qsizetype free = std::max(limit_, room_) - room_ + codePoints(selectedText());
-    const QString entered = rejected_.mid(start, rejectedEnd_ - start);
+    QString entered = rejected_.mid(start, rejectedEnd_ - start);
+    while (!entered.isEmpty() && isLineEnd(entered.back()))
+        entered.chop(1);
     rejected_.clear();
     qsizetype fits = 0;
     for (; free > 0 && fits < entered.size(); --free)

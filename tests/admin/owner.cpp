@@ -100,12 +100,12 @@ void Owner::run(const QString& screen, const QString& steps)
     for (const QString& step : steps.split("; ", Qt::SkipEmptyParts)) {
         if (const auto equals = step.indexOf('='); equals > 0) {
             auto& box = control<TextBox>(screen, step.left(equals));
-            box.setFocus();
+            box.setFocus(Qt::MouseFocusReason);
             box.selectAll();
             box.insert(step.mid(equals + 1));
         } else if (const auto place = step.indexOf('#'); place > 0) {
             auto& list = control<ChoiceList>(screen, step.left(place));
-            list.setFocus();
+            list.setFocus(Qt::MouseFocusReason);
             list.setCurrentIndex(step.mid(place + 1).toInt());
         } else {
             QTest::mouseClick(&control<toolkit::Button>(screen, step), Qt::LeftButton);
