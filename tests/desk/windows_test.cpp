@@ -73,6 +73,8 @@ TEST_P(WindowsUnder, StayInTheirOrderWhateverIsClicked)
     desk->enterName("Guest");
     untilQuestion();
     clickAroundAndExpectOrder("");
+    const auto place = [this](const char* screen) { return desk->display->place(desk->windowOf(screen)); };
+    EXPECT_TRUE(place("back").contains(place("orv").adjusted(-95, -34, 95, 33))) << "with both panels open";
 
     const QPoint option = desk->aim("orv", "option1");
     const std::string chosen = choice(right(), 2);
@@ -87,7 +89,7 @@ TEST_P(WindowsUnder, StayInTheirOrderWhateverIsClicked)
     EXPECT_EQ(choices(), chosen);
 
     // Asking again and again is the impatient player's way.
-    desk->display->askToClose(desk->windowOf("orv"));
+    desk->display->askToClose(desk->windowOf("back"));
     clickAroundAndExpectOrder("box");
     desk->display->askToClose(desk->windowOf("orv"));
     EXPECT_EQ(desk->answer("OK").summary(), farewell);
