@@ -215,7 +215,7 @@ void makeSpeech(const std::shared_ptr<SoundState>& state)
         std::vector<SpokenPiece> pieces;
         if (text.cut)
             pieces.push_back(std::move(text.pieces[text.made.size()]));
-        const QString words = text.text;
+        const QString words = std::move(text.text);
         lock.unlock();
         std::optional<Speech> speech;
         try {

@@ -57,7 +57,7 @@ public:
     {
         const std::lock_guard lock(state_->mutex);
         SpokenText spoken;
-        spoken.text = text;
+        spoken.text = QString(text.constData(), text.size()); // shares nothing with this thread
         spoken.cut = false;
         return renew(std::move(spoken));
     }
