@@ -1,6 +1,7 @@
 #include "bank/formats.h"
 #include "bank/text.h"
 
+#include <QHash>
 #include <QRegularExpression>
 #include <QSet>
 
@@ -84,8 +85,9 @@ private:
                 step();
                 if (at_ == content_.size() || content_[at_] != u'"') {
                     if (!atCellEnd()) {
-                        complaints.add(placeOf(cell), "the text goes on behind its closing quotation mark; a "
-                                                      "quotation mark inside a text must be doubled");
+                        complaints.add(placeOf(cell),
+                                       "the text goes on behind its closing quotation mark; double "
+                                       "the marks inside it");
                         text += unquotedText();
                     }
                     return text;
@@ -143,32 +145,29 @@ constexpr int number(Field field)
 }
 
 /// Names of columns in lower case: our own, those of the database, and those that other programs give.
-constexpr std::pair<const char*, int> columnNames[] = {
-    {"level", number(Field::Level)},
-    {"difficulty", number(Field::Level)},
-    {"topic", number(Field::Topic)},
-    {"category", number(Field::Topic)},
-    {"question", number(Field::Question)},
-    {"question text", number(Field::Question)},
-    {"right", number(Field::Right)},
-    {"correct_answer", key},
-    {"correct answer", answer},
-    {"correct option", answer},
-    {"correct", answer},
-    {"right answer", answer},
-    {"answer", answer},
-    {"why", number(Field::Why)},
-    {"explanation", number(Field::Why)},
+constexpr std::pair<int, const char*> columnNames[] = {
+    {number(Field::Level), "level|difficulty"},
+    {number(Field::Topic), "topic|category"},
+    {number(Field::Question), "question|question text"},
+    {number(Field::Right), "right"},
+    {key, "correct_answer"},
+    {answer, "correct answer|correct option|correct|right answer|answer"},
+    {number(Field::Why), "why|explanation"},
 };
 
 int columnOf(const QString& name)
 {
     static const QRegularExpression option("^(tally |(?:option|answer|choice)[ _]?)?([a-d]|[1-4])$");
+    static const QHash<QString, int> known = [] {
+        QHash<QString, int> columns;
+        for (const auto& [column, names] : columnNames)
+            for (const QString& each : QString(names).split(u'|'))
+                columns.insert(each, column);
+        return columns;
+    }();
     const QString lower = name.simplified().toLower();
-    const auto* const found = std::find_if(std::begin(columnNames), std::end(columnNames),
-                                           [&](const auto& known) { return lower == QString(known.first); });
-    if (found != std::end(columnNames))
-        return found->second;
+    if (const auto found = known.find(lower); found != known.end())
+        return *found;
     const auto match = option.match(lower);
     if (!match.hasMatch() || (match.captured(1).isEmpty() && lower.front().isDigit()))
         return unused;
@@ -216,12 +215,10 @@ QString levelOf(const QString& text)
 {
     if (isLevel(text))
         return text;
-    constexpr std::array words = {"easy", "medium", "hard"};
-    const QString lower = text.toLower();
-    for (std::size_t i = 0; i < words.size(); ++i)
-        if (lower == QString(words.at(i)))
-            return QString::number(i + 1);
-    return lower.startsWith("level ") ? text.mid(6).trimmed() : text;
+    const auto word = QStringList{"easy", "medium", "hard"}.indexOf(text.toLower());
+    return word >= 0                                        ? QString::number(word + 1)
+           : text.startsWith("level ", Qt::CaseInsensitive) ? text.mid(6).trimmed()
+                                                            : text;
 }
 
 /// The letter that is meant by "b" or "2", "" if the text is no such thing.
@@ -250,8 +247,7 @@ public:
             return;
         auto faults = intake_.complaints.lines().size();
         while (records_.next(cells, intake_.complaints)) {
-            const bool isWhole = intake_.complaints.lines().size() == faults;
-            if (isWhole && !isBlank(cells) && fits(cells))
+            if (intake_.complaints.lines().size() == faults && !isBlank(cells) && fits(cells))
                 readQuestion(cells);
             faults = intake_.complaints.lines().size();
         }
@@ -385,12 +381,8 @@ void readCsv(const TextFile& file, Intake& intake)
 
 QString csvCell(QString text)
 {
-    const auto needsMarks = [](QChar c) {
-        return c == u'"' || c == u',' || c == u';' || c == u'\t' || c == u'\n' || c == u'\r';
-    };
-    if (std::none_of(text.cbegin(), text.cend(), needsMarks))
-        return text;
-    return u'"' + text.replace(u'"', "\"\"") + u'"';
+    static const QRegularExpression special("[\",;\t\r\n]");
+    return text.contains(special) ? u'"' + text.replace(u'"', "\"\"") + u'"' : text;
 }
 
 bool isTabSeparated(const TextFile& file)
@@ -404,8 +396,7 @@ QByteArray writeCsv(const std::vector<Question>& questions)
     content += "level,question,A,B,C,D,right,tally A,tally B,tally C,tally D\r\n";
     for (const Question& question : questions) {
         QStringList cells;
-        for (const Field field :
-             {Field::Level, Field::Question, Field::A, Field::B, Field::C, Field::D, Field::Right})
+        for (const Field field : playedFields)
             cells << csvCell(question.at(field));
         for (const qint64 tally : question.tallies)
             cells << QString::number(tally);

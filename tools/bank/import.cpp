@@ -55,8 +55,7 @@ std::array<qint64, 4> carriedTallies(const Question& former, const Question& que
 QStringList differences(const Question& a, const Question& b)
 {
     QStringList names;
-    for (const Field field :
-         {Field::Level, Field::Question, Field::A, Field::B, Field::C, Field::D, Field::Right})
+    for (const Field field : playedFields)
         if (a.at(field) != b.at(field))
             names << nameOf(field);
     return names;

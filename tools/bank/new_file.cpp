@@ -65,7 +65,7 @@ void noteUnfinished(const std::string& name)
     for (std::size_t i = 0; i < unfinished.size(); ++i) {
         const std::string whole = name.empty() ? name : name + (i == 0 ? "" : "-journal");
         if (whole.size() < unfinished.at(i).size())
-            std::strcpy(unfinished.at(i).data(), whole.c_str());
+            std::memcpy(unfinished.at(i).data(), whole.c_str(), whole.size() + 1);
     }
     struct sigaction action = {};
     action.sa_handler = removeUnfinished;

@@ -27,6 +27,10 @@ inline constexpr std::array<const char*, 9> fieldNames = {"level", "topic", "que
                                                           "C",     "D",     "right",    "why"};
 inline constexpr std::array<Field, 4> optionFields = {Field::A, Field::B, Field::C, Field::D};
 
+/// Those that the database holds.
+inline constexpr std::array<Field, 7> playedFields = {Field::Level, Field::Question, Field::A,    Field::B,
+                                                      Field::C,     Field::D,        Field::Right};
+
 [[nodiscard]] inline QString nameOf(Field field)
 {
     return QString::fromLatin1(fieldNames.at(static_cast<std::size_t>(field)));

@@ -70,8 +70,7 @@ QByteArray writeRecords(const std::vector<Question>& questions)
     QString content = "# The database holds neither topic nor why: add them before this becomes the "
                       "source of a bank.\n\n";
     for (const Question& question : questions) {
-        for (const Field field :
-             {Field::Level, Field::Question, Field::A, Field::B, Field::C, Field::D, Field::Right})
+        for (const Field field : playedFields)
             content += nameOf(field) + ": " + question.at(field) + u'\n';
         content += u'\n';
     }

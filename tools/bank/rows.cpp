@@ -10,9 +10,6 @@
 namespace bank {
 namespace {
 
-constexpr std::array settable = {Field::Level, Field::Question, Field::A,    Field::B,
-                                 Field::C,     Field::D,        Field::Right};
-
 bool holdsAll(const Question& question, const QStringList& words)
 {
     if (words.empty())
@@ -28,8 +25,8 @@ void setText(Question& question, const QString& assignment)
     const auto sign = assignment.indexOf(u'=');
     const QString name = assignment.left(sign).trimmed();
     const auto* const field = std::ranges::find_if(
-        settable, [&](Field known) { return name.compare(nameOf(known), Qt::CaseInsensitive) == 0; });
-    if (sign < 0 || field == settable.end())
+        playedFields, [&](Field known) { return name.compare(nameOf(known), Qt::CaseInsensitive) == 0; });
+    if (sign < 0 || field == playedFields.end())
         throw Failure(
             QString("%1 is not of the form field=text with one of the fields level, question, A, B, C, "
                     "D, right")
@@ -62,7 +59,7 @@ std::size_t listQuestions(const std::vector<Question>& questions, const QString&
 
 void showQuestion(const Question& question, std::ostream& out)
 {
-    for (const Field field : settable) {
+    for (const Field field : playedFields) {
         out << nameOf(field).toStdString() << ": " << shown(question.at(field)).toStdString();
         const auto option = std::ranges::find(optionFields, field) - optionFields.begin();
         if (option < std::ssize(optionFields))
