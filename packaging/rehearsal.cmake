@@ -98,13 +98,13 @@ endfunction()
 
 # The welcome, the title, the rules and the name are passed by keyboard, the answer is a click on the first option.
 set(play [[
-search --sync --onlyvisible --name "^Welcome to Orvanta$" windowfocus --sync
+search --sync --onlyvisible --name "^Welcome to Orvanta$"
 sleep 2
 exec --sync scrot --overwrite /pictures/WHO-welcome.png
 key --window 0 space
 sleep 2
 key --window 0 Return
-search --sync --onlyvisible --name "^Orvanta : Rules$" windowfocus --sync
+search --sync --onlyvisible --name "^Orvanta : Rules$"
 sleep 1
 key --window 0 Return
 sleep 2
@@ -121,7 +121,7 @@ exec --sync scrot --overwrite /pictures/WHO-verdict.png
 ]])
 set(start "exec orvanta-launcher\n")
 set(tell_password [[
-search --sync --onlyvisible --class orvanta-launcher windowfocus --sync
+search --sync --onlyvisible --class orvanta-launcher
 sleep 1
 exec --sync scrot --overwrite /pictures/WHO-password.png
 key --window 0 Return
@@ -171,7 +171,7 @@ expect("Babu's bank" "${output}" ${shared})
 message(STATUS "What is told when it cannot be")
 set(complaint [[
 exec orvanta-launcher
-search --sync --onlyvisible --class orvanta-launcher windowfocus --sync
+search --sync --onlyvisible --class orvanta-launcher
 sleep 1
 exec --sync scrot --overwrite /pictures/WHO.png
 key --window 0 Return

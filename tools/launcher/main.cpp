@@ -7,11 +7,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
-#include <QLockFile>
 #include <QMessageBox>
 #include <QProcess>
 
+#include <cerrno>
 #include <cstdio>
+
+#include <fcntl.h>
+#include <sys/file.h>
 
 namespace {
 
@@ -57,15 +60,20 @@ int play(const QString& folder)
     return game.exitCode();
 }
 
+/// Holds the folder until this process ends, in whatever way; false if another launcher does. Where the file
+/// system knows no such locks, two games are nobody's harm.
+bool holdFolder(const std::filesystem::path& folder)
+{
+    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    return descriptor < 0 || ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
 int run()
 {
     const auto places = launcher::placesFor(besidePrograms("orvanta").toStdString());
     launcher::makeFolder(places);
     const QDir folder(QFile::decodeName(places.own.c_str()));
-    // Where no lock can be written, on a disk that is full or read-only, a bank may still be played with.
-    QLockFile lock(folder.filePath(".running"));
-    lock.setStaleLockTime(0);
-    if (!lock.tryLock() && lock.error() == QLockFile::LockFailedError) {
+    if (!holdFolder(places.own)) {
         throw launcher::Failure("Orvanta is running already. Look for its window on your desktop, or end the "
                                 "game that is open before you start another one.");
     }
