@@ -138,7 +138,7 @@ void DrawingRules::attribute(const QString& element, const QString& name, QStrin
 {
     const auto kind = kinds().constFind(name);
     if (kind == kinds().cend())
-        throw Defect{QString("the attribute \"%1\" of \"%2\" is not allowed").arg(name.left(40), element)};
+        throw Defect{QString(R"(the attribute "%1" of "%2" is not allowed)").arg(name.left(40), element)};
     bool good = true;
     switch (*kind) {
     case Kind::Number:
@@ -171,7 +171,7 @@ void DrawingRules::attribute(const QString& element, const QString& name, QStrin
         return path(value);
     }
     if (!good)
-        throw Defect{QString("\"%1\" is no value for the attribute \"%2\"").arg(value.left(40), name)};
+        throw Defect{QString(R"("%1" is no value for the attribute "%2")").arg(value.left(40), name)};
 }
 
 void DrawingRules::paint(QStringView value, qint64 line)
