@@ -10,20 +10,24 @@ using toolkit::Weight;
 
 namespace {
 
-const QColor navy(0, 0, 64);
+const QColor ground(0, 0, 64);
 
 } // namespace
 
 Rules::Rules(toolkit::Services services)
-    : Form({.name = "rules", .caption = "Orvanta : Rules", .width = 7875, .height = 6870, .background = navy},
+    : Form({.name = "rules",
+            .caption = "Orvanta : Rules",
+            .width = 7875,
+            .height = 6870,
+            .background = ground},
            services)
 {
     const toolkit::Look consent{.font = verdana(9.75, Weight::Bold), .colour = QColor(255, 224, 192)};
     // clang-format off
     label("Label1", {240, 240, 4935, 495}, "The Rules of the Game",
-          {.font = verdana(14.25, Weight::Bold), .colour = QColor(255, 192, 192), .background = navy});
+          {.font = verdana(14.25, Weight::Bold), .colour = QColor(255, 192, 192), .background = ground});
     auto* Text1 = textArea("Text1", {240, 720, 7455, 5295}, rulesText(),
-                          {.font = verdana(9.75), .colour = QColor(192, 255, 192), .background = navy, .tab = 0});
+                          {.font = verdana(9.75), .colour = QColor(192, 255, 192), .background = ground, .tab = 0});
     accept = checkBox("accept", {360, 6120, 255, 255}, "Accept The Rules", {.tab = 3});
     label("Label2", {720, 6120, 2175, 255}, "I Accept the Rules", consent);
     reject = checkBox("reject", {3600, 6120, 255, 255}, "", {.tab = 5});

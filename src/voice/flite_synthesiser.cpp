@@ -35,11 +35,6 @@ Milliseconds fromSeconds(double seconds)
     return Milliseconds(std::lround(seconds * 1000));
 }
 
-std::size_t samplesIn(Milliseconds span)
-{
-    return static_cast<std::size_t>(std::max<Milliseconds::rep>(span.count(), 0)) * sampleRate / 1000;
-}
-
 int onSamples(const cst_wave*, int, int, int, cst_audio_streaming_info* info)
 {
     const auto& dropped = *static_cast<const std::function<bool()>*>(info->userdata);

@@ -11,7 +11,7 @@ namespace {
 constexpr auto leastTime = 60ms;
 constexpr int changePercent = 55; ///< of a two-part vowel's time
 
-struct Row
+struct Phone
 {
     std::string_view name;
     MouthShape first;
@@ -21,15 +21,16 @@ struct Row
 using enum MouthShape;
 
 constexpr std::array rows = {
-    Row{"pau", Rest},  Row{"m", M},     Row{"b", M},     Row{"p", M},     Row{"f", F},     Row{"v", F},
-    Row{"t", T},       Row{"d", T},     Row{"n", T},     Row{"l", T},     Row{"th", T},    Row{"dh", T},
-    Row{"s", S},       Row{"z", S},     Row{"sh", S},    Row{"zh", S},    Row{"ch", S},    Row{"jh", S},
-    Row{"eh", E},      Row{"ey", E},    Row{"ih", E},    Row{"iy", E},    Row{"y", E},     Row{"k", E},
-    Row{"g", E},       Row{"ng", E},    Row{"hh", E},    Row{"ax", E},    Row{"aa", A},    Row{"ae", A},
-    Row{"ah", A},      Row{"ao", O},    Row{"uw", U},    Row{"uh", U},    Row{"w", U},     Row{"r", U},
-    Row{"er", U},      Row{"ay", A, E}, Row{"aw", A, U}, Row{"ow", O, U}, Row{"oy", O, E}, Row{"h#", Rest},
-    Row{"brth", Rest}, Row{"em", M},    Row{"el", T},    Row{"en", T},    Row{"nx", T},    Row{"dx", T},
-    Row{"hv", E},      Row{"axr", U},
+    Phone{"pau", Rest}, Phone{"m", M},     Phone{"b", M},       Phone{"p", M},     Phone{"f", F},
+    Phone{"v", F},      Phone{"t", T},     Phone{"d", T},       Phone{"n", T},     Phone{"l", T},
+    Phone{"th", T},     Phone{"dh", T},    Phone{"s", S},       Phone{"z", S},     Phone{"sh", S},
+    Phone{"zh", S},     Phone{"ch", S},    Phone{"jh", S},      Phone{"eh", E},    Phone{"ey", E},
+    Phone{"ih", E},     Phone{"iy", E},    Phone{"y", E},       Phone{"k", E},     Phone{"g", E},
+    Phone{"ng", E},     Phone{"hh", E},    Phone{"ax", E},      Phone{"aa", A},    Phone{"ae", A},
+    Phone{"ah", A},     Phone{"ao", O},    Phone{"uw", U},      Phone{"uh", U},    Phone{"w", U},
+    Phone{"r", U},      Phone{"er", U},    Phone{"ay", A, E},   Phone{"aw", A, U}, Phone{"ow", O, U},
+    Phone{"oy", O, E},  Phone{"h#", Rest}, Phone{"brth", Rest}, Phone{"em", M},    Phone{"el", T},
+    Phone{"en", T},     Phone{"nx", T},    Phone{"dx", T},      Phone{"hv", E},    Phone{"axr", U},
 };
 
 bool mustShow(MouthShape shape)
@@ -41,7 +42,7 @@ bool mustShow(MouthShape shape)
 
 std::optional<SoundShapes> shapesOf(std::string_view segment)
 {
-    for (const Row& row : rows)
+    for (const Phone& row : rows)
         if (row.name == segment)
             return SoundShapes{row.first, row.second};
     return {};

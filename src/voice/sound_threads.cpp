@@ -23,11 +23,6 @@ Milliseconds spanOf(std::size_t samples)
     return Milliseconds(samples * 1000 / sampleRate);
 }
 
-std::size_t samplesIn(Milliseconds span)
-{
-    return static_cast<std::size_t>(span.count()) * sampleRate / 1000;
-}
-
 /// Plays one text after another on a device that is open as long as there are any.
 class Playing
 {

@@ -3,6 +3,7 @@
 #include "voice/mouths.h"
 #include "voice/spoken_pieces.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <functional>
@@ -13,6 +14,11 @@ namespace voice {
 
 /// Samples a second of all sound, one channel.
 inline constexpr int sampleRate = 16'000;
+
+[[nodiscard]] inline std::size_t samplesIn(std::chrono::milliseconds span)
+{
+    return static_cast<std::size_t>(std::max<std::int64_t>(span.count(), 0)) * sampleRate / 1000;
+}
 
 /// When a word begins, and how much of the text is said with it.
 struct WordTime

@@ -13,7 +13,7 @@ namespace {
 
 constexpr qint64 charactersPerSecond = 15;
 constexpr auto lead = 40ms;                 ///< lips move, and words come, before they are heard
-constexpr auto patience = 2s;               ///< with the synthesiser
+constexpr auto mostWaiting = 2s;            ///< with the synthesiser
 constexpr Milliseconds longestLook = 250ms; ///< from one look to the next; in a longer time nobody looked
 constexpr auto leap = 2s; ///< a text that was due longer ago is not said any more, only caught up with
 
@@ -118,7 +118,7 @@ void Voice::follow(Milliseconds now)
 void Voice::await(const Speaker::Progress& progress, Milliseconds now)
 {
     if (times_.length == 0ms) {
-        if (complete_ || waited_ > patience) {
+        if (complete_ || waited_ > mostWaiting) {
             read(now);
             advance(0ms, now);
         }
@@ -174,7 +174,7 @@ void Voice::advance(Milliseconds time, Milliseconds now)
     }
     if (course_ == Course::Unheard && !complete_)
         origin_ = now - time_; // the text stands still until the next piece has been made
-    if (complete_ || waited_ > patience) {
+    if (complete_ || waited_ > mostWaiting) {
         over_ = course_ == Course::Unheard ? origin_ + time_ : now;
         course_ = Course::Over;
     }

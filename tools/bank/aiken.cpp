@@ -23,7 +23,7 @@ std::optional<QStringView> answerIn(QStringView line)
 }
 
 /// The lines of a question up to that of its answer.
-class Block
+class QuestionLines
 {
 public:
     void add(const Line& line, Complaints& complaints)
@@ -95,7 +95,7 @@ void readAiken(const TextFile& file, Intake& intake)
         intake.complaints.add({file.name}, "Aiken holds no levels; --level gives one");
         return;
     }
-    Block block;
+    QuestionLines block;
     Line last;
     for (const Line& line : linesOf(file)) {
         if (line.text.isEmpty())

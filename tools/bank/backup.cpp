@@ -85,21 +85,21 @@ bool keepAside(const std::filesystem::path& file, const std::filesystem::path& a
 
 } // namespace
 
-void backUp(const std::filesystem::path& file, const std::filesystem::path& target, Progress& progress)
+void backUp(const std::filesystem::path& original, const std::filesystem::path& target, Progress& progress)
 {
-    const Store usable(file, progress); // or a message why it is not
+    const Store usable(original, progress); // or a message why it is not
     NewFile newFile(target);
     try {
-        SQLite::Database source(file.string(), SQLite::OPEN_READONLY, patienceMs);
+        SQLite::Database source(original.string(), SQLite::OPEN_READONLY, patienceMs);
         SQLite::Database database(newFile.temporary().string(), SQLite::OPEN_READWRITE, patienceMs);
-        copy(source, database, file, progress);
+        copy(source, database, original, progress);
         // A copy of a file with a write-ahead log would keep part of its content in a second file.
         database.exec("pragma journal_mode = delete");
         requireSound(database, target);
     } catch (const SQLite::Exception& error) {
         const bool isTarget = error.getErrorCode() == SQLITE_FULL || error.getErrorCode() == SQLITE_IOERR;
-        throw db::failed(isTarget ? db::Attempt::Change : db::Attempt::Read, nameOf(isTarget ? target : file),
-                         error);
+        throw db::failed(isTarget ? db::Attempt::Change : db::Attempt::Read,
+                         nameOf(isTarget ? target : original), error);
     }
     newFile.publish();
 }

@@ -98,7 +98,7 @@ QString plain(const QString& piece)
 /// The name of the markup in front of a text.
 const QRegularExpression& markup()
 {
-    static const QRegularExpression expression("^\\[(html|moodle|plain|markdown)\\]\\s*");
+    static const QRegularExpression expression(R"(^\[(html|moodle|plain|markdown)\]\s*)");
     return expression;
 }
 
@@ -181,7 +181,7 @@ Answers answersOf(Block& block, qsizetype open, qsizetype close)
                                      [](const Option& option) { return option.right; });
     if (!before.text.isEmpty()) {
         answers.spot = before.spot;
-        answers.fault = "an option must begin with \"=\" or \"~\"";
+        answers.fault = R"(an option must begin with "=" or "~")";
     } else if (answers.options.size() != optionFields.size() || right != 1) {
         answers.fault =
             QString("%1 options of which %2 are right").arg(answers.options.size()).arg(right) + wanted;

@@ -8,13 +8,13 @@ namespace bank {
 namespace {
 
 /// One question as it stands in the file.
-struct Record
+struct Entry
 {
     Question question;
     bool repeats = false; ///< a field was given twice and complained about
 };
 
-void addField(const Line& line, Record& record, Complaints& complaints)
+void addField(const Line& line, Entry& entry, Complaints& complaints)
 {
     const auto colon = line.text.indexOf(u':');
     const QString name = line.text.left(colon).trimmed();
@@ -30,39 +30,39 @@ void addField(const Line& line, Record& record, Complaints& complaints)
     }
     const auto field = static_cast<Field>(known - fieldNames.begin());
     const QStringView text = QStringView(line.text).mid(colon + 1).trimmed();
-    Spot& spot = record.question.spot(field);
+    Spot& spot = entry.question.spot(field);
     if (spot.line == 0) {
         spot = {line.place.line, line.place.column + static_cast<int>(text.data() - line.text.data())};
-        record.question.at(field) = text.toString();
-    } else if (!std::exchange(record.repeats, true)) {
+        entry.question.at(field) = text.toString();
+    } else if (!std::exchange(entry.repeats, true)) {
         complaints.add(line.place,
                        QString("%1 is given twice; a blank line must part two questions").arg(name));
     }
 }
 
-void addQuestion(Record record, Intake& intake)
+void addQuestion(Entry entry, Intake& intake)
 {
-    if (record.question.place.line > 0)
-        intake.accept(std::move(record.question));
+    if (entry.question.place.line > 0)
+        intake.accept(std::move(entry.question));
 }
 
 } // namespace
 
 void readRecords(const TextFile& file, Intake& intake)
 {
-    Record record;
+    Entry entry;
     for (const Line& line : linesOf(file)) {
         if (line.text.startsWith(u'#'))
             continue;
         if (line.text.isEmpty()) {
-            addQuestion(std::exchange(record, {}), intake);
+            addQuestion(std::exchange(entry, {}), intake);
             continue;
         }
-        if (record.question.place.line == 0)
-            record.question.place = {line.place.file, line.place.line};
-        addField(line, record, intake.complaints);
+        if (entry.question.place.line == 0)
+            entry.question.place = {line.place.file, line.place.line};
+        addField(line, entry, intake.complaints);
     }
-    addQuestion(std::move(record), intake);
+    addQuestion(std::move(entry), intake);
 }
 
 QByteArray writeRecords(const std::vector<Question>& questions)

@@ -60,7 +60,7 @@ std::string makeBank(const fs::path& file, const fs::path& source)
         bank::readFolder(source, intake);
         intake.complaints.throwIfAny();
         const bank::Account owner{"owner", bank::newPassword()};
-        bank::createDatabase(file, intake.bank, owner);
+        bank::createDatabase(file, intake.bank, owner, silent);
         return owner.password;
     } catch (const std::exception& error) {
         throw Failure(

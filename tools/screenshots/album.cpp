@@ -1,7 +1,5 @@
 #include "album.h"
 
-#include "../charpack/palette.h"
-
 #include <QPainter>
 
 #include <algorithm>
@@ -117,9 +115,8 @@ void Album::add(const QString& name, const QImage& picture)
             old_ << file;
         return;
     }
-    QImage small = inFewColours(picture);
-    small.setText(movingKey, picture.text(movingKey));
-    if (!small.save(folder_.filePath(file)))
+    constexpr int smallest = 0; // the quality of a PNG file is only how little it is compressed
+    if (!picture.save(folder_.filePath(file), nullptr, smallest))
         throw std::runtime_error(folder_.filePath(file).toStdString() + " cannot be written");
 }
 
