@@ -36,6 +36,7 @@ function(as user)
     set(output "${output}" PARENT_SCOPE)
 endfunction()
 
+# xdotool does not bear windows that vanish while it searches, hence the pauses.
 # at_desk(USER MOVES [VARIABLE=VALUE...]): a user with a desktop of their own; MOVES is a script of xdotool.
 function(at_desk user moves)
     file(WRITE ${root}/tmp/moves "exec openbox\nsleep 2\n${moves}")
@@ -98,12 +99,14 @@ endfunction()
 
 # The welcome, the title, the rules and the name are passed by keyboard, the answer is a click on the first option.
 set(play [[
+sleep 5
 search --sync --onlyvisible --name "^Welcome to Orvanta$"
 sleep 2
 exec --sync scrot --overwrite /pictures/WHO-welcome.png
 key --window 0 space
 sleep 2
 key --window 0 Return
+sleep 5
 search --sync --onlyvisible --name "^Orvanta : Rules$"
 sleep 1
 key --window 0 Return
@@ -112,15 +115,19 @@ type --window 0 --delay 50 Asha
 key --window 0 Return
 sleep 4
 exec --sync scrot --overwrite /pictures/WHO-question.png
-mousemove 330 525 click 1
+mousemove 340 503 click 1
 sleep 2
 exec --sync scrot --overwrite /pictures/WHO-lock.png
 key --window 0 alt+y
 sleep 4
 exec --sync scrot --overwrite /pictures/WHO-verdict.png
+key --window 0 Return
+sleep 3
+exec --sync scrot --overwrite /pictures/WHO-after.png
 ]])
 set(start "exec orvanta-launcher\n")
 set(tell_password [[
+sleep 5
 search --sync --onlyvisible --class orvanta-launcher
 sleep 1
 exec --sync scrot --overwrite /pictures/WHO-password.png
@@ -171,6 +178,7 @@ expect("Babu's bank" "${output}" ${shared})
 message(STATUS "What is told when it cannot be")
 set(complaint [[
 exec orvanta-launcher
+sleep 5
 search --sync --onlyvisible --class orvanta-launcher
 sleep 1
 exec --sync scrot --overwrite /pictures/WHO.png
@@ -190,7 +198,7 @@ expect_complaint(full-disk /full)
 file(GLOB_RECURSE half LIST_DIRECTORIES false ${root}/full/*)
 execute_process(COMMAND umount ${root}/full)
 expect("what is left on the full disk but the link to the host" "${half}" "${root}/full/.local/share/orvanta/genie.acs")
-fill(twice "exec orvanta-launcher\nsearch --sync --onlyvisible --name \"^Welcome to Orvanta$\"\n${complaint}" moves)
+fill(twice "exec orvanta-launcher\nsleep 5\nsearch --sync --onlyvisible --name \"^Welcome to Orvanta$\"\n${complaint}" moves)
 at_desk(babu "${moves}")
 as(chitra sh -c "orvanta-launcher 2>&1 || true")
 expect("without a display" "${output}"
