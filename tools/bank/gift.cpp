@@ -116,7 +116,7 @@ struct Answers
     Spot spot;     ///< of the fault
 };
 
-constexpr auto wanted = "; a bank holds only questions with four options of which one is right";
+constexpr auto whatIsWanted = "; a bank holds only questions with four options of which one is right";
 
 /// What kind of question has these answers, if it is not one of multiple choice.
 QString kindOf(const QString& answers, const std::vector<Option>& options)
@@ -167,7 +167,7 @@ Answers answersOf(Block& block, qsizetype open, qsizetype close)
     }
     const QString all = block.text().mid(open + 1, close - open - 1).trimmed().toString();
     if (const QString kind = kindOf(all, answers.options); !kind.isEmpty()) {
-        answers.fault = kind + wanted;
+        answers.fault = kind + whatIsWanted;
         return answers;
     }
     for (Option& option : answers.options) {
@@ -184,7 +184,7 @@ Answers answersOf(Block& block, qsizetype open, qsizetype close)
         answers.fault = R"(an option must begin with "=" or "~")";
     } else if (answers.options.size() != optionFields.size() || right != 1) {
         answers.fault =
-            QString("%1 options of which %2 are right").arg(answers.options.size()).arg(right) + wanted;
+            QString("%1 options of which %2 are right").arg(answers.options.size()).arg(right) + whatIsWanted;
     }
     return answers;
 }
