@@ -52,13 +52,13 @@ QImage seen(desk::Desk& desk)
 }
 
 /// Without what moves in either of two pictures, and without the fine print of dithering.
-QImage blurred(const QImage& original, const QImage& other)
+QImage blurred(const QImage& original, const QImage& compared)
 {
     constexpr int blur = 4;
     QImage picture = original.convertToFormat(QImage::Format_RGB32);
     QPainter painter(&picture);
     hideMoving(painter, original);
-    hideMoving(painter, other);
+    hideMoving(painter, compared);
     painter.end();
     return picture.scaled(picture.size() / blur, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
@@ -70,7 +70,7 @@ bool sameLook(const QImage& one, const QImage& other)
     if (one.size() != other.size())
         return false;
     const QImage first = blurred(one, other);
-    const QImage second = blurred(other, one);
+    const QImage second = blurred(other, one); // NOLINT(readability-suspicious-call-argument)
     int different = 0;
     for (int y = 0; y < first.height(); ++y) {
         for (int x = 0; x < first.width(); ++x) {
@@ -87,8 +87,8 @@ bool sameLook(const QImage& one, const QImage& other)
 
 } // namespace
 
-Album::Album(QDir folder, Purpose purpose, int scale)
-    : folder_(std::move(folder)), purpose_(purpose), scale_(scale)
+Album::Album(const QDir& folder, Purpose purpose, int scale)
+    : folder_(folder), purpose_(purpose), scale_(scale)
 {
     if (!folder_.mkpath("."))
         throw std::runtime_error(folder_.path().toStdString() + " cannot be made");

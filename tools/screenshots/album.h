@@ -11,7 +11,7 @@ class Album
 public:
     enum class Purpose { Renew, Compare };
 
-    Album(QDir folder, Purpose purpose, int scale);
+    Album(const QDir& folder, Purpose purpose, int scale);
 
     [[nodiscard]] int scale() const { return scale_; }
 
