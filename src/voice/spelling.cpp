@@ -20,10 +20,10 @@ bool holds(const std::array<std::string_view, size>& words, std::string_view wor
     return std::ranges::find(words, word) != words.end();
 }
 
-const Row* rowOf(std::span<const Row> rows, std::string_view written)
+const Row* rowOf(std::span<const Row> among, std::string_view written)
 {
-    const auto found = std::ranges::find(rows, written, &Row::written);
-    return found == rows.end() ? nullptr : &*found;
+    const auto found = std::ranges::find(among, written, &Row::written);
+    return found == among.end() ? nullptr : &*found;
 }
 
 /// In lower case. A full stop behind them ends no sentence,
