@@ -11,6 +11,7 @@
 #include "shell/thank.h"
 #include "shell/userselect.h"
 #include "toolkit/desktop.h"
+#include "toolkit/desktop_services.h"
 #include "toolkit/screens.h"
 #include "voice/speaker.h"
 

@@ -4,6 +4,7 @@
 #include "admin/add_questions.h"
 #include "bench/measure.h"
 #include "toolkit/desktop.h"
+#include "toolkit/desktop_services.h"
 #include "toolkit/screens.h"
 
 #include <QApplication>

@@ -6,7 +6,7 @@
 #include "bench/program.h"
 #include "bench/server.h"
 #include "narrator/host.h"
-#include "toolkit/clock.h"
+#include "toolkit/desktop_services.h"
 #include "voice/alsa_device.h"
 #include "voice/flite_synthesiser.h"
 #include "voice/speaker.h"

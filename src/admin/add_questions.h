@@ -2,6 +2,8 @@
 
 #include "admin/editor.h"
 #include "admin/entry_checks.h"
+#include "toolkit/choice_list.h"
+#include "toolkit/text_box.h"
 
 namespace admin {
 

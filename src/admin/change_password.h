@@ -1,6 +1,7 @@
 #pragma once
 
 #include "admin/admin_form.h"
+#include "toolkit/text_box.h"
 
 namespace admin {
 

@@ -2,6 +2,7 @@
 
 #include "admin/admin_form.h"
 #include "db/recordset.h"
+#include "toolkit/text_box.h"
 
 namespace admin {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "admin/editor.h"
+#include "toolkit/text_box.h"
 
 namespace admin {
 

@@ -1,5 +1,7 @@
 #include "game/orv.h"
 
+#include <QPlainTextEdit>
+
 namespace game {
 
 using namespace std::chrono_literals;

@@ -10,11 +10,11 @@ void Orv::orv_random_Timer()
         return;
     const PromptContext context{state.questionnumber, state.safeamount, state.pollused, state.friendused,
                                 state.fiftyused};
-    const Prompt prompt = promptNumber(pickedPrompt(services().random.next()), context);
+    const IdlePrompt prompt = promptNumber(pickedPrompt(services().random.next()), context);
     narrate(Queued, prompt.animation, prompt.text);
-    if (prompt.opens == Prompt::Opens::LifelinesPanel && state.lifelinespanel == Panel::Closed)
+    if (prompt.opens == IdlePrompt::Opens::LifelinesPanel && state.lifelinespanel == Panel::Closed)
         orv_LL_Click();
-    if (prompt.opens == Prompt::Opens::LadderPanel && state.statuspanel == Panel::Closed)
+    if (prompt.opens == IdlePrompt::Opens::LadderPanel && state.statuspanel == Panel::Closed)
         orv_mws_Click();
 }
 

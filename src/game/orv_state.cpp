@@ -1,5 +1,7 @@
 #include "game/orv.h"
 
+#include <QPlainTextEdit>
+
 namespace game {
 
 void Orv::narrate(StopFirst stopfirst, const QString& animation, const QString& text)

@@ -9,11 +9,11 @@ int pickedPrompt(float r)
     return toolkit::roundHalfToEven(r * static_cast<float>(promptCount - 1) + 1);
 }
 
-Prompt promptNumber(int k, const PromptContext& context)
+IdlePrompt promptNumber(int k, const PromptContext& context)
 {
-    using Opens = Prompt::Opens;
+    using Opens = IdlePrompt::Opens;
     const int answered = context.questionnumber - 1;
-    const auto unless = [](bool used, const Prompt& prompt) { return used ? Prompt() : prompt; };
+    const auto unless = [](bool used, const IdlePrompt& prompt) { return used ? IdlePrompt() : prompt; };
 
     switch (k) {
     case 1:

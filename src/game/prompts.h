@@ -17,7 +17,7 @@ struct PromptContext
 };
 
 /// What the host does to an undecided contestant.
-struct Prompt
+struct IdlePrompt
 {
     enum class Opens { Nothing, LifelinesPanel, LadderPanel };
 
@@ -33,6 +33,6 @@ inline constexpr int promptCount = 26;
 [[nodiscard]] int pickedPrompt(float r);
 
 /// Prompt k; an empty one where the prompt has nothing to say or does not apply.
-[[nodiscard]] Prompt promptNumber(int k, const PromptContext& context);
+[[nodiscard]] IdlePrompt promptNumber(int k, const PromptContext& context);
 
 } // namespace game

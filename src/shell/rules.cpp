@@ -3,6 +3,9 @@
 #include "shell/rules_text.h"
 #include "toolkit/screens.h"
 
+#include <QCheckBox>
+#include <QPlainTextEdit>
+
 namespace shell {
 
 using toolkit::verdana;

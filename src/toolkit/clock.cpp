@@ -1,31 +1,6 @@
 #include "toolkit/clock.h"
 
-#include <QEventLoop>
-
 namespace toolkit {
-
-std::chrono::milliseconds SystemClock::now() const
-{
-    return std::chrono::duration_cast<std::chrono::milliseconds>(
-        std::chrono::steady_clock::now().time_since_epoch());
-}
-
-void SystemClock::start(QTimer& timer)
-{
-    timer.start();
-}
-
-void SystemClock::stop(QTimer& timer)
-{
-    timer.stop();
-}
-
-void SystemClock::wait(std::chrono::milliseconds pause)
-{
-    QEventLoop loop;
-    QTimer::singleShot(pause, Qt::PreciseTimer, &loop, &QEventLoop::quit);
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
-}
 
 Timer::Timer(Clock& clock, std::chrono::milliseconds period, QObject* parent) : QTimer(parent), clock_(clock)
 {

@@ -25,16 +25,6 @@ public:
     virtual void wait(std::chrono::milliseconds pause) = 0;
 };
 
-/// The clock of the running program.
-class SystemClock final : public Clock
-{
-public:
-    [[nodiscard]] std::chrono::milliseconds now() const override;
-    void start(QTimer& timer) override;
-    void stop(QTimer& timer) override;
-    void wait(std::chrono::milliseconds pause) override;
-};
-
 /// A timer as the screens know it: it is enabled or not, and enabling it while it runs does not restart it.
 class Timer : public QTimer
 {

@@ -241,31 +241,31 @@ QPolygonF hexagon(const QRectF& area)
 
 } // namespace
 
-Shape::Shape(const Look& look, QWidget* parent) : QWidget(parent), look_(look)
+Shape::Shape(const Style& style, QWidget* parent) : QWidget(parent), style_(style)
 {
-    setAttribute(Qt::WA_TransparentForMouseEvents, !look.cover);
+    setAttribute(Qt::WA_TransparentForMouseEvents, !style.cover);
 }
 
 void Shape::setFill(std::optional<QColor> fill)
 {
-    look_.fill = fill;
+    style_.fill = fill;
     update();
 }
 
 void Shape::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const double inset = look_.outline ? look_.outlineWidth / 2.0 : 0;
+    const double inset = style_.outline ? style_.outlineWidth / 2.0 : 0;
     const QRectF area = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
-    QPen pen(look_.outline.value_or(Qt::transparent), look_.outlineWidth);
+    QPen pen(style_.outline.value_or(Qt::transparent), style_.outlineWidth);
     pen.setJoinStyle(Qt::MiterJoin);
-    painter.setPen(look_.outline ? pen : QPen(Qt::NoPen));
-    if (look_.fill)
-        painter.setBrush(*look_.fill);
-    painter.setRenderHint(QPainter::Antialiasing, look_.kind != Kind::Rectangle);
-    if (look_.kind == Kind::Rectangle)
+    painter.setPen(style_.outline ? pen : QPen(Qt::NoPen));
+    if (style_.fill)
+        painter.setBrush(*style_.fill);
+    painter.setRenderHint(QPainter::Antialiasing, style_.kind != Kind::Rectangle);
+    if (style_.kind == Kind::Rectangle)
         painter.drawRect(area);
-    else if (look_.kind == Kind::Circle)
+    else if (style_.kind == Kind::Circle)
         painter.drawEllipse(area);
     else
         painter.drawPolygon(hexagon(area));

@@ -102,7 +102,7 @@ public:
         Circle,
         Hexagon ///< pointed at the left and the right, with corners of 90 degrees
     };
-    struct Look
+    struct Style
     {
         Kind kind = Kind::Rectangle;
         std::optional<QColor> fill = {};
@@ -111,14 +111,14 @@ public:
         bool cover = false; ///< keeps clicks from what lies under it
     };
 
-    Shape(const Look& look, QWidget* parent);
+    Shape(const Style& style, QWidget* parent);
     void setFill(std::optional<QColor> fill);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    Look look_;
+    Style style_;
 };
 
 /// A straight line between two points of the screen; clicks go through it.

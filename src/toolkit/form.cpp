@@ -1,8 +1,10 @@
 #include "toolkit/form.h"
 
+#include "toolkit/choice_list.h"
 #include "toolkit/desktop.h"
-#include "toolkit/screens.h"
+#include "toolkit/text_box.h"
 
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QScreen>
@@ -239,8 +241,8 @@ void Form::slide(std::initializer_list<SlideSteps> stretches)
 
 bool Form::event(QEvent* event)
 {
-    if (event->type() == QEvent::WindowActivate && isWindow() && screens().activated(this))
-        activate();
+    if (event->type() == QEvent::WindowActivate && isWindow())
+        onWindowActivated();
     return QWidget::event(event);
 }
 
@@ -262,7 +264,7 @@ void Form::showEvent(QShowEvent* event)
 void Form::closeEvent(QCloseEvent* event)
 {
     event->ignore();
-    screens().close(name());
+    onCloseRequest();
 }
 
 void Form::focusInEvent(QFocusEvent* event)

@@ -1,19 +1,21 @@
 #pragma once
 
-#include "toolkit/choice_list.h"
 #include "toolkit/controls.h"
 #include "toolkit/services.h"
-#include "toolkit/text_box.h"
 
-#include <QCheckBox>
-#include <QGroupBox>
-#include <QPlainTextEdit>
 #include <QWidget>
 
 #include <initializer_list>
 #include <vector>
 
+class QCheckBox;
+class QGroupBox;
+class QPlainTextEdit;
+
 namespace toolkit {
+
+class ChoiceList;
+class TextBox;
 
 enum class Border { None, FixedSingle, Sizable };
 enum class Placement { ScreenCentre, WindowDefault };
@@ -60,7 +62,9 @@ public:
     /// The room that the window takes when it is as large as it gets where it stands.
     [[nodiscard]] virtual TwipRect largestBounds() const { return bounds(); }
 
-    // Called by Screens only.
+    // For Screens only, which sets the first two before it loads the form.
+    std::function<void()> onCloseRequest = [] {}; ///< by the window system
+    std::function<void()> onWindowActivated = [] {};
     void load();
     void activate();
     void unload();
@@ -107,7 +111,7 @@ protected:
     ChoiceList* choiceList(const QString& name, const TwipRect& place, const Look& look);
     QGroupBox* frame(const QString& name, const TwipRect& place, const QString& text);
     Picture* picture(const QString& name, const TwipRect& place, const QString& resource);
-    Shape* shape(const QString& name, const TwipRect& place, const Shape::Look& look, bool hidden = false);
+    Shape* shape(const QString& name, const TwipRect& place, const Shape::Style& style, bool hidden = false);
     Line* line(const QString& name, TwipPoint from, TwipPoint to, const QColor& colour, int width,
                bool hidden = false);
     Timer* timer(const QString& name, std::chrono::milliseconds period, bool enabled);

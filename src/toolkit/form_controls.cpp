@@ -1,4 +1,10 @@
+#include "toolkit/choice_list.h"
 #include "toolkit/form.h"
+#include "toolkit/text_box.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QPlainTextEdit>
 
 #include <algorithm>
 
@@ -107,9 +113,9 @@ Picture* Form::picture(const QString& name, const TwipRect& place, const QString
     return control;
 }
 
-Shape* Form::shape(const QString& name, const TwipRect& place, const Shape::Look& look, bool hidden)
+Shape* Form::shape(const QString& name, const TwipRect& place, const Shape::Style& style, bool hidden)
 {
-    auto* control = add(new Shape(look, this), name, place);
+    auto* control = add(new Shape(style, this), name, place);
     control->setHidden(hidden);
     return control;
 }

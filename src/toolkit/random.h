@@ -1,8 +1,6 @@
 #pragma once
 
 #include <cmath>
-#include <cstdint>
-#include <random>
 
 namespace toolkit {
 
@@ -17,17 +15,6 @@ public:
 
     /// The next number, uniform in [0, 1), in single precision.
     [[nodiscard]] virtual float next() = 0;
-};
-
-class ClockSeededRandom final : public Random
-{
-public:
-    ClockSeededRandom();
-    void reseed() override;
-    [[nodiscard]] float next() override;
-
-private:
-    std::mt19937 engine_;
 };
 
 /// The nearest whole number, an exact half going to the even neighbour.

@@ -32,6 +32,8 @@ void Screens::show(const QString& name)
     if (!screen.form) {
         screen.form.reset(screen.factory().release());
         const QPointer<Form> loading = screen.form.get();
+        loading->onCloseRequest = [this, name] { close(name); };
+        loading->onWindowActivated = [this, form = loading.data()] { activated(form); };
         loading->load();
         if (!loading || loading->isClosed())
             return;
@@ -58,8 +60,7 @@ void Screens::present(const Screen& screen)
         return;
     form->raise();
     form->activateWindow();
-    if (activated(form))
-        form->activate();
+    activated(form);
 }
 
 void Screens::close(const QString& name)
@@ -78,12 +79,12 @@ void Screens::close(const QString& name)
     QMetaObject::invokeMethod(this, &Screens::endWhenAllClosed, Qt::QueuedConnection);
 }
 
-bool Screens::activated(Form* form)
+void Screens::activated(Form* form)
 {
     if (active_ == form)
-        return false;
+        return;
     active_ = form;
-    return true;
+    form->activate();
 }
 
 void Screens::endWhenAllClosed()

@@ -42,9 +42,6 @@ public:
     /// Called from the event loop when no screen is open any more.
     void onAllClosed(std::function<void()> handler) { allClosed_ = std::move(handler); }
 
-    /// For Form: its window has been activated. True if another screen (or none) was the active one before.
-    bool activated(Form* form);
-
 private:
     struct DeleteLater
     {
@@ -59,6 +56,7 @@ private:
     };
 
     void present(const Screen& screen);
+    void activated(Form* form);
     void endWhenAllClosed();
 
     std::map<QString, Screen> screens_;

@@ -31,15 +31,6 @@ public:
                                         const QString& initial) = 0;
 };
 
-class DesktopDialogs final : public Dialogs
-{
-public:
-    void notice(QWidget* owner, const QString& title, const QString& text, Icon icon) override;
-    [[nodiscard]] bool confirm(QWidget* owner, const QString& title, const QString& text) override;
-    [[nodiscard]] QString input(QWidget* owner, const QString& title, const QString& prompt,
-                                const QString& initial) override;
-};
-
 /// Opens addresses outside the program.
 class Browser
 {
@@ -51,23 +42,11 @@ public:
     virtual void navigate(const QString& address, QObject& context, std::function<void()> failed) = 0;
 };
 
-class DesktopBrowser final : public Browser
-{
-public:
-    void navigate(const QString& address, QObject& context, std::function<void()> failed) override;
-};
-
 class Beeper
 {
 public:
     virtual ~Beeper() = default;
     virtual void beep() = 0;
-};
-
-class DesktopBeeper final : public Beeper
-{
-public:
-    void beep() override;
 };
 
 /// What a screen is handed to reach the world outside it.

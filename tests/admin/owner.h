@@ -2,7 +2,9 @@
 
 #include "support/bank.h"
 #include "support/doubles.h"
+#include "toolkit/choice_list.h"
 #include "toolkit/screens.h"
+#include "toolkit/text_box.h"
 
 #include <gtest/gtest.h>
 

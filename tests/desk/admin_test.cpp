@@ -54,13 +54,6 @@ protected:
     {
         EXPECT_EQ(desk->answer(keys).summary(), "Admin | " + box);
     }
-
-    void leaveEditor()
-    {
-        type("&x");
-        desk->until("the editor to close",
-                    [](const Scene& scene) { return !scene.at("admin").controls.contains("cmdnext"); });
-    }
 };
 
 TEST_F(OwnerJourney, KeepsTheBankByKeyboardAlone)
@@ -107,14 +100,9 @@ TEST_F(OwnerJourney, KeepsTheBankByKeyboardAlone)
     EXPECT_EQ(
         bank.value("select group_concat(question_id || question) from questions where question_id < 14"),
         "11Question 1.1 x,13Question 1.3");
-    leaveEditor();
-
-    choose("m", "msg", "m");
-    desk->untilFocus("admin", "message");
-    leaveEditor();
-    choose("u", "users", "c");
-    desk->untilFocus("admin", "username");
-    type("&n");
+    type("&x");
+    desk->until("the editor to close",
+                [](const Scene& scene) { return !scene.at("admin").controls.contains("cmdnext"); });
     choose("f", "file", "x");
     desk->untilOnly("userselect");
 }

@@ -20,6 +20,8 @@ TEST_F(ShowTest, ARightAnswerFlashesForNineTicksAndMovesUp)
     EXPECT_EQ(looks(), "....");
     EXPECT_EQ(desk.hostLog(), "Play RestPose\nSpeak Total Prize Money Rupees  one thousand ");
     EXPECT_EQ(focused(), "cmdok");
+    desk.click("orv", "cmdok");
+    EXPECT_EQ(focused(), "LL") << "not on WITHDRAW, which an Enter too many would press";
 }
 
 TEST_F(ShowTest, TheVerdictComparesWithoutLetterCaseButWithBlanks)

@@ -4,6 +4,8 @@
 #include "shell/userselect.h"
 #include "support/desk.h"
 
+#include <QCheckBox>
+
 namespace shell {
 
 using namespace std::chrono_literals;

@@ -1,4 +1,5 @@
 #include "support/doubles.h"
+#include "toolkit/desktop_services.h"
 #include "toolkit/text.h"
 #include "toolkit/twips.h"
 

@@ -8,14 +8,10 @@ namespace {
 class Probe final : public Form
 {
 public:
-    struct Script
-    {
-        std::function<void()> load = {};
-        std::function<void()> unload = {};
-    };
+    using Script = std::function<void()>;
 
-    Probe(const QString& name, Services services, QStringList& log, Script script)
-        : Form({.name = name, .width = 1500, .height = 1500}, services), log_(log), script_(std::move(script))
+    Probe(const QString& name, Services services, QStringList& log, Script load)
+        : Form({.name = name, .width = 1500, .height = 1500}, services), log_(log), load_(std::move(load))
     {
     }
     ~Probe() override { log_ << name() + " gone"; }
@@ -24,30 +20,24 @@ protected:
     void Form_Load() override
     {
         log_ << name() + " load";
-        if (script_.load)
-            script_.load();
+        if (load_)
+            load_();
         log_ << name() + " loaded";
     }
     void Form_Activate() override { log_ << name() + " activate"; }
-    void Form_Unload() override
-    {
-        log_ << name() + " unload";
-        if (script_.unload)
-            script_.unload();
-    }
+    void Form_Unload() override { log_ << name() + " unload"; }
 
 private:
     QStringList& log_;
-    Script script_;
+    Script load_;
 };
 
 class ScreensTest : public testing::Test
 {
 protected:
-    void add(const QString& name, Probe::Script script = {}, const QString& behind = {})
+    void add(const QString& name, Probe::Script load = {}, const QString& behind = {})
     {
-        desk.screens.add(name,
-                         [=, this] { return std::make_unique<Probe>(name, desk.services, log, script); },
+        desk.screens.add(name, [=, this] { return std::make_unique<Probe>(name, desk.services, log, load); },
                          {.behind = behind});
     }
     std::string takeLog()
@@ -83,15 +73,15 @@ TEST_F(ScreensTest, AScreenIsOpenedOnceAndActivatedWhenAnotherWasActive)
 
 TEST_F(ScreensTest, AScreenThatIsShownWhileItLoadsBecomesVisibleButLoadsOnce)
 {
-    add("game",
-        {.load =
-             [this] {
-                 desk.screens.show("backdrop");
-                 EXPECT_TRUE(desk.form("game").isVisible());
-                 EXPECT_TRUE(desk.form("backdrop").isVisible());
-             }},
+    add(
+        "game",
+        [this] {
+            desk.screens.show("backdrop");
+            EXPECT_TRUE(desk.form("game").isVisible());
+            EXPECT_TRUE(desk.form("backdrop").isVisible());
+        },
         "backdrop");
-    add("backdrop", {.load = [this] { desk.screens.show("game"); }});
+    add("backdrop", [this] { desk.screens.show("game"); });
     desk.screens.show("game");
     EXPECT_EQ(takeLog(),
               "game load, backdrop load, game activate, backdrop loaded, backdrop activate, game loaded, "
@@ -100,10 +90,10 @@ TEST_F(ScreensTest, AScreenThatIsShownWhileItLoadsBecomesVisibleButLoadsOnce)
 
 TEST_F(ScreensTest, AScreenThatClosesItselfWhileItLoadsStaysClosed)
 {
-    add("a", {.load = [this] {
-            desk.screens.close("a");
-            desk.screens.show("b");
-        }});
+    add("a", [this] {
+        desk.screens.close("a");
+        desk.screens.show("b");
+    });
     add("b");
     desk.screens.show("a");
     EXPECT_EQ(desk.screens.find("a"), nullptr);
@@ -129,21 +119,9 @@ TEST_F(ScreensTest, TheProgramEndsWhenNoScreenIsOpenButNotBetweenCloseAndShow)
     EXPECT_TRUE(desk.ended);
 }
 
-TEST_F(ScreensTest, AnUnloadHandlerRunsOnceHoweverOftenItIsAsked)
-{
-    add("a", {.unload = [this] {
-            desk.screens.close("a");
-            desk.form("a").close();
-        }});
-    desk.screens.show("a");
-    takeLog();
-    desk.screens.close("a");
-    EXPECT_EQ(takeLog(), "a unload");
-}
-
 TEST_F(ScreensTest, AFailureInAHandlerBecomesABoxAndTheProgramGoesOn)
 {
-    add("a", {.load = [] { throw std::runtime_error("The disk is full."); }});
+    add("a", [] { throw std::runtime_error("The disk is full."); });
     desk.dialogs.expectNotice("The disk is full.");
     desk.screens.show("a");
     EXPECT_TRUE(desk.form("a").isVisible());

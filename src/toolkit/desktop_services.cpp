@@ -1,7 +1,8 @@
-#include "toolkit/services.h"
+#include "toolkit/desktop_services.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QGridLayout>
 #include <QInputDialog>
 #include <QLabel>
@@ -9,11 +10,14 @@
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QScreen>
+#include <QTimer>
 #include <QUrl>
 
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
+#include <cstdint>
 #include <memory>
 
 namespace toolkit {
@@ -133,6 +137,47 @@ void DesktopBrowser::navigate(const QString& address, QObject& context, std::fun
 void DesktopBeeper::beep()
 {
     QApplication::beep();
+}
+
+ClockSeededRandom::ClockSeededRandom() : engine_(std::random_device{}()) {}
+
+// The clock alone would repeat a seed when asked twice within its resolution, and with it the draw.
+void ClockSeededRandom::reseed()
+{
+    const auto now = static_cast<std::uint64_t>(std::chrono::system_clock::now().time_since_epoch().count());
+    std::seed_seq seed{static_cast<std::uint32_t>(now), static_cast<std::uint32_t>(now >> 32U),
+                       static_cast<std::uint32_t>(engine_()), static_cast<std::uint32_t>(engine_())};
+    engine_.seed(seed);
+}
+
+float ClockSeededRandom::next()
+{
+    constexpr unsigned spareBits = 8; // a float holds 24 of the 32 bits
+    constexpr float step = 1.0F / 16777216.0F;
+    return static_cast<float>(engine_() >> spareBits) * step;
+}
+
+std::chrono::milliseconds SystemClock::now() const
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now().time_since_epoch());
+}
+
+void SystemClock::start(QTimer& timer)
+{
+    timer.start();
+}
+
+void SystemClock::stop(QTimer& timer)
+{
+    timer.stop();
+}
+
+void SystemClock::wait(std::chrono::milliseconds pause)
+{
+    QEventLoop loop;
+    QTimer::singleShot(pause, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
 } // namespace toolkit
