@@ -29,7 +29,7 @@ update questions set a = 0, b = 0, c = 0, d = 0 where question_id % 10 = 4;
 
 /// Plays game after game on one bank, doing whatever comes to mind, and looks after every action and under
 /// every box whether the game is still in order. The game draws from the same numbers.
-class RandomPlayer final : toolkit::Dialogs, toolkit::Random
+class RandomPlayer final : toolkit::Random
 {
 public:
     explicit RandomPlayer(int seed) : engine_(static_cast<unsigned>(seed))
@@ -44,7 +44,8 @@ public:
             const std::array tallies{tally(8), tally(9), tally(10), tally(11)};
             rows_.push_back({text(1), answers, text(6), text(7).toInt(), tallies});
         }
-        addScreens(desk_, services_, hostMissing_);
+        addScreens(stand_, services_, hostMissing_);
+        stand_.dialogs.otherwise = [this](const auto& box) { return answerBox(box.text) ? "Asha" : ""; };
     }
 
     /// One action; false once something is out of order.
@@ -58,7 +59,7 @@ public:
         if (firstBox_ == "lock" || !orv())
             compareTallies();
         game_->require(game_->unloading == !orv(), "A form says farewell exactly when it closes.");
-        game_->require(desk_.beeper.beeps == 4 * seen["time over"],
+        game_->require(stand_.beeper.beeps == 4 * seen["time over"],
                        "The end of the time is told by four beeps.");
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return game_->fault.empty();
@@ -72,12 +73,6 @@ public:
     std::map<std::string, int> seen; ///< how often what happened
 
 private:
-    void notice(QWidget*, const QString&, const QString& text, Icon) override { (void)answerBox(text); }
-    bool confirm(QWidget*, const QString&, const QString& text) override { return answerBox(text); }
-    QString input(QWidget*, const QString&, const QString& prompt, const QString&) override
-    {
-        return answerBox(prompt) ? "Asha" : "";
-    }
     void reseed() override {}
     float next() override { return static_cast<float>(engine_() >> 8U) / 16777216.0F; }
 
@@ -85,10 +80,10 @@ private:
     {
         note("start a game");
         game_ = std::make_unique<Spectator>(rows_);
-        desk_.hostRequests.clear();
-        desk_.screens.close("thank");
-        desk_.screens.show("back");
-        desk_.screens.show("orv");
+        stand_.hostRequests.clear();
+        stand_.screens.close("thank");
+        stand_.screens.show("back");
+        stand_.screens.show("orv");
         game_->require(firstBox_ == "name", "A game begins with the question for the name.");
         // Makes the form the active window; painting takes most of the time, so few games are painted.
         orv()->setUpdatesEnabled(chance(4));
@@ -166,7 +161,7 @@ private:
     void step(milliseconds span)
     {
         note(QString("wait %1 ms").arg(span.count()));
-        desk_.clock.advance(span);
+        stand_.clock.advance(span);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
     }
 
@@ -200,16 +195,16 @@ private:
     {
         if (!game_->fault.empty() || !game_->form)
             return;
-        for (const QString& request : desk_.hostRequests)
+        for (const QString& request : stand_.hostRequests)
             game_->hear(request);
-        desk_.hostRequests.clear();
+        stand_.hostRequests.clear();
         seen["both OK buttons"] += game_->announced() && game_->quitOffered;
         game_->look();
     }
 
     void endGame()
     {
-        game_->require((desk_.screens.find("thank") != nullptr) == regularEnd_,
+        game_->require((stand_.screens.find("thank") != nullptr) == regularEnd_,
                        "'Thank you' follows a regular end.");
         game_->form = nullptr;
         ++seen[regularEnd_ ? "regular end" : "closed from outside"];
@@ -229,7 +224,7 @@ private:
     void note(const QString& action) { actions_ = actions_.mid(actions_.size() < 20 ? 0 : 1) << action; }
     int upTo(int last) { return std::uniform_int_distribution(0, last)(engine_); }
     bool chance(int percent) { return upTo(99) < percent; }
-    [[nodiscard]] Form* orv() const { return desk_.screens.find("orv"); }
+    [[nodiscard]] Form* orv() const { return stand_.screens.find("orv"); }
 
     std::mt19937 engine_;
     support::Bank bank_;
@@ -240,8 +235,9 @@ private:
     bool regularEnd_ = false;
     QStringList actions_;
     const bool hostMissing_ = false;
-    support::Desk desk_; ///< after all that its forms use
-    toolkit::Services services_{desk_.screens, *this, *this, desk_.browser, desk_.beeper, desk_.clock};
+    support::Stand stand_; ///< after all that its forms use
+    toolkit::Services services_{stand_.screens, stand_.dialogs, *this,
+                                stand_.browser, stand_.beeper,  stand_.clock};
 };
 
 } // namespace
