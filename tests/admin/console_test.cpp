@@ -31,7 +31,7 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     owner.run("messages", "cmdexit");
     QApplication::processEvents();
     EXPECT_EQ(owner.focused("addquestions"), "cmdsave") << "the focus returns to where it was last";
-    owner.dialogs.take();
+    owner.boxes();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(area.subWindowList().size(), 2);
     area.subWindowList().front()->close();
@@ -42,7 +42,7 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     EXPECT_FALSE(owner.screens.find("admin") || owner.screens.find("addquestions") ||
                  owner.screens.find("changepassword"));
     EXPECT_TRUE(owner.screens.find("userselect"));
-    EXPECT_EQ(owner.dialogs.take(), "");
+    EXPECT_EQ(owner.boxes(), "");
 }
 
 TEST(Console, ALetterOfMenuAndWindowPressesTheButton)
@@ -54,13 +54,13 @@ TEST(Console, ALetterOfMenuAndWindowPressesTheButton)
     box.setFocus(Qt::MouseFocusReason);
     box.setText("changed");
     QTest::keyClick(&box, Qt::Key_U, Qt::AltModifier);
-    EXPECT_EQ(owner.dialogs.take(), "Admin: (i) Updated");
+    EXPECT_EQ(owner.boxes(), "Admin: (i) Updated");
     EXPECT_EQ(owner.messages(), "changed| really? ");
 
     const auto menuOpens = [&owner](QWidget& control) {
         QTest::keyClick(&control, Qt::Key_U, Qt::AltModifier);
         auto* open = QApplication::activePopupWidget();
-        const bool opens = open && open->objectName() == "users" && owner.dialogs.take().empty();
+        const bool opens = open && open->objectName() == "users" && owner.boxes().empty();
         if (open)
             QTest::keyClick(open, Qt::Key_Escape);
         return opens;

@@ -6,17 +6,15 @@
 #include "admin/login.h"
 #include "admin/messages.h"
 
-#include <QTest>
-
 namespace admin {
 
+using support::ScriptedDialogs;
 using toolkit::ChoiceList;
-using toolkit::Form;
 using toolkit::TextBox;
 
 namespace {
 
-/// Three questions, the second with an answer key and a level that no list has; two messages; one account.
+/// Three questions, the second with an answer key and a level that no list has; two messages; three accounts.
 constexpr const char* content = R"(
 delete from questions; delete from locking;
 insert into questions values (1, 'One?', 'a', 'b', 'c', 'd', 'b', '1', 1, 1, 1, 1),
@@ -25,58 +23,37 @@ insert into locking values ('sure?'), (' really? ');
 insert into users values ('owner', 'Secret word'), ('twin', 'same'), ('twin', 'same');
 )";
 
-class Plain final : public Form
+struct Plain final : toolkit::Form
 {
-public:
     using Form::Form;
 };
 
 } // namespace
 
-std::string ListeningDialogs::take()
-{
-    const std::string text = log_.join('\n').toStdString();
-    log_.clear();
-    return text;
-}
-
-void ListeningDialogs::notice(QWidget*, const QString& title, const QString& text, Icon icon)
-{
-    const char* const sign = icon == Icon::Information ? "(i) " : icon == Icon::Exclamation ? "(!) " : "";
-    log_ << title + ": " + sign + text;
-    if (onBox)
-        onBox(text);
-}
-
-bool ListeningDialogs::confirm(QWidget*, const QString& title, const QString& text)
-{
-    log_ << title + ": " + text;
-    EXPECT_FALSE(answers.empty()) << "unexpected: " << text.toStdString();
-    const bool yes = answers.starts_with('y');
-    answers.erase(0, 1);
-    return yes;
-}
-
 Owner::Owner()
 {
     bank.execute(content);
     const toolkit::Screens::Place inside{.inside = "admin"};
-    add("login", [this] { return std::make_unique<Login>(services); });
-    add("admin", [this] { return std::make_unique<Console>(services); });
-    add(
+    screens.add("login", [this] { return std::make_unique<Login>(services); });
+    screens.add("admin", [this] { return std::make_unique<Console>(services); });
+    screens.add(
         "addquestions", [this] { return std::make_unique<AddQuestions>(services); }, inside);
-    add(
+    screens.add(
         "messages", [this] { return std::make_unique<Messages>(services); }, inside);
-    add(
+    screens.add(
         "changepassword", [this] { return std::make_unique<ChangePassword>(services); }, inside);
-    add("userselect",
-        [this] { return std::make_unique<Plain>(toolkit::FormSettings{.name = "userselect"}, services); });
-}
-
-void Owner::add(const QString& name, const toolkit::Screens::Factory& factory,
-                const toolkit::Screens::Place& place)
-{
-    screens.add(name, factory, place);
+    screens.add("userselect", [this] {
+        return std::make_unique<Plain>(toolkit::FormSettings{.name = "userselect"}, services);
+    });
+    dialogs.otherwise = [this](const ScriptedDialogs::Box& box) -> QString {
+        using enum toolkit::Dialogs::Icon;
+        const char* const sign = box.icon == Information ? "(i) " : box.icon == Exclamation ? "(!) " : "";
+        log_ << box.title + ": " + sign + box.text;
+        if (box.kind == ScriptedDialogs::Box::Kind::Notice)
+            return {};
+        EXPECT_FALSE(answers.empty()) << "unexpected: " << box.text.toStdString();
+        return std::exchange(answers, answers.substr(answers.empty() ? 0 : 1)).starts_with('y') ? "y" : "";
+    };
 }
 
 void Owner::open(std::initializer_list<const char*> names)
@@ -87,18 +64,12 @@ void Owner::open(std::initializer_list<const char*> names)
         screens.show(name);
 }
 
-Form& Owner::form(const QString& name) const
-{
-    Form* found = screens.find(name);
-    if (!found)
-        throw std::out_of_range("not open: " + name.toStdString());
-    return *found;
-}
-
 void Owner::run(const QString& screen, const QString& steps)
 {
     for (const QString& step : steps.split("; ", Qt::SkipEmptyParts)) {
-        if (const auto equals = step.indexOf('='); equals > 0) {
+        if (step.startsWith('!')) {
+            bank.execute(step.mid(1).toStdString());
+        } else if (const auto equals = step.indexOf('='); equals > 0) {
             auto& box = control<TextBox>(screen, step.left(equals));
             box.setFocus(Qt::MouseFocusReason);
             box.selectAll();
@@ -108,9 +79,14 @@ void Owner::run(const QString& screen, const QString& steps)
             list.setFocus(Qt::MouseFocusReason);
             list.setCurrentIndex(step.mid(place + 1).toInt());
         } else {
-            QTest::mouseClick(&control<toolkit::Button>(screen, step), Qt::LeftButton);
+            click(screen, step);
         }
     }
+}
+
+std::string Owner::boxes()
+{
+    return std::exchange(log_, {}).join('\n').toStdString();
 }
 
 std::string Owner::shown(const QString& screen) const
@@ -130,20 +106,14 @@ std::string Owner::shown(const QString& screen) const
     return texts.join('|').toStdString();
 }
 
-std::string Owner::buttons(const QString& screen) const
+std::string Owner::mode(const QString& screen) const
 {
     QStringList names;
     for (const auto* button : form(screen).findChildren<toolkit::Button*>())
         if (button->isEnabled())
             names << button->objectName().sliced(3);
     names.sort();
-    return names.join(' ').toStdString();
-}
-
-std::string Owner::focused(const QString& screen) const
-{
-    const QWidget* widget = form(screen).focusWidget();
-    return widget ? widget->objectName().toStdString() : "";
+    return focused(screen) + ": " + names.join(' ').toStdString();
 }
 
 std::string Owner::questions() const

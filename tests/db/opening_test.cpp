@@ -22,13 +22,12 @@ TEST(Opening, AnUnusableFileIsNamedAndLeftAsItIs)
 {
     const QByteArray good = bytesOf(Bank());
     const auto foreign = "it is a file of another kind, or it is damaged. Put";
-    const auto damaged = "the file is damaged. Replace";
     const std::tuple<QByteArray, Cause, const char*> cases[] = {
         {{}, Cause::NotADatabase, "the file is empty. Put"},
         {"x", Cause::NotADatabase, foreign},
         {QByteArray("question;answer\n").repeated(4000), Cause::NotADatabase, foreign},
-        {good.left(5000), Cause::Damaged, damaged},
-        {QByteArray(good).replace(100, 3000, QByteArray(3000, 'x')), Cause::Damaged, damaged},
+        {QByteArray(good).replace(100, 3000, QByteArray(3000, 'x')), Cause::Damaged,
+         "the file is damaged. Replace"},
     };
     for (const auto& [bytes, cause, words] : cases) {
         const Bank bank;

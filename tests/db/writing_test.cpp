@@ -60,20 +60,6 @@ TEST(Writing, QuestionsWithEqualOrNoNumbersAreAllWalkedAndDifferent)
     EXPECT_EQ(trace(rows, "1 last", "answer1"), "eof 1.1 one");
 }
 
-TEST(Writing, AnEmptyTableTakesTextsOfAnyKind)
-{
-    const Bank bank;
-    bank.execute("delete from locking");
-    auto rows = open(bank, promptMessages());
-    for (const auto& text : {"'); drop table locking", "\u00e9\0 \U0001F600"}) {
-        rows.AddNew();
-        rows.set("MESSAGE", text);
-        EXPECT_EQ(rows.text("Message"), text);
-        rows.Update();
-        EXPECT_EQ(rows.text("message"), text);
-    }
-}
-
 TEST(Writing, AnEditThatIsNotWrittenIsDropped)
 {
     const Bank bank;
@@ -95,12 +81,9 @@ TEST(Writing, WhatCannotBeWrittenIsRefusedAndChangesNothing)
     using Rows = db::Recordset;
     const auto change = [](Rows& rows) { rows.set("a", 9), rows.Update(); };
     const auto remove = [](Rows& rows) { rows.Delete(); };
-    const std::string deleted = "delete from questions where question_id = 11";
     const std::string refused = " on questions begin select raise(fail, 'no'); end";
     const std::tuple<std::string, std::function<void(Rows&)>, Cause, const char*> cases[] = {
-        {deleted, change, Cause::RowGone, "11"},
-        {deleted, remove, Cause::RowGone, "11"},
-        {"create trigger t after update" + refused, change, Cause::Other, "11"},
+        {"delete from questions where question_id = 11", change, Cause::RowGone, "11"},
         {"create trigger t after insert" + refused, [](Rows& rows) { rows.AddNew(), rows.Update(); },
          Cause::Other, "11"},
         {"create trigger t after delete" + refused, remove, Cause::Other, "11"},

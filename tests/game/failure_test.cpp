@@ -16,16 +16,16 @@ TEST_F(ShowTest, AGameThatCannotStartSaysWhyAndLeavesToTheThankYouScreen)
         {"alter table questions rename to q", "questions"},
         {"", "missing"},
     };
-    desk.dialogs.expectInput("Please Enter your First Name ", "Asha");
+    stand.dialogs.expectInput("Please Enter your First Name ", "Asha");
     for (const auto& [harm, reason] : harms) {
         bank.execute(harm);
         if (!*harm)
             QFile::remove(bank.path());
-        desk.dialogs.expectNoticeWith({bank.path(), reason});
+        stand.dialogs.expectNoticeWith({bank.path(), reason});
         expectFarewell();
-        desk.screens.show("orv");
-        EXPECT_EQ(desk.open(), "thank") << reason;
-        desk.screens.close("thank");
+        stand.screens.show("orv");
+        EXPECT_EQ(stand.open(), "thank") << reason;
+        stand.screens.close("thank");
     }
     EXPECT_FALSE(QFile::exists(bank.path()));
 }
@@ -33,14 +33,14 @@ TEST_F(ShowTest, AGameThatCannotStartSaysWhyAndLeavesToTheThankYouScreen)
 TEST_F(ShowTest, AGameThatCannotGoOnKeepsWhatWasWonSoFar)
 {
     const auto expectEnd = [this](const char* control, const char* reason, const char* amount) {
-        desk.dialogs.expectNoticeWith({bank.path(), reason});
-        desk.click("orv", control);
+        stand.dialogs.expectNoticeWith({bank.path(), reason});
+        stand.click("orv", control);
         EXPECT_EQ(shown("question"), QString("Total Prize Money Rs. ") + amount);
         EXPECT_FALSE(visible("cmdok"));
         EXPECT_EQ(focused(), "cmdokquit");
         expectFarewell();
-        desk.click("orv", "cmdokquit");
-        EXPECT_EQ(desk.open(), "thank");
+        stand.click("orv", "cmdokquit");
+        EXPECT_EQ(stand.open(), "thank");
     };
     bank.execute("delete from questions where question_id in (23, 24, 25)");
     start();
@@ -64,7 +64,7 @@ TEST_F(ShowTest, QuestionsWithoutANumberOfTheirOwnAreAskedOnceAndCountedApart)
         answerRight();
         EXPECT_EQ(bank.value("select count(*) || ' ' || sum(c) from questions where c = 2"), "15 30") << id;
         expectFarewell();
-        desk.form("orv").close();
+        stand.form("orv").close();
     }
 }
 
@@ -72,10 +72,10 @@ TEST_F(ShowTest, WithoutPromptMessagesTheHostUsesItsOwnAndSaysSoOnce)
 {
     bank.execute("delete from locking");
     start();
-    desk.dialogs.expectNoticeWith({bank.path(), "no prompt message"});
+    stand.dialogs.expectNoticeWith({bank.path(), "no prompt message"});
     for (const bool lock : {false, true}) {
-        desk.dialogs.expectConfirm("Asha shall I lock your answer?", lock);
-        desk.click("orv", "option3");
+        stand.dialogs.expectConfirm("Asha shall I lock your answer?", lock);
+        stand.click("orv", "option3");
     }
 }
 
@@ -84,19 +84,19 @@ TEST_F(ShowTest, ATallyThatCannotBeWrittenIsToldAndTheVerdictStands)
     bank.execute("create trigger stop before update on questions begin select raise(abort, 'no'); end");
     start();
     for (const bool lock : {false, true}) {
-        desk.dialogs.expectConfirm("Asha shall I lock it?", lock);
-        desk.dialogs.expectNoticeWith({bank.path()});
-        desk.click("orv", "option3");
+        stand.dialogs.expectConfirm("Asha shall I lock it?", lock);
+        stand.dialogs.expectNoticeWith({bank.path()});
+        stand.click("orv", "option3");
     }
-    desk.clock.advance(900ms);
+    stand.clock.advance(900ms);
     EXPECT_EQ(shown("question"), "Total Prize Money Rs. 1,000");
-    desk.click("orv", "cmdok");
+    stand.click("orv", "cmdok");
     const std::string question = shown("question").toStdString();
     bank.execute("drop trigger stop; delete from questions where question = '" + question + "'");
-    desk.dialogs.expectConfirm("Asha shall I lock it?", false);
-    desk.dialogs.expectNoticeWith({bank.path(), "removed this question"});
-    desk.click("orv", "option3");
-    desk.click("orv", "lifeline1");
+    stand.dialogs.expectConfirm("Asha shall I lock it?", false);
+    stand.dialogs.expectNoticeWith({bank.path(), "removed this question"});
+    stand.click("orv", "option3");
+    stand.click("orv", "lifeline1");
     answerRight();
     EXPECT_EQ(shown("question"), "Total Prize Money Rs. 2,000") << "told once";
 }

@@ -35,7 +35,7 @@ TEST(Ladder, MarkingARungKeepsItsAmountAndTheOtherMarks)
 TEST_F(ShowTest, EveryRungStandsWholeOnALineOfItsOwn)
 {
     start();
-    const auto& stage = desk.control<QPlainTextEdit>("orv", "stage");
+    const auto& stage = stand.control<QPlainTextEdit>("orv", "stage");
     const double margin = stage.document()->documentMargin();
     for (int won = 0; won <= lastQuestion; ++won) {
         double bottom = margin;
@@ -47,7 +47,7 @@ TEST_F(ShowTest, EveryRungStandsWholeOnALineOfItsOwn)
         }
         EXPECT_LE(bottom, stage.viewport()->height());
         if (won > 0 && won < lastQuestion)
-            desk.click("orv", "cmdok");
+            stand.click("orv", "cmdok");
         if (won < lastQuestion)
             answerRight();
     }

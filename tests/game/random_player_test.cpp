@@ -62,7 +62,7 @@ public:
         bank_.execute(variety);
         notes_.exec("attach '" + bank_.path().toStdString() + "' as bank; create table counted as " +
                     tallies);
-        addScreens(desk_, services_, hostMissing_);
+        addScreens(stand_, services_, hostMissing_);
     }
 
     void act()
@@ -78,9 +78,9 @@ public:
                       0)
                 << "Every choice, locked or taken back, is counted once, for its own option.";
         seen["closed from outside"] += !orv() && !regularEnd_;
-        EXPECT_EQ(desk_.screens.find("thank") != nullptr, regularEnd_);
+        EXPECT_EQ(stand_.screens.find("thank") != nullptr, regularEnd_);
         EXPECT_EQ(game_.unloading, !orv()) << "A form says farewell exactly when it closes.";
-        EXPECT_EQ(desk_.beeper.beeps, 4 * seen["Time Is Over"]);
+        EXPECT_EQ(stand_.beeper.beeps, 4 * seen["Time Is Over"]);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
@@ -101,10 +101,10 @@ private:
     {
         note("start a game");
         game_ = {};
-        desk_.hostRequests.clear();
-        desk_.screens.close("thank");
-        desk_.screens.show("back");
-        desk_.screens.show("orv");
+        stand_.hostRequests.clear();
+        stand_.screens.close("thank");
+        stand_.screens.show("back");
+        stand_.screens.show("orv");
         EXPECT_EQ(firstBox_, "First Name");
         // Makes the form the active window; painting takes most of the time, so few games are painted.
         orv()->setUpdatesEnabled(chance(4));
@@ -196,7 +196,7 @@ private:
     {
         const int span = upTo(longestMs);
         note(QString("wait %1 ms").arg(span));
-        desk_.clock.advance(std::chrono::milliseconds(span));
+        stand_.clock.advance(std::chrono::milliseconds(span));
         QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
     }
 
@@ -288,7 +288,7 @@ private:
     {
         if (!orv() || testing::Test::HasFailure())
             return;
-        for (const QString& request : std::exchange(desk_.hostRequests, {}))
+        for (const QString& request : std::exchange(stand_.hostRequests, {}))
             if (request.startsWith("Speak "))
                 hear(request.mid(6));
         const bool announced = game_.won > 0 && game_.won == game_.asked.size();
@@ -365,7 +365,7 @@ private:
     [[nodiscard]] bool shows(const QString& name) const { return !control<QWidget>(name).isHidden(); }
     [[nodiscard]] bool runs(const QString& name) const { return control<toolkit::Timer>(name).isEnabled(); }
     [[nodiscard]] bool isRight(int k) const { return game_.row[k - 1].toLower() == game_.row[4].toLower(); }
-    [[nodiscard]] Form* orv() const { return desk_.screens.find("orv"); }
+    [[nodiscard]] Form* orv() const { return stand_.screens.find("orv"); }
     void note(const QString& action) { actions = actions.mid(actions.size() < 20 ? 0 : 1) << action; }
     int upTo(int last) { return std::uniform_int_distribution(0, last)(engine_); }
     bool chance(int percent) { return upTo(99) < percent; }
@@ -377,8 +377,8 @@ private:
     QString firstBox_; ///< that the action opened
     bool regularEnd_ = false;
     const bool hostMissing_ = false;
-    support::Desk desk_; ///< after all that its forms use
-    toolkit::Services services_{desk_.screens, *this, *this, desk_.browser, desk_.beeper, desk_.clock};
+    support::Stand stand_; ///< after all that its forms use
+    toolkit::Services services_{stand_.screens, *this, *this, stand_.browser, stand_.beeper, stand_.clock};
 };
 
 } // namespace

@@ -6,53 +6,53 @@ namespace game {
 
 using namespace std::chrono_literals;
 
-void addScreens(support::Desk& desk, toolkit::Services services, const bool& hostMissing)
+void addScreens(support::Stand& stand, toolkit::Services services, const bool& hostMissing)
 {
     const auto makeHost = [&](QWidget&) {
-        return std::make_unique<support::RecordingHost>(desk.hostRequests, hostMissing);
+        return std::make_unique<support::RecordingHost>(stand.hostRequests, hostMissing);
     };
-    desk.screens.add("orv", [=] { return std::make_unique<Orv>(services, makeHost); }, {.behind = "back"});
+    stand.screens.add("orv", [=] { return std::make_unique<Orv>(services, makeHost); }, {.behind = "back"});
     for (const char* name : {"back", "thank"})
-        desk.screens.add(name, [=] {
+        stand.screens.add(name, [=] {
             return std::make_unique<toolkit::Form>(toolkit::FormSettings{.name = name}, services);
         });
 }
 
 ShowTest::ShowTest()
 {
-    addScreens(desk, desk.services, hostMissing);
+    addScreens(stand, stand.services, hostMissing);
 }
 
 void ShowTest::start()
 {
-    desk.dialogs.expectInput("Please Enter your First Name ", "Asha");
-    desk.screens.show("orv");
-    desk.hostLog();
+    stand.dialogs.expectInput("Please Enter your First Name ", "Asha");
+    stand.screens.show("orv");
+    stand.hostLog();
 }
 
 void ShowTest::chooseOption(int k, bool lock)
 {
-    desk.dialogs.expectConfirm("Asha shall I lock it?", lock);
-    desk.click("orv", QString("option%1").arg(k));
+    stand.dialogs.expectConfirm("Asha shall I lock it?", lock);
+    stand.click("orv", QString("option%1").arg(k));
 }
 
 void ShowTest::answerRight()
 {
     chooseOption(3, true);
-    desk.clock.advance(900ms);
+    stand.clock.advance(900ms);
 }
 
 void ShowTest::answerUpTo(int n)
 {
     for (int question = 1; question <= n; ++question) {
         answerRight();
-        desk.click("orv", "cmdok");
+        stand.click("orv", "cmdok");
     }
 }
 
 bool ShowTest::visible(const QString& control) const
 {
-    return !desk.control<QWidget>("orv", control).isHidden();
+    return !stand.control<QWidget>("orv", control).isHidden();
 }
 
 std::string ShowTest::options() const
@@ -65,7 +65,7 @@ std::string ShowTest::looks() const
 {
     std::string result;
     for (int k = 1; k <= 4; ++k) {
-        const auto& option = desk.control<toolkit::Label>("orv", QString("option%1").arg(k));
+        const auto& option = stand.control<toolkit::Label>("orv", QString("option%1").arg(k));
         const bool green = option.palette().window().color() == QColor(0, 192, 0);
         result += !option.isOpaque() ? '.' : green ? 'g' : 'c';
     }
@@ -74,13 +74,12 @@ std::string ShowTest::looks() const
 
 std::string ShowTest::focused() const
 {
-    const QWidget* focus = desk.form("orv").focusWidget();
-    return focus ? focus->objectName().toStdString() : "";
+    return stand.focused("orv");
 }
 
 void ShowTest::expectFarewell()
 {
-    desk.dialogs.expectNoticeWith({"Visit"});
+    stand.dialogs.expectNoticeWith({"Visit"});
 }
 
 } // namespace game

@@ -1,15 +1,15 @@
 #pragma once
 
 #include "support/bank.h"
-#include "support/desk.h"
+#include "support/stand.h"
 
 namespace game {
 
 /// Adds the game to the screens, and plain forms for its neighbours.
-void addScreens(support::Desk& desk, toolkit::Services services, const bool& hostMissing);
+void addScreens(support::Stand& stand, toolkit::Services services, const bool& hostMissing);
 
 /// A game on a bank of its own, with a stepped clock and a host that writes down what it is asked. The
-/// draws take the numbers of desk.random in turn: one for each question and one for each prompt message.
+/// draws take the numbers of stand.random in turn: one for each question and one for each prompt message.
 class ShowTest : public testing::Test
 {
 protected:
@@ -23,7 +23,7 @@ protected:
     /// Answers questions 1 to n rightly and goes on to the next one.
     void answerUpTo(int n);
 
-    [[nodiscard]] QString shown(const QString& label) const { return desk.text("orv", label); }
+    [[nodiscard]] QString shown(const QString& label) const { return stand.text("orv", label); }
     [[nodiscard]] bool visible(const QString& control) const;
     /// What the four options say, with bars between them.
     [[nodiscard]] std::string options() const;
@@ -33,7 +33,7 @@ protected:
     void expectFarewell();
 
     support::Bank bank;
-    support::Desk desk;
+    support::Stand stand;
     bool hostMissing = false;
 };
 

@@ -8,17 +8,17 @@ TEST_F(ShowTest, ARightAnswerFlashesForNineTicksAndMovesUp)
 {
     start();
     chooseOption(3, true);
-    EXPECT_EQ(desk.hostLog(),
+    EXPECT_EQ(stand.hostLog(),
               "Stop\nSpeak Asha,shall I lock it?\nStop\nPlay Congratulate\nSpeak correct answer");
     EXPECT_EQ(looks(), "..c.");
     for (const char* look : {"....", "..g.", "....", "..g.", "....", "..g.", "....", "..g."}) {
-        desk.clock.advance(100ms);
+        stand.clock.advance(100ms);
         EXPECT_EQ(looks(), look);
     }
-    desk.clock.advance(100ms);
+    stand.clock.advance(100ms);
     EXPECT_EQ(shown("question"), "Total Prize Money Rs. 1,000");
     EXPECT_EQ(looks(), "....");
-    EXPECT_EQ(desk.hostLog(), "Play RestPose\nSpeak Total Prize Money Rupees  one thousand ");
+    EXPECT_EQ(stand.hostLog(), "Play RestPose\nSpeak Total Prize Money Rupees  one thousand ");
     EXPECT_EQ(focused(), "cmdok");
     desk.click("orv", "cmdok");
     EXPECT_EQ(focused(), "LL") << "not on WITHDRAW, which an Enter too many would press";
@@ -28,9 +28,9 @@ TEST_F(ShowTest, TheVerdictComparesWithoutLetterCaseButWithBlanks)
 {
     bank.execute("update questions set correct_answer = '1.1 THREE ' where question_id = 11");
     start();
-    desk.dialogs.expectConfirm("Asha shall I lock it?", true);
-    desk.dialogs.expectNotice("Sorry! Asha But your Answer is wrong. The correct answer was 1.1 THREE ");
-    desk.click("orv", "option3");
+    stand.dialogs.expectConfirm("Asha shall I lock it?", true);
+    stand.dialogs.expectNotice("Sorry! Asha But your Answer is wrong. The correct answer was 1.1 THREE ");
+    stand.click("orv", "option3");
     EXPECT_EQ(looks(), "..c.");
 }
 
@@ -39,20 +39,20 @@ TEST_F(ShowTest, AWrongAnswerShowsEveryRightOneAndPaysTheSafeAmount)
     bank.execute("update questions set answer4 = '2.1 THREE' where question_id = 21");
     start();
     answerUpTo(4);
-    desk.hostLog();
+    stand.hostLog();
     answerRight();
-    EXPECT_TRUE(QString::fromStdString(desk.hostLog())
+    EXPECT_TRUE(QString::fromStdString(stand.hostLog())
                     .endsWith("Speak Total Prize Money Rupees  ten thousand .Now you will definately take "
                               "away Rupees  ten thousand  with you!!"));
-    desk.random.numbers = {0};
-    desk.click("orv", "cmdok");
-    desk.hostLog();
+    stand.random.numbers = {0};
+    stand.click("orv", "cmdok");
+    stand.hostLog();
     const QString sorry = "Sorry! Asha But your Answer is wrong. The correct answer was 2.1 Three";
-    desk.dialogs.expectConfirm("Asha shall I lock it?", true);
-    desk.dialogs.expectNotice(sorry, [this] { EXPECT_EQ(looks(), "c.gg"); });
-    desk.click("orv", "option1");
+    stand.dialogs.expectConfirm("Asha shall I lock it?", true);
+    stand.dialogs.expectNotice(sorry, [this] { EXPECT_EQ(looks(), "c.gg"); });
+    stand.click("orv", "option1");
     EXPECT_EQ(shown("question"), "Total Prize Money Rs. 10,000");
-    EXPECT_EQ(desk.hostLog(),
+    EXPECT_EQ(stand.hostLog(),
               "Stop\nSpeak Asha,shall I lock it?\nStop\nPlay Decline\nSpeak " + sorry.toStdString() +
                   "\nPlay Congratulate_2\nSpeak Better luck next time"
                   "\nStop\nPlay Announce\nSpeak This game was made by The Orvanta Team. Please send "

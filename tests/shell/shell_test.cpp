@@ -2,7 +2,7 @@
 #include "shell/rules.h"
 #include "shell/thank.h"
 #include "shell/userselect.h"
-#include "support/desk.h"
+#include "support/stand.h"
 
 #include <QCheckBox>
 
@@ -25,23 +25,23 @@ protected:
         add<Rules>("rules");
         add<Thank>("thank");
         for (const char* name : {"orv", "login"}) {
-            desk.screens.add(name, [this, name] {
-                return std::make_unique<Form>(toolkit::FormSettings{.name = name}, desk.services);
+            stand.screens.add(name, [this, name] {
+                return std::make_unique<Form>(toolkit::FormSettings{.name = name}, stand.services);
             });
         }
     }
     template <typename Screen>
     void add(const QString& name)
     {
-        desk.screens.add(name, [this] { return std::make_unique<Screen>(desk.services); });
+        stand.screens.add(name, [this] { return std::make_unique<Screen>(stand.services); });
     }
     QColor colour(const QString& name)
     {
-        return desk.control<Label>("userselect", name).palette().windowText().color();
+        return stand.control<Label>("userselect", name).palette().windowText().color();
     }
-    void move(const QString& name) { QTest::mouseMove(&desk.control<QWidget>("userselect", name)); }
+    void move(const QString& name) { QTest::mouseMove(&stand.control<QWidget>("userselect", name)); }
 
-    support::Desk desk;
+    support::Stand stand;
 };
 
 } // namespace
@@ -49,22 +49,22 @@ protected:
 TEST_F(ShellTest, TheWelcomeFadesInWith49TicksEachTimeTheScreenOpens)
 {
     for (int time = 0; time < 2; ++time) {
-        desk.screens.show("userselect");
+        stand.screens.show("userselect");
         EXPECT_EQ(colour("welcome"), QColor(0, 0, 128));
-        desk.clock.advance(10ms);
+        stand.clock.advance(10ms);
         EXPECT_EQ(colour("welcome"), QColor(0, 0, 6));
-        desk.clock.advance(470ms);
+        stand.clock.advance(470ms);
         EXPECT_EQ(colour("welcome"), QColor(0, 0, 241));
-        desk.clock.advance(1s);
+        stand.clock.advance(1s);
         EXPECT_EQ(colour("welcome"), QColor(0, 0, 246));
-        EXPECT_FALSE(desk.control<toolkit::Timer>("userselect", "Timer1").isEnabled());
-        desk.screens.close("userselect");
+        EXPECT_FALSE(stand.control<toolkit::Timer>("userselect", "Timer1").isEnabled());
+        stand.screens.close("userselect");
     }
 }
 
 TEST_F(ShellTest, LinksLightUpUntilTheMousePassesOverTheBackground)
 {
-    desk.screens.show("userselect");
+    stand.screens.show("userselect");
     const QColor plain(192, 192, 255);
     const QColor lit(255, 255, 128);
     move("email");
@@ -73,53 +73,53 @@ TEST_F(ShellTest, LinksLightUpUntilTheMousePassesOverTheBackground)
     move("site");
     EXPECT_EQ(colour("email"), lit);
     EXPECT_EQ(colour("site"), lit);
-    QTest::mouseMove(&desk.form("userselect"), QPoint(3, 3));
+    QTest::mouseMove(&stand.form("userselect"), QPoint(3, 3));
     EXPECT_EQ(colour("email"), plain);
     EXPECT_EQ(colour("site"), plain);
 
-    desk.click("userselect", "email");
-    desk.click("userselect", "site");
-    EXPECT_EQ(desk.browser.visited,
-              QStringList({"mailto:" + desk.text("userselect", "email"), desk.text("userselect", "site")}));
-    desk.browser.works = false;
+    stand.click("userselect", "email");
+    stand.click("userselect", "site");
+    EXPECT_EQ(stand.browser.visited,
+              QStringList({"mailto:" + stand.text("userselect", "email"), stand.text("userselect", "site")}));
+    stand.browser.works = false;
     for (const char* link : {"email", "site"}) {
-        desk.dialogs.expectNoticeWith({"No program", desk.text("userselect", link)});
-        desk.click("userselect", link);
+        stand.dialogs.expectNoticeWith({"No program", stand.text("userselect", link)});
+        stand.click("userselect", link);
     }
 }
 
 TEST_F(ShellTest, EveryMoveClosesItsScreenAndShowsTheNext)
 {
-    desk.screens.show("userselect");
-    EXPECT_EQ(desk.form("userselect").focusWidget()->objectName(), "contestant");
-    desk.click("userselect", "contestant");
-    EXPECT_EQ(desk.open(), "mainscreen");
-    EXPECT_EQ(desk.text("mainscreen", "title"), "Welcome to the Biggest Game Show Ever\nOrvanta");
-    desk.click("mainscreen", "Command1");
-    EXPECT_EQ(desk.open(), "rules");
-    EXPECT_EQ(desk.form("rules").focusWidget()->objectName(), "startplay");
-    desk.click("rules", "startplay");
-    EXPECT_EQ(desk.open(), "orv");
-    desk.screens.close("orv");
+    stand.screens.show("userselect");
+    EXPECT_EQ(stand.focused("userselect"), "contestant");
+    stand.click("userselect", "contestant");
+    EXPECT_EQ(stand.open(), "mainscreen");
+    EXPECT_EQ(stand.text("mainscreen", "title"), "Welcome to the Biggest Game Show Ever\nOrvanta");
+    stand.click("mainscreen", "Command1");
+    EXPECT_EQ(stand.open(), "rules");
+    EXPECT_EQ(stand.focused("rules"), "startplay");
+    stand.click("rules", "startplay");
+    EXPECT_EQ(stand.open(), "orv");
+    stand.screens.close("orv");
 
-    desk.screens.show("userselect");
-    desk.click("userselect", "administrator");
-    EXPECT_EQ(desk.open(), "login");
-    desk.screens.close("login");
+    stand.screens.show("userselect");
+    stand.click("userselect", "administrator");
+    EXPECT_EQ(stand.open(), "login");
+    stand.screens.close("login");
 
-    desk.screens.show("thank");
-    desk.clock.advance(4999ms);
-    EXPECT_EQ(desk.open(), "thank");
-    desk.clock.advance(1ms);
-    EXPECT_EQ(desk.open(), "userselect");
+    stand.screens.show("thank");
+    stand.clock.advance(4999ms);
+    EXPECT_EQ(stand.open(), "thank");
+    stand.clock.advance(1ms);
+    EXPECT_EQ(stand.open(), "userselect");
 }
 
 TEST_F(ShellTest, ConsentIsEitherGivenOrRefusedOrOpen)
 {
-    desk.screens.show("rules");
-    auto& accept = desk.control<QCheckBox>("rules", "accept");
-    auto& reject = desk.control<QCheckBox>("rules", "reject");
-    auto& startplay = desk.control<Button>("rules", "startplay");
+    stand.screens.show("rules");
+    auto& accept = stand.control<QCheckBox>("rules", "accept");
+    auto& reject = stand.control<QCheckBox>("rules", "reject");
+    auto& startplay = stand.control<Button>("rules", "startplay");
     const auto state = [&] {
         return QString("%1%2%3").arg(accept.isChecked()).arg(reject.isChecked()).arg(startplay.isEnabled());
     };
@@ -130,14 +130,14 @@ TEST_F(ShellTest, ConsentIsEitherGivenOrRefusedOrOpen)
     EXPECT_EQ(state(), "000");
     accept.click();
     EXPECT_EQ(state(), "101");
-    desk.dialogs.expectConfirm(question, false, [&] { EXPECT_EQ(state(), "010"); });
+    stand.dialogs.expectConfirm(question, false, [&] { EXPECT_EQ(state(), "010"); });
     reject.click();
     EXPECT_EQ(state(), "000");
     accept.click();
     EXPECT_EQ(state(), "101");
-    desk.dialogs.expectConfirm(question, true);
+    stand.dialogs.expectConfirm(question, true);
     reject.click();
-    EXPECT_EQ(desk.open(), "thank");
+    EXPECT_EQ(stand.open(), "thank");
 }
 
 } // namespace shell

@@ -40,8 +40,8 @@ void Bank::execute(const std::string& sql) const
 
 std::string Bank::value(const std::string& sql) const
 {
-    SQLite::Database database(path().toStdString());
-    return database.execAndGet(sql).getString();
+    // For changes too: what a killed program left half written is undone only so.
+    return SQLite::Database(path().toStdString(), SQLite::OPEN_READWRITE).execAndGet(sql).getString();
 }
 
 } // namespace support

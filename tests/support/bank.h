@@ -8,9 +8,8 @@
 namespace support {
 
 /// A question bank in a directory of its own, which is the current one as long as this object lives. Every
-/// level holds five questions unless said otherwise; question n of a level asks "Question <level>.<n>",
-/// offers
-/// "<level>.<n> one" to "<level>.<n> four", and its right answer is the third. One prompt message.
+/// level holds five questions; question n of a level asks "Question <level>.<n>", offers "<level>.<n> one" to
+/// "<level>.<n> four", and its right answer is the third. One prompt message.
 class Bank
 {
 public:

@@ -6,65 +6,65 @@
 
 namespace support {
 
+using Kind = ScriptedDialogs::Box::Kind;
+
 void ScriptedDialogs::expectNotice(const QString& text, std::function<void()> meanwhile)
 {
-    script_.push_back({"notice", {text}, true, {}, std::move(meanwhile)});
+    script_.push_back({Kind::Notice, {text}, true, {}, std::move(meanwhile)});
 }
 
 void ScriptedDialogs::expectConfirm(const QString& text, bool answer, std::function<void()> meanwhile)
 {
-    script_.push_back({"confirm", {text}, true, answer ? "yes" : "no", std::move(meanwhile)});
+    script_.push_back({Kind::Confirm, {text}, true, answer ? "yes" : "", std::move(meanwhile)});
 }
 
 void ScriptedDialogs::expectInput(const QString& prompt, const QString& answer,
                                   std::function<void()> meanwhile)
 {
-    script_.push_back({"input", {prompt}, true, answer, std::move(meanwhile)});
-}
-
-void ScriptedDialogs::expectNoticeNext(const QString& text)
-{
-    script_.push_front({"notice", {text}, true, {}, {}});
+    script_.push_back({Kind::Input, {prompt}, true, answer, std::move(meanwhile)});
 }
 
 void ScriptedDialogs::expectNoticeWith(const QStringList& parts)
 {
-    script_.push_back({"notice", parts, false, {}, {}});
+    script_.push_back({Kind::Notice, parts, false, {}, {}});
 }
 
-QString ScriptedDialogs::take(const QString& kind, const QString& title, const QString& text)
+QString ScriptedDialogs::take(const Box& box)
 {
-    EXPECT_EQ(title.toStdString(), "Orvanta");
+    const std::string text = box.text.toStdString();
     if (script_.empty()) {
-        ADD_FAILURE() << "unexpected " << kind.toStdString() << ": " << text.toStdString();
+        if (otherwise)
+            return otherwise(box);
+        ADD_FAILURE() << "unexpected: " << text;
         return {};
     }
-    const Box box = script_.front();
+    const Line line = script_.front();
     script_.pop_front();
-    EXPECT_EQ(kind.toStdString(), box.kind.toStdString()) << text.toStdString();
-    for (const QString& part : box.parts)
-        if (box.whole)
-            EXPECT_EQ(text.toStdString(), part.toStdString());
+    EXPECT_EQ(box.title.toStdString(), "Orvanta");
+    EXPECT_EQ(box.kind, line.kind) << text;
+    for (const QString& part : line.parts)
+        if (line.whole)
+            EXPECT_EQ(text, part.toStdString());
         else
-            EXPECT_TRUE(text.contains(part)) << text.toStdString() << "\nlacks: " << part.toStdString();
-    if (box.meanwhile)
-        box.meanwhile();
-    return box.answer;
+            EXPECT_TRUE(box.text.contains(part)) << text << "\nlacks: " << part.toStdString();
+    if (line.meanwhile)
+        line.meanwhile();
+    return line.answer;
 }
 
-void ScriptedDialogs::notice(QWidget*, const QString& title, const QString& text, Icon)
+void ScriptedDialogs::notice(QWidget*, const QString& title, const QString& text, Icon icon)
 {
-    take("notice", title, text);
+    take({Kind::Notice, title, text, icon});
 }
 
 bool ScriptedDialogs::confirm(QWidget*, const QString& title, const QString& text)
 {
-    return take("confirm", title, text) == "yes";
+    return !take({Kind::Confirm, title, text}).isEmpty();
 }
 
 QString ScriptedDialogs::input(QWidget*, const QString& title, const QString& prompt, const QString&)
 {
-    return take("input", title, prompt);
+    return take({Kind::Input, title, prompt});
 }
 
 void SteppedClock::start(QTimer& timer)

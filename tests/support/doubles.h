@@ -11,17 +11,25 @@
 
 namespace support {
 
-/// Answers boxes from a script. A box that the script does not expect next, or expects with another text,
-/// fails the test.
+/// Answers boxes from a script, and once that is empty as `otherwise` does. A box that the script does not
+/// expect next or expects with another text fails the test, and so does one that nobody expects.
 class ScriptedDialogs final : public toolkit::Dialogs
 {
 public:
+    struct Box
+    {
+        enum class Kind { Notice, Confirm, Input };
+        Kind kind;
+        QString title, text;
+        Icon icon = Icon::None;
+    };
+    /// The input, or anything but "" for Yes.
+    std::function<QString(const Box& box)> otherwise;
+
     /// `meanwhile` runs while the box is open.
     void expectNotice(const QString& text, std::function<void()> meanwhile = {});
     void expectConfirm(const QString& text, bool answer, std::function<void()> meanwhile = {});
     void expectInput(const QString& prompt, const QString& answer, std::function<void()> meanwhile = {});
-    /// A notice that comes before all that is expected already: one over an open box.
-    void expectNoticeNext(const QString& text);
     /// A notice whose text holds all of `parts`.
     void expectNoticeWith(const QStringList& parts);
 
@@ -33,17 +41,17 @@ public:
                                 const QString& initial) override;
 
 private:
-    struct Box
+    struct Line
     {
-        QString kind;
+        Box::Kind kind;
         QStringList parts;
         bool whole = true;
         QString answer;
         std::function<void()> meanwhile;
     };
-    QString take(const QString& kind, const QString& title, const QString& text);
+    QString take(const Box& box);
 
-    std::deque<Box> script_;
+    std::deque<Line> script_;
 };
 
 /// Time that passes only in advance() and wait().

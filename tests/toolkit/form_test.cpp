@@ -1,4 +1,4 @@
-#include "support/desk.h"
+#include "support/stand.h"
 
 namespace toolkit {
 
@@ -51,14 +51,14 @@ class FormTest : public testing::Test
 protected:
     FormTest()
     {
-        desk.screens.add("page", [this] { return std::make_unique<Page>(desk.services); });
-        desk.screens.show("page");
-        page = &static_cast<Page&>(desk.form("page"));
+        stand.screens.add("page", [this] { return std::make_unique<Page>(stand.services); });
+        stand.screens.show("page");
+        page = &static_cast<Page&>(stand.form("page"));
         EXPECT_TRUE(QTest::qWaitForWindowActive(page));
         page->takeLog();
     }
 
-    support::Desk desk;
+    support::Stand stand;
     Page* page;
 };
 
@@ -150,8 +150,8 @@ TEST_F(FormTest, BoundsFollowAWindowThatWasMovedByHand)
 TEST_F(FormTest, NothingRunsOnceTheFormIsClosed)
 {
     Button* const first = page->first;
-    desk.screens.close("page");
-    desk.clock.advance(1s);
+    stand.screens.close("page");
+    stand.clock.advance(1s);
     first->click();
     EXPECT_EQ(page->takeLog(), "");
 }

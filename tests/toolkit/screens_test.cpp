@@ -1,4 +1,4 @@
-#include "support/desk.h"
+#include "support/stand.h"
 
 namespace toolkit {
 
@@ -37,8 +37,9 @@ class ScreensTest : public testing::Test
 protected:
     void add(const QString& name, Probe::Script load = {}, const QString& behind = {})
     {
-        desk.screens.add(name, [=, this] { return std::make_unique<Probe>(name, desk.services, log, load); },
-                         {.behind = behind});
+        stand.screens.add(name,
+                          [=, this] { return std::make_unique<Probe>(name, stand.services, log, load); },
+                          {.behind = behind});
     }
     std::string takeLog()
     {
@@ -49,7 +50,7 @@ protected:
     static void settle() { QTest::qWait(0); }
 
     QStringList log;
-    support::Desk desk;
+    support::Stand stand;
 };
 
 } // namespace
@@ -58,17 +59,17 @@ TEST_F(ScreensTest, AScreenIsOpenedOnceAndActivatedWhenAnotherWasActive)
 {
     add("a");
     add("b");
-    desk.screens.show("a");
-    desk.screens.show("a");
+    stand.screens.show("a");
+    stand.screens.show("a");
     EXPECT_EQ(takeLog(), "a load, a loaded, a activate");
-    desk.screens.show("b");
-    desk.screens.show("a");
+    stand.screens.show("b");
+    stand.screens.show("a");
     EXPECT_EQ(takeLog(), "b load, b loaded, b activate, a activate");
-    desk.screens.close("b");
-    desk.screens.close("b");
+    stand.screens.close("b");
+    stand.screens.close("b");
     settle();
     EXPECT_EQ(takeLog(), "b unload, a activate, b gone");
-    EXPECT_FALSE(desk.ended);
+    EXPECT_FALSE(stand.ended);
 }
 
 TEST_F(ScreensTest, AScreenThatIsShownWhileItLoadsBecomesVisibleButLoadsOnce)
@@ -76,13 +77,13 @@ TEST_F(ScreensTest, AScreenThatIsShownWhileItLoadsBecomesVisibleButLoadsOnce)
     add(
         "game",
         [this] {
-            desk.screens.show("backdrop");
-            EXPECT_TRUE(desk.form("game").isVisible());
-            EXPECT_TRUE(desk.form("backdrop").isVisible());
+            stand.screens.show("backdrop");
+            EXPECT_TRUE(stand.form("game").isVisible());
+            EXPECT_TRUE(stand.form("backdrop").isVisible());
         },
         "backdrop");
-    add("backdrop", [this] { desk.screens.show("game"); });
-    desk.screens.show("game");
+    add("backdrop", [this] { stand.screens.show("game"); });
+    stand.screens.show("game");
     EXPECT_EQ(takeLog(),
               "game load, backdrop load, game activate, backdrop loaded, backdrop activate, game loaded, "
               "game activate");
@@ -91,40 +92,40 @@ TEST_F(ScreensTest, AScreenThatIsShownWhileItLoadsBecomesVisibleButLoadsOnce)
 TEST_F(ScreensTest, AScreenThatClosesItselfWhileItLoadsStaysClosed)
 {
     add("a", [this] {
-        desk.screens.close("a");
-        desk.screens.show("b");
+        stand.screens.close("a");
+        stand.screens.show("b");
     });
     add("b");
-    desk.screens.show("a");
-    EXPECT_EQ(desk.screens.find("a"), nullptr);
-    EXPECT_TRUE(desk.form("b").isVisible());
+    stand.screens.show("a");
+    EXPECT_EQ(stand.screens.find("a"), nullptr);
+    EXPECT_TRUE(stand.form("b").isVisible());
     EXPECT_EQ(takeLog(), "a load, a unload, b load, b loaded, b activate, a loaded");
     settle();
     EXPECT_EQ(takeLog(), "a gone");
-    EXPECT_FALSE(desk.ended);
+    EXPECT_FALSE(stand.ended);
 }
 
 TEST_F(ScreensTest, TheProgramEndsWhenNoScreenIsOpenButNotBetweenCloseAndShow)
 {
     add("a");
     add("b");
-    desk.screens.show("a");
-    desk.screens.close("a");
-    desk.screens.show("b");
+    stand.screens.show("a");
+    stand.screens.close("a");
+    stand.screens.show("b");
     settle();
-    EXPECT_FALSE(desk.ended);
-    desk.form("b").close(); // as the window manager does
-    EXPECT_EQ(desk.screens.find("b"), nullptr);
+    EXPECT_FALSE(stand.ended);
+    stand.form("b").close(); // as the window manager does
+    EXPECT_EQ(stand.screens.find("b"), nullptr);
     settle();
-    EXPECT_TRUE(desk.ended);
+    EXPECT_TRUE(stand.ended);
 }
 
 TEST_F(ScreensTest, AFailureInAHandlerBecomesABoxAndTheProgramGoesOn)
 {
     add("a", [] { throw std::runtime_error("The disk is full."); });
-    desk.dialogs.expectNotice("The disk is full.");
-    desk.screens.show("a");
-    EXPECT_TRUE(desk.form("a").isVisible());
+    stand.dialogs.expectNotice("The disk is full.");
+    stand.screens.show("a");
+    EXPECT_TRUE(stand.form("a").isVisible());
 }
 
 } // namespace toolkit

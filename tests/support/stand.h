@@ -10,20 +10,22 @@
 
 namespace support {
 
-/// A desk to put screens on: the services of a screen with nothing real behind them.
-class Desk
+/// A stand to put screens on: the services of a screen with nothing real behind them.
+class Stand
 {
 public:
-    Desk();
-    ~Desk();
-    Desk(const Desk&) = delete;
-    Desk& operator=(const Desk&) = delete;
+    Stand();
+    ~Stand();
+    Stand(const Stand&) = delete;
+    Stand& operator=(const Stand&) = delete;
 
     [[nodiscard]] toolkit::Form& form(const QString& name) const;
     template <typename Control>
     [[nodiscard]] Control& control(const QString& screen, const QString& name) const;
     [[nodiscard]] QString text(const QString& screen, const QString& name) const;
     void click(const QString& screen, const QString& name) const;
+    /// The name of the control that has the focus of its screen, or "".
+    [[nodiscard]] std::string focused(const QString& screen) const;
     /// The names of the screens that are open, in alphabetical order.
     [[nodiscard]] std::string open() const;
     /// What was asked of the host since the last call, one request a line.
@@ -41,7 +43,7 @@ public:
 };
 
 template <typename Control>
-Control& Desk::control(const QString& screen, const QString& name) const
+Control& Stand::control(const QString& screen, const QString& name) const
 {
     for (QObject* child : form(screen).findChildren<QObject*>(name))
         if (auto* found = dynamic_cast<Control*>(child))

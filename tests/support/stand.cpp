@@ -1,18 +1,18 @@
-#include "support/desk.h"
+#include "support/stand.h"
 
 namespace support {
 
-Desk::Desk()
+Stand::Stand()
 {
     screens.onAllClosed([this] { ended = true; });
 }
 
-Desk::~Desk()
+Stand::~Stand()
 {
     EXPECT_TRUE(dialogs.done()) << "a box that was expected did not come";
 }
 
-toolkit::Form& Desk::form(const QString& name) const
+toolkit::Form& Stand::form(const QString& name) const
 {
     toolkit::Form* found = screens.find(name);
     if (!found)
@@ -20,17 +20,23 @@ toolkit::Form& Desk::form(const QString& name) const
     return *found;
 }
 
-QString Desk::text(const QString& screen, const QString& name) const
+QString Stand::text(const QString& screen, const QString& name) const
 {
     return control<toolkit::Label>(screen, name).text();
 }
 
-void Desk::click(const QString& screen, const QString& name) const
+void Stand::click(const QString& screen, const QString& name) const
 {
     QTest::mouseClick(&control<QWidget>(screen, name), Qt::LeftButton);
 }
 
-std::string Desk::open() const
+std::string Stand::focused(const QString& screen) const
+{
+    const QWidget* focus = form(screen).focusWidget();
+    return focus ? focus->objectName().toStdString() : "";
+}
+
+std::string Stand::open() const
 {
     QStringList names;
     for (const char* name : {"back", "login", "mainscreen", "orv", "rules", "thank", "userselect"})
@@ -39,7 +45,7 @@ std::string Desk::open() const
     return names.join(' ').toStdString();
 }
 
-std::string Desk::hostLog()
+std::string Stand::hostLog()
 {
     const std::string log = hostRequests.join('\n').toStdString();
     hostRequests.clear();
