@@ -36,7 +36,7 @@ TEST(Writing, ANewRowIsCurrentWithItsNumberForEveryKindOfQuestionId)
                      options);
         bank.execute("insert into questions (question_id) values (3), (-1), (10)");
         auto rows = open(bank, allQuestions());
-        EXPECT_EQ(trace(rows, "first 1 1 1 -1 -1"), "-1 3 10 eof 10 3");
+        EXPECT_EQ(trace(rows, "first 1 1 1 -1 -1 last 1"), "-1 3 10 eof 10 3 10 eof");
         rows.AddNew();
         EXPECT_FALSE(rows.Bof() || rows.Eof());
         rows.Update();
