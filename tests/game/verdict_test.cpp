@@ -20,7 +20,7 @@ TEST_F(ShowTest, ARightAnswerFlashesForNineTicksAndMovesUp)
     EXPECT_EQ(looks(), "....");
     EXPECT_EQ(stand.hostLog(), "Play RestPose\nSpeak Total Prize Money Rupees  one thousand ");
     EXPECT_EQ(focused(), "cmdok");
-    desk.click("orv", "cmdok");
+    stand.click("orv", "cmdok");
     EXPECT_EQ(focused(), "LL") << "not on WITHDRAW, which an Enter too many would press";
 }
 
