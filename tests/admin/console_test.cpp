@@ -29,6 +29,7 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     owner.run("addquestions", "cmdsave");
     owner.screens.show("messages");
     owner.run("messages", "cmdexit");
+    owner.screens.show("addquestions");
     QApplication::processEvents();
     EXPECT_EQ(owner.focused("addquestions"), "cmdsave") << "the focus returns to where it was last";
     owner.boxes();
