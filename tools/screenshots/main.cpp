@@ -17,7 +17,7 @@ int main(int argc, char** argv)
         return 2;
     }
     try {
-        for (const int scale : check ? std::initializer_list<int>{1} : std::initializer_list<int>{1, 2}) {
+        for (int scale = 1; scale <= (check ? 1 : 2); ++scale) {
             Album album(QDir(arguments.last()), check ? Album::Purpose::Compare : Album::Purpose::Renew,
                         scale);
             tour(album);
