@@ -60,6 +60,7 @@ Stage::Stage(QWidget& form, rig::Figure& figure)
     balloon_ = new Balloon({}, this);
     // As a child of the form the stage lets every click through, so the sign stands beside it.
     mute_ = makeMuteSign(embedded() ? form : *this);
+    connect(mute_, &QAbstractButton::pressed, this, &Stage::keepBelowBox);
     resizeTo(1);
     form.installEventFilter(this);
     hide();
@@ -201,8 +202,16 @@ void Stage::paintEvent(QPaintEvent*)
     painter.drawImage(QPoint(0, balloonHeight), image_);
 }
 
+// Some window managers put a window that appears late, or is clicked, above an open message box.
+void Stage::keepBelowBox()
+{
+    if (QWidget* box = QApplication::activeModalWidget())
+        box->raise();
+}
+
 void Stage::mousePressEvent(QMouseEvent* event)
 {
+    keepBelowBox();
     pressed_ = event->globalPosition().toPoint();
     grabbed_ = geometry().bottomLeft();
     dragged_ = false;
@@ -250,9 +259,7 @@ void Stage::showWithForm()
         show();
         raise();
         joinBoxSoon();
-        // Some window managers put a window that appears late above an open message box.
-        if (QWidget* box = QApplication::activeModalWidget())
-            box->raise();
+        keepBelowBox();
     } else if (!wanted) {
         hide();
     }

@@ -65,6 +65,7 @@ private:
     /// A modal box takes the clicks and keys of all windows but its own, so the host becomes one of those.
     /// The window manager is not told: for it the host stays below the box.
     void joinBoxSoon();
+    static void keepBelowBox();
     void followForm(QEvent::Type type);
     void showWithForm();
     void follow();

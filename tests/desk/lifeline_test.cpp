@@ -65,7 +65,7 @@ TEST_F(LifelineJourney, AreCrossedOutWhereTheyStandAndThePollIsPainted)
     untilColour("pollbar[2]", ground);
     openLifelines();
     take("lifeline2");
-    desk->click("orv", "lifeline2");
+    desk->click("orv", "lifeline3");
     EXPECT_EQ(desk->answer("OK").summary(),
               "Orvanta | Sorry! Guest, you have already used this lifeline | information | OK");
 }
