@@ -26,7 +26,10 @@ int main(int argc, char** argv)
         return 1;
     }
     toolkit::silenceLibraryWarnings();
+    const bool grown = toolkit::growToScreen(shell::Back::size);
     const QApplication application(argc, argv);
+    if (grown)
+        qunsetenv("QT_SCALE_FACTOR");            // not meant for a browser that the program starts
     QApplication::setApplicationName("Orvanta"); // in window lists, for windows without a caption
     QApplication::setQuitOnLastWindowClosed(false);
 

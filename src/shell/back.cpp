@@ -9,8 +9,8 @@ namespace shell {
 
 Back::Back(toolkit::Services services)
     : Form({.name = "back",
-            .width = 15000,
-            .height = 12000,
+            .width = toolkit::twips(size.width()),
+            .height = toolkit::twips(size.height()),
             .placement = toolkit::Placement::WindowDefault,
             .background = QColor(0, 0, 64)},
            services)

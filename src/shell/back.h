@@ -9,6 +9,8 @@ namespace shell {
 class Back final : public toolkit::Form
 {
 public:
+    static constexpr QSize size{1000, 800}; ///< where the screen has room for it
+
     explicit Back(toolkit::Services services);
 
 protected:

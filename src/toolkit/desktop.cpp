@@ -3,11 +3,16 @@
 #include <QApplication>
 #include <QByteArray>
 #include <QColor>
+#include <QSize>
 #include <QStyle>
 #include <QWindow>
+#include <QtEndian>
 
+#include <xcb/randr.h>
 #include <xcb/xcb.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -41,6 +46,17 @@ xcb_atom_t atomNamed(xcb_connection_t* x11, const QByteArray& name)
     return atom ? atom->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
+QByteArray property(xcb_connection_t* x11, xcb_window_t window, xcb_atom_t name)
+{
+    constexpr std::uint32_t mostWords = 1 << 16;
+    const auto request = xcb_get_property(x11, 0, window, name, XCB_ATOM_ANY, 0, mostWords);
+    const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(x11, request, nullptr));
+    if (!reply)
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+            xcb_get_property_value_length(reply.get())};
+}
+
 /// The window that owns the selection `name` of the screen the program is on; none if nobody does.
 xcb_window_t ownerOf(xcb_connection_t* x11, const QByteArray& name)
 {
@@ -55,20 +71,58 @@ xcb_window_t ownerOf(xcb_connection_t* x11, const QByteArray& name)
     return owner ? owner->owner : xcb_window_t{XCB_WINDOW_NONE};
 }
 
-/// The settings that the desktop hands to its programs, as the XSETTINGS protocol packs them.
-QByteArray desktopSettings(xcb_connection_t* x11)
+/// A number among the settings that the desktop hands to its programs, as the XSETTINGS protocol packs them.
+std::optional<int> desktopSetting(xcb_connection_t* x11, const QByteArray& name)
 {
     const xcb_window_t owner = ownerOf(x11, "_XSETTINGS_S");
     if (owner == XCB_WINDOW_NONE)
-        return {};
-    constexpr std::uint32_t mostWords = 1 << 16;
-    const xcb_atom_t property = atomNamed(x11, "_XSETTINGS_SETTINGS");
-    const auto request = xcb_get_property(x11, 0, owner, property, XCB_ATOM_ANY, 0, mostWords);
-    const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(x11, request, nullptr));
-    if (!reply)
-        return {};
-    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
-            xcb_get_property_value_length(reply.get())};
+        return std::nullopt;
+    const QByteArray settings = property(x11, owner, atomNamed(x11, "_XSETTINGS_SETTINGS"));
+    // Behind the name, which is filled up to a multiple of four bytes, stand as many of a serial number.
+    const qsizetype value = settings.indexOf(name) + (name.size() + 3) / 4 * 4 + 4;
+    if (!settings.contains(name) || value + 4 > settings.size())
+        return std::nullopt;
+    constexpr char littleEndian = 0;
+    const char* const bytes = settings.constData() + value;
+    return settings.front() == littleEndian ? qFromLittleEndian<qint32>(bytes)
+                                            : qFromBigEndian<qint32>(bytes);
+}
+
+/// The pixels of the monitor on which programs start.
+QSize screenSize(xcb_connection_t* x11, const xcb_screen_t& screen)
+{
+    QSize size(screen.width_in_pixels, screen.height_in_pixels);
+    const auto* const randr = xcb_get_extension_data(x11, &xcb_randr_id);
+    if (!randr || !randr->present)
+        return size;
+    const Owned<xcb_randr_get_monitors_reply_t> monitors(
+        xcb_randr_get_monitors_reply(x11, xcb_randr_get_monitors(x11, screen.root, 1), nullptr));
+    if (!monitors)
+        return size;
+    const auto first = xcb_randr_get_monitors_monitors_iterator(monitors.get());
+    for (auto each = first; each.rem > 0; xcb_randr_monitor_info_next(&each))
+        if (each.rem == first.rem || each.data->primary)
+            size = {each.data->width, each.data->height};
+    return size;
+}
+
+/// The factor by which Qt draws larger of itself on this desktop.
+double desktopScale(xcb_connection_t* x11, const xcb_screen_t& screen)
+{
+    constexpr double usualDpi = 96;
+    const QByteArray given = qgetenv("QT_SCREEN_SCALE_FACTORS");
+    if (const double factor = given.mid(given.lastIndexOf('=') + 1).toDouble(); factor > 0)
+        return factor;
+    if (const double dpi = qgetenv("QT_FONT_DPI").toDouble(); dpi > 0)
+        return dpi / usualDpi;
+    constexpr double unit = 1024;
+    if (const int dpi = desktopSetting(x11, "Xft/DPI").value_or(0); dpi > 0)
+        return dpi / unit / usualDpi;
+    const QByteArray resources = '\n' + property(x11, screen.root, XCB_ATOM_RESOURCE_MANAGER);
+    const QByteArray name("\nXft.dpi:");
+    if (const qsizetype place = resources.indexOf(name); place >= 0)
+        return resources.mid(place + name.size()).split('\n').front().trimmed().toDouble() / usualDpi;
+    return 1;
 }
 
 } // namespace
@@ -90,6 +144,32 @@ std::optional<std::string> prepareDesktop()
     if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
         return std::nullopt;
     return "there is no display to show it on. Start it from a graphical desktop.";
+}
+
+double growth(const QSize& largest, const QSize& screen, double desktop)
+{
+    constexpr double stepsPerUnit = 8;
+    const double fitting = std::min(static_cast<double>(screen.width()) / largest.width(),
+                                    static_cast<double>(screen.height()) / largest.height());
+    return std::max(1.0, std::floor(fitting * stepsPerUnit) / stepsPerUnit / desktop);
+}
+
+bool growToScreen(const QSize& largest)
+{
+    const char* const variable = "QT_SCALE_FACTOR";
+    if (!qEnvironmentVariableIsEmpty(variable) || qgetenv("QT_QPA_PLATFORM") != "xcb")
+        return false;
+    int number = 0;
+    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> x11(xcb_connect(nullptr, &number),
+                                                                           &xcb_disconnect);
+    if (xcb_connection_has_error(x11.get()) != 0)
+        return false;
+    auto screen = xcb_setup_roots_iterator(xcb_get_setup(x11.get()));
+    for (; number > 0; --number)
+        xcb_screen_next(&screen);
+    const double factor =
+        growth(largest, screenSize(x11.get(), *screen.data), desktopScale(x11.get(), *screen.data));
+    return factor > 1 && qputenv(variable, QByteArray::number(factor));
 }
 
 void keepAbove(QWindow& window, QWindow& behind)
@@ -128,11 +208,7 @@ bool animationsWanted()
     if (QApplication::style()->styleHint(QStyle::SH_Widget_Animation_Duration) == 0)
         return false;
     xcb_connection_t* const x11 = connection();
-    const QByteArray settings = x11 ? desktopSettings(x11) : QByteArray();
-    // Behind the name stand four bytes of a serial number and the value.
-    const QByteArray name("Gtk/EnableAnimations");
-    const qsizetype place = settings.indexOf(name);
-    return place < 0 || settings.mid(place + name.size() + 4, 4) != QByteArray(4, '\0');
+    return !x11 || desktopSetting(x11, "Gtk/EnableAnimations") != 0;
 }
 
 void silenceLibraryWarnings()

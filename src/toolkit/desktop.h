@@ -4,6 +4,7 @@
 #include <string>
 
 class QColor;
+class QSize;
 class QWindow;
 
 namespace toolkit {
@@ -11,6 +12,15 @@ namespace toolkit {
 /// To be called before the application object exists: picks the window system and makes sure that it answers,
 /// because the application object would abort the program if it did not. Returns what is wrong, if anything.
 [[nodiscard]] std::optional<std::string> prepareDesktop();
+
+/// By how much a program whose largest window takes `largest` device-independent pixels is to be drawn larger
+/// than the desktop asks for by its factor `desktop`, so that it fills `screen`, in the screen's own pixels,
+/// as far as that goes in eighths. Never less than 1.
+[[nodiscard]] double growth(const QSize& largest, const QSize& screen, double desktop);
+
+/// Has an application object that is made from now on draw by growth() larger, by means of QT_SCALE_FACTOR in
+/// the environment. False where the user has set that, or there is nothing to do.
+bool growToScreen(const QSize& largest);
 
 /// Has the window manager keep `window`, which must be on screen, above `behind`, whichever is clicked.
 void keepAbove(QWindow& window, QWindow& behind);

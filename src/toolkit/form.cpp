@@ -215,7 +215,7 @@ void Form::slide(std::initializer_list<SlideSteps> stretches)
     int total = 0;
     for (const SlideSteps& stretch : stretches)
         total += stretch.steps;
-    const int stepsPerFrame = std::max(1, total / frames);
+    const int stepsPerFrame = animationsWanted() ? std::max(1, total / frames) : total + 1;
 
     std::ranges::for_each(timers_, &Timer::hold);
     setMinimumSize(0, 0);

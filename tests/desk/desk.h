@@ -15,7 +15,7 @@ struct DeskSettings
 {
     QSize screen = {1024, 768};
     QString manager = "openbox";
-    QString scale = {}; ///< the factor that the desktop asks Qt programs to grow by
+    QString scale = {}; ///< the factor that the user asks Qt programs to grow by
 };
 
 /// A desk of its own for one test: an X display, a window manager, and the program in a directory of its

@@ -20,11 +20,13 @@ TEST_F(ShellJourney, OpensTheLinksOutside)
     EXPECT_NE(desk->answer("OK").text.indexOf("team@orvanta.example"), -1);
 }
 
-TEST_F(ShellJourney, StartsOnADesktopOfAnotherScale)
+TEST_F(ShellJourney, FillsItsScreenUnlessTheUserHasChosenAScale)
 {
-    begin({.screen = {1920, 1080}, .scale = "1.5"});
-    toQuestion();
-    EXPECT_EQ(desk->display->place(desk->windowOf("orv")).size(), QSize(903, 651));
+    for (const auto& [scale, size] : {std::pair("1.5", QSize(903, 651)), std::pair("", QSize(753, 543))}) {
+        begin({.screen = {1920, 1080}, .scale = scale});
+        toQuestion();
+        EXPECT_EQ(desk->display->place(desk->windowOf("orv")).size(), size) << scale;
+    }
 }
 
 TEST_F(ShellJourney, SaysInOneSentenceThatThereIsNoDisplay)

@@ -1,4 +1,5 @@
 #include "support/doubles.h"
+#include "toolkit/desktop.h"
 #include "toolkit/desktop_services.h"
 #include "toolkit/text.h"
 #include "toolkit/twips.h"
@@ -24,6 +25,20 @@ TEST(Twips, NeighboursStayNeighbours)
     const QRect left = pixels(TwipRect{100, 0, 207, 30});
     const QRect right = pixels(TwipRect{307, 0, 110, 30});
     EXPECT_EQ(left.right() + 1, right.left());
+}
+
+TEST(Growth, FillsTheScreenInEighthsOnTopOfWhatTheDesktopAsksFor)
+{
+    struct Case
+    {
+        QSize screen;
+        double desktop, total;
+    };
+    const Case cases[] = {{{1920, 1080}, 1, 1.25}, {{1920, 1080}, 1.5, 1.5}, {{3840, 2160}, 2, 2.625},
+                          {{1024, 768}, 1, 1},     {{1000, 3000}, 1, 1},     {{3840, 2160}, 0.75, 2.625}};
+    for (const Case& row : cases)
+        EXPECT_EQ(growth({1000, 800}, row.screen, row.desktop) * row.desktop, row.total)
+            << row.screen.width();
 }
 
 TEST(Random, RoundsHalfToEven)
