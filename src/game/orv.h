@@ -45,6 +45,7 @@ private:
     // Tools of all handlers (orv_state.cpp)
     void narrate(StopFirst stopfirst, const QString& animation, const QString& text);
     void clearoptions();
+    void showSign(int k, toolkit::Shape::Kind kind);
     void showusedlifelines();
     void markRung(int n);
     void orv_mws_Click();
@@ -102,6 +103,7 @@ private:
     toolkit::Shape* clockback;
     std::array<std::array<toolkit::Line*, 2>, 3> crosses; ///< over lifeline1 to lifeline3
     std::array<toolkit::Label*, options> option;          ///< option1 to option4
+    std::array<toolkit::Shape*, options> sign;            ///< at the right of each: locked, right or wrong
     toolkit::Label* question;
     std::array<toolkit::Label*, 3> lifeline; ///< lifeline1 to lifeline3
 

@@ -11,6 +11,7 @@
 namespace game {
 
 using Icon = toolkit::Dialogs::Icon;
+using toolkit::Shape;
 
 namespace {
 
@@ -35,6 +36,7 @@ void Orv::orv_option_Click(int k)
         return;
     }
     chosen->setOpaque(true);
+    showSign(k, Shape::Kind::Lock);
     state.answered = true;
     state.chosenanswer = answerOf(*chosen);
     lockanswer();
@@ -82,10 +84,14 @@ QString Orv::promptMessage()
 
 void Orv::judgeWrong(const QString& correctAnswer)
 {
-    for (auto* label : option) {
+    for (int k = 1; k <= options; ++k) {
+        auto* label = option[k - 1];
         if (!label->text().isEmpty() && sameAnswer(answerOf(*label), correctAnswer)) {
             label->setBackground(green);
             label->setOpaque(true);
+            showSign(k, Shape::Kind::Tick);
+        } else if (label->isOpaque()) {
+            showSign(k, Shape::Kind::Cross);
         }
     }
     const QString sorry =
@@ -129,9 +135,12 @@ void Orv::recordchoice(int k)
 void Orv::startflash()
 {
     state.flashcount = 8;
-    for (int k = 1; k <= options; ++k)
-        if (option[k - 1]->isOpaque())
+    for (int k = 1; k <= options; ++k) {
+        if (option[k - 1]->isOpaque()) {
             state.chosenoption = k;
+            showSign(k, Shape::Kind::Tick);
+        }
+    }
     flash->setEnabled(true);
 }
 

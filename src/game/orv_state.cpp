@@ -4,6 +4,8 @@
 
 namespace game {
 
+using toolkit::Shape;
+
 void Orv::narrate(StopFirst stopfirst, const QString& animation, const QString& text)
 {
     if (!state.hostready)
@@ -23,10 +25,18 @@ void Orv::clearoptions()
         label->setBackground(QColor(255, 128, 128));
         label->setOpaque(false);
     }
+    for (auto* shape : sign)
+        shape->hide();
     clock->hide();
     clockback->hide();
     lifelinetimer->setEnabled(false);
     hidepoll->show();
+}
+
+void Orv::showSign(int k, Shape::Kind kind)
+{
+    sign[k - 1]->setKind(kind);
+    sign[k - 1]->show();
 }
 
 void Orv::showusedlifelines()

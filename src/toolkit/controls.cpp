@@ -1,16 +1,26 @@
 #include "toolkit/controls.h"
 
+#include "toolkit/contrast.h"
+
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
+#include <QTextBlock>
 
 namespace toolkit {
 
 namespace {
 
-/// What is written on a ground of this colour while it cannot be used.
+/// A control of this colour looks like this while it cannot be used ...
+QColor disabledGround(const QColor& ground)
+{
+    return ground.darker(200);
+}
+
+/// ... with this written on it.
 QColor disabledText(const QColor& ground)
 {
-    return ground.darker(150);
+    return ground.lighter(125);
 }
 
 } // namespace
@@ -34,6 +44,7 @@ void Label::setBackground(const QColor& colour)
 {
     QPalette changed = palette();
     changed.setColor(QPalette::Window, colour);
+    changed.setColor(QPalette::Disabled, QPalette::Window, disabledGround(colour));
     changed.setColor(QPalette::Disabled, QPalette::WindowText, disabledText(colour));
     setPalette(changed);
     fillShape();
@@ -86,14 +97,20 @@ void Label::setWordsSpread(double first, double distance)
     wordDistance_ = distance;
 }
 
+/// What the text is seen on.
+QColor Label::ground() const
+{
+    return opaque_ ? palette().color(QPalette::Window) : groundBelow(*this);
+}
+
 void Label::paintSpread(QPainter& painter) const
 {
     const QStringList words = text().split(QChar::Space, Qt::SkipEmptyParts);
     const int distance = pixels(wordDistance_);
     for (int place = 0; place < words.size(); ++place) {
         const QRect box(pixels(firstWord_) + place * distance - distance / 2, 0, distance, height());
-        painter.drawText(box, Qt::AlignHCenter | static_cast<int>(alignment() & Qt::AlignVertical_Mask),
-                         words[place]);
+        drawText(painter, box, Qt::AlignHCenter | static_cast<int>(alignment() & Qt::AlignVertical_Mask),
+                 words[place], ground());
     }
 }
 
@@ -116,7 +133,7 @@ void Label::paintEvent(QPaintEvent*)
         box.adjust(2, 1, -2, -1);
     const FittedText shown = fitted(text(), font(), box.size(), flags);
     painter.setFont(shown.font);
-    painter.drawText(box, shown.flags | Qt::TextDontClip, shown.text);
+    drawText(painter, box, shown.flags | Qt::TextDontClip, shown.text, ground());
 }
 
 void Label::mousePressEvent(QMouseEvent* event)
@@ -156,6 +173,7 @@ void Button::setBackground(const QColor& colour)
     QPalette changed = palette();
     changed.setColor(QPalette::Button, colour);
     changed.setColor(QPalette::ButtonText, Qt::black);
+    changed.setColor(QPalette::Disabled, QPalette::Button, disabledGround(colour));
     changed.setColor(QPalette::Disabled, QPalette::ButtonText, disabledText(colour));
     setPalette(changed);
 }
@@ -190,7 +208,8 @@ void Button::paintEvent(QPaintEvent*)
     painter.setFont(fit.font);
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
-    painter.drawText(rect().translated(0, isDown() ? 1 : 0), fit.flags | Qt::TextDontClip, fit.text);
+    drawText(painter, rect().translated(0, isDown() ? 1 : 0), fit.flags | Qt::TextDontClip, fit.text,
+             palette().color(QPalette::Button));
 }
 
 // Painted here because the desktop's styles mix the colour with their own.
@@ -208,10 +227,27 @@ void Button::paintFace(QPainter& painter) const
     painter.setPen(isDown() ? face.darker(140) : face.lighter(125));
     painter.drawLine(topEdge);
     if (hasFocus()) {
-        painter.setPen(QPen(face.darker(220), 1, Qt::DotLine));
+        painter.setPen(QPen(face.darker(400), 2));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRect(area.adjusted(2, 2, -2, -2));
+        painter.drawRoundedRect(area.adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
     }
+}
+
+void TextArea::paintEvent(QPaintEvent* event)
+{
+    const QColor ground = palette().color(QPalette::Base);
+    QTextLayout::FormatRange halo{0, 0, {}};
+    const QColor colour = haloOf(palette().color(QPalette::Text), ground, font().pixelSize());
+    halo.format.setForeground(colour);
+    QPainter painter(viewport());
+    for (QTextBlock block = firstVisibleBlock(); block.isValid() && colour != ground; block = block.next()) {
+        halo.length = block.length();
+        const QPointF place = blockBoundingGeometry(block).translated(contentOffset()).topLeft();
+        for (const QPoint offset : haloOffsets)
+            block.layout()->draw(&painter, place + offset, {halo});
+    }
+    painter.end();
+    QPlainTextEdit::paintEvent(event);
 }
 
 Picture::Picture(const QString& resource, QWidget* parent) : QWidget(parent), pixmap_(resource) {}
@@ -239,6 +275,36 @@ QPolygonF hexagon(const QRectF& area)
         QPointF(right, area.bottom()), QPointF(left, area.bottom()), QPointF(area.left(), area.center().y())};
 }
 
+/// A sign in a square of the side 1.
+QPainterPath sign(Shape::Kind kind)
+{
+    QPainterPath path;
+    if (kind == Shape::Kind::Tick) {
+        path.moveTo(0.1, 0.55);
+        path.lineTo(0.4, 0.85);
+        path.lineTo(0.9, 0.15);
+    } else if (kind == Shape::Kind::Cross) {
+        path.moveTo(0.15, 0.15);
+        path.lineTo(0.85, 0.85);
+        path.moveTo(0.85, 0.15);
+        path.lineTo(0.15, 0.85);
+    } else {
+        path.addRect(0.2, 0.5, 0.6, 0.4);
+        path.moveTo(0.3, 0.5);
+        path.arcTo(0.3, 0.1, 0.4, 0.5, 180, -180);
+        path.lineTo(0.7, 0.5);
+    }
+    return path;
+}
+
+void paintSign(QPainter& painter, Shape::Kind kind, const QRectF& area)
+{
+    painter.translate(area.topLeft());
+    painter.scale(area.width(), area.height());
+    for (const auto& [colour, width] : {std::pair(Qt::black, 0.3), std::pair(Qt::white, 0.14)})
+        painter.strokePath(sign(kind), QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
 } // namespace
 
 Shape::Shape(const Style& style, QWidget* parent) : QWidget(parent), style_(style)
@@ -249,6 +315,12 @@ Shape::Shape(const Style& style, QWidget* parent) : QWidget(parent), style_(styl
 void Shape::setFill(std::optional<QColor> fill)
 {
     style_.fill = fill;
+    update();
+}
+
+void Shape::setKind(Kind kind)
+{
+    style_.kind = kind;
     update();
 }
 
@@ -267,8 +339,10 @@ void Shape::paintEvent(QPaintEvent*)
         painter.drawRect(area);
     else if (style_.kind == Kind::Circle)
         painter.drawEllipse(area);
-    else
+    else if (style_.kind == Kind::Hexagon)
         painter.drawPolygon(hexagon(area));
+    else
+        paintSign(painter, style_.kind, area);
 }
 
 Line::Line(TwipPoint from, TwipPoint to, const QColor& colour, int lineWidth, QWidget* parent)

@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 
 #include <functional>
@@ -51,6 +52,7 @@ protected:
 private:
     void sizeToText();
     void fillShape();
+    [[nodiscard]] QColor ground() const;
     void paintSpread(QPainter& painter) const;
 
     double firstWord_ = 0;
@@ -79,6 +81,16 @@ private:
     void paintFace(QPainter& painter) const;
 };
 
+/// A text of several lines that scrolls.
+class TextArea final : public QPlainTextEdit
+{
+public:
+    using QPlainTextEdit::QPlainTextEdit;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
 /// A picture scaled into its box, drawn from the density that the screen needs.
 class Picture final : public QWidget
 {
@@ -100,7 +112,10 @@ public:
     enum class Kind {
         Rectangle,
         Circle,
-        Hexagon ///< pointed at the left and the right, with corners of 90 degrees
+        Hexagon, ///< pointed at the left and the right, with corners of 90 degrees
+        Tick,    ///< this one and the next are signs, drawn in white with a black edge
+        Cross,
+        Lock
     };
     struct Style
     {
@@ -113,6 +128,8 @@ public:
 
     Shape(const Style& style, QWidget* parent);
     void setFill(std::optional<QColor> fill);
+    [[nodiscard]] const std::optional<QColor>& fill() const { return style_.fill; }
+    void setKind(Kind kind);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -114,14 +114,14 @@ double desktopScale(xcb_connection_t* x11, const xcb_screen_t& screen)
     if (const double factor = given.mid(given.lastIndexOf('=') + 1).toDouble(); factor > 0)
         return factor;
     if (const double dpi = qgetenv("QT_FONT_DPI").toDouble(); dpi > 0)
-        return dpi / usualDpi;
+        return std::max(1.0, dpi / usualDpi);
     constexpr double unit = 1024;
     if (const int dpi = desktopSetting(x11, "Xft/DPI").value_or(0); dpi > 0)
-        return dpi / unit / usualDpi;
+        return std::max(1.0, dpi / unit / usualDpi);
     const QByteArray resources = '\n' + property(x11, screen.root, XCB_ATOM_RESOURCE_MANAGER);
     const QByteArray name("\nXft.dpi:");
     if (const qsizetype place = resources.indexOf(name); place >= 0)
-        return resources.mid(place + name.size()).split('\n').front().trimmed().toDouble() / usualDpi;
+        return std::max(1.0, resources.mid(place + name.size()).split('\n').front().toDouble() / usualDpi);
     return 1;
 }
 

@@ -74,7 +74,7 @@ QCheckBox* Form::checkBox(const QString& name, const TwipRect& place, const QStr
 QPlainTextEdit* Form::textArea(const QString& name, const TwipRect& place, const QString& text,
                                const Look& look)
 {
-    auto* control = add(new QPlainTextEdit(text, this), name, place);
+    auto* control = add(new TextArea(text, this), name, place);
     applyLook(control, look);
     QPalette colours = control->palette();
     if (look.colour)

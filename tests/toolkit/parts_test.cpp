@@ -35,7 +35,7 @@ TEST(Growth, FillsTheScreenInEighthsOnTopOfWhatTheDesktopAsksFor)
         double desktop, total;
     };
     const Case cases[] = {{{1920, 1080}, 1, 1.25}, {{1920, 1080}, 1.5, 1.5}, {{3840, 2160}, 2, 2.625},
-                          {{1024, 768}, 1, 1},     {{1000, 3000}, 1, 1},     {{3840, 2160}, 0.75, 2.625}};
+                          {{1024, 768}, 1, 1},     {{1000, 3000}, 1, 1},     {{2560, 1440}, 1.25, 1.75}};
     for (const Case& row : cases)
         EXPECT_EQ(growth({1000, 800}, row.screen, row.desktop) * row.desktop, row.total)
             << row.screen.width();
