@@ -227,7 +227,7 @@ void Button::paintFace(QPainter& painter) const
     painter.setPen(isDown() ? face.darker(140) : face.lighter(125));
     painter.drawLine(topEdge);
     if (hasFocus()) {
-        painter.setPen(QPen(face.darker(400), 2));
+        painter.setPen(face.darker(400));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(area.adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
     }

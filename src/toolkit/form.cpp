@@ -198,6 +198,12 @@ void Form::focusMoved(QWidget* control)
     if (focused_ == control)
         return;
     const QWidget* const former = std::exchange(focused_, control);
+    if (focusRing_) {
+        constexpr int gap = 3;
+        focusRing_->setGeometry(control->geometry().adjusted(-gap, -gap, gap, gap));
+        focusRing_->setVisible(true);
+        focusRing_->raise();
+    }
     const auto tell = [this](const FocusHandlers& handlers, const QWidget* whose) {
         for (const auto& [watched, handler] : handlers)
             if (watched == whose)

@@ -173,6 +173,7 @@ private:
     FocusHandlers gotFocus_;
     FocusHandlers lostFocus_;
     QWidget* focused_ = nullptr;
+    Shape* focusRing_ = nullptr; ///< around it; none on a form in the desktop's colours
     Button* defaultButton_ = nullptr;
     bool closed_ = false;
 };

@@ -142,6 +142,9 @@ Timer* Form::timer(const QString& name, std::chrono::milliseconds period, bool e
 void Form::controlsDone()
 {
     std::for_each(lifted_.rbegin(), lifted_.rend(), [](QWidget* control) { control->raise(); });
+    // What the desktop shows of the focus is lost on a ground that it has not chosen.
+    if (settings_.background)
+        focusRing_ = shape("", {}, {.outline = Qt::white, .outlineWidth = 2}, true);
     std::ranges::stable_sort(tabs_, {}, &std::pair<int, QWidget*>::first);
     for (std::size_t place = 1; place < tabs_.size(); ++place)
         setTabOrder(tabs_[place - 1].second, tabs_[place].second);
