@@ -116,7 +116,7 @@ void Orv::addOptions()
         option[i] = label(QString("option%1").arg(i + 1), places[i], "",
                           {.font = verdana(9.75, Weight::Bold), .colour = QColor(192, 255, 192), .middle = true});
     }
-    constexpr double side = 210; // of a sign, which fits into the outline's right point
+    constexpr double side = 255; // of a sign, which fits into the outline's right point
     for (int i = 0; i < options; ++i) {
         const auto [left, top, width, labelHeight] = places[i];
         sign[i] = shape(element("sign", i), {left + edge - side / 2, top + (height - side) / 2, side, side}, {.outline = {}}, true);

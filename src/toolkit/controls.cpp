@@ -280,27 +280,30 @@ QPainterPath sign(Shape::Kind kind)
 {
     QPainterPath path;
     if (kind == Shape::Kind::Tick) {
-        path.moveTo(0.1, 0.55);
-        path.lineTo(0.4, 0.85);
-        path.lineTo(0.9, 0.15);
+        path.moveTo(0, 0.55);
+        path.lineTo(0.35, 0.9);
+        path.lineTo(1, 0.1);
     } else if (kind == Shape::Kind::Cross) {
-        path.moveTo(0.15, 0.15);
-        path.lineTo(0.85, 0.85);
-        path.moveTo(0.85, 0.15);
-        path.lineTo(0.15, 0.85);
+        path.moveTo(0, 0);
+        path.lineTo(1, 1);
+        path.moveTo(1, 0);
+        path.lineTo(0, 1);
     } else {
-        path.addRect(0.2, 0.5, 0.6, 0.4);
-        path.moveTo(0.3, 0.5);
-        path.arcTo(0.3, 0.1, 0.4, 0.5, 180, -180);
-        path.lineTo(0.7, 0.5);
+        path.addRect(0.1, 0.5, 0.8, 0.5);
+        path.moveTo(0.25, 0.5);
+        path.arcTo(0.25, 0, 0.5, 0.6, 180, -180);
+        path.lineTo(0.75, 0.5);
     }
     return path;
 }
 
 void paintSign(QPainter& painter, Shape::Kind kind, const QRectF& area)
 {
+    constexpr double edge = 0.14; // of the side: half of the broader pen
     painter.translate(area.topLeft());
     painter.scale(area.width(), area.height());
+    painter.translate(edge, edge);
+    painter.scale(1 - 2 * edge, 1 - 2 * edge);
     for (const auto& [colour, width] : {std::pair(Qt::black, 0.3), std::pair(Qt::white, 0.14)})
         painter.strokePath(sign(kind), QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
 }
@@ -361,7 +364,8 @@ void Line::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const bool slanted = from_.x() != to_.x() && from_.y() != to_.y();
     painter.setRenderHint(QPainter::Antialiasing, slanted);
-    painter.setPen(QPen(colour_, lineWidth_, Qt::SolidLine, Qt::RoundCap));
+    // The end of a hairline would be a dot of its own on dense screens.
+    painter.setPen(QPen(colour_, lineWidth_, Qt::SolidLine, lineWidth_ == 1 ? Qt::FlatCap : Qt::RoundCap));
     painter.drawLine(from_ - pos(), to_ - pos());
 }
 

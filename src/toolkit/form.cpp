@@ -200,7 +200,7 @@ void Form::focusMoved(QWidget* control)
     const QWidget* const former = std::exchange(focused_, control);
     if (focusRing_) {
         constexpr int gap = 3;
-        focusRing_->setGeometry(control->geometry().adjusted(-gap, -gap, gap, gap));
+        focusRing_->setGeometry(control->geometry().adjusted(-gap, -gap, gap, gap) & rect());
         focusRing_->setVisible(true);
         focusRing_->raise();
     }

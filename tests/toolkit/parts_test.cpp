@@ -1,4 +1,5 @@
 #include "support/doubles.h"
+#include "toolkit/contrast.h"
 #include "toolkit/desktop.h"
 #include "toolkit/desktop_services.h"
 #include "toolkit/text.h"
@@ -39,6 +40,19 @@ TEST(Growth, FillsTheScreenInEighthsOnTopOfWhatTheDesktopAsksFor)
     for (const Case& row : cases)
         EXPECT_EQ(growth({1000, 800}, row.screen, row.desktop) * row.desktop, row.total)
             << row.screen.width();
+}
+
+TEST(Contrast, ComesFromAHaloWhereTheGroundIsTooNearToTheText)
+{
+    const QColor navy(0, 0, 64);
+    const QColor violet(128, 128, 255);
+    EXPECT_NEAR(contrast(Qt::black, Qt::white), 21, 0.01);
+    EXPECT_EQ(haloOf(Qt::white, navy, 13), navy);
+    const std::pair<QColor, QColor> cases[] = {{Qt::yellow, violet}, {Qt::blue, navy}, {navy, Qt::black}};
+    for (const auto& [text, ground] : cases) {
+        EXPECT_GE(contrast(text, haloOf(text, ground, 13)), 4.5) << ground.name().toStdString();
+        EXPECT_LT(contrast(text, haloOf(text, ground, 35)), 5) << "more than large letters need";
+    }
 }
 
 TEST(Random, RoundsHalfToEven)
