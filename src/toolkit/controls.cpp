@@ -20,7 +20,7 @@ QColor disabledGround(const QColor& ground)
 /// ... with this written on it.
 QColor disabledText(const QColor& ground)
 {
-    return ground.lighter(125);
+    return ground.lighter(150);
 }
 
 } // namespace
