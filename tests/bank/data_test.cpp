@@ -1,4 +1,4 @@
-#include "bank/check.h"
+#include "bank/near.h"
 #include "bank/source.h"
 
 #include <QRegularExpression>

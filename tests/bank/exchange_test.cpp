@@ -41,7 +41,8 @@ bank::Bank randomBank(std::size_t count)
             question.tallies.at(i) = 1 + random() % 3;
         }
         question.right = QString("ABCD").mid(random() % 4, 1);
-        if (bank::breaches(question, bank::Texts::Played).empty() && bank::aikenHolds(question))
+        if (bank::Complaints ignored;
+            bank::checkQuestion(question, bank::Texts::Played, ignored) && bank::aikenHolds(question))
             bank.questions.push_back(question);
     }
     return bank;

@@ -1,5 +1,4 @@
 #include "bank/formats.h"
-#include "bank/html.h"
 #include "bank/text.h"
 
 #include <QRegularExpression>

@@ -24,6 +24,17 @@ std::vector<std::filesystem::path> questionFiles(const std::filesystem::path& fo
 
 } // namespace
 
+const Format& formatOf(const std::filesystem::path& file)
+{
+    const QString ending = QString::fromStdString(file.extension().string()).toLower();
+    for (const Format& format : formats)
+        if (QString(format.endings).split(u' ').contains(ending))
+            return format;
+    throw Failure(
+        QString("%1: the name tells no format; end it in .csv, .gift, .aiken or .txt, or give --format")
+            .arg(nameOf(file)));
+}
+
 void readPrompts(const TextFile& file, Intake& intake)
 {
     for (const Line& line : linesOf(file)) {
