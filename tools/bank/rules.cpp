@@ -16,8 +16,8 @@ namespace schema = db::schema;
 
 constexpr qsizetype maxPromptLength = 100;
 
-/// How often a letter may be right, in a set of so many questions or more. With
-/// fewer, one more or less decides.
+/// How often a letter may be right, in a set of so many questions or more. With fewer, one more or less
+/// decides.
 struct Balance
 {
     const char* what;
