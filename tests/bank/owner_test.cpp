@@ -95,7 +95,7 @@ TEST_F(Owner, FindsAndMendsAQuestion)
         {"create empty.orv", 0, "with 0 questions and 0 prompts.\n"},
         {"prompts empty.orv export none.txt", 0, ""},
         {"prompts bank.orv import none.txt", 1, "none.txt: there are no prompts in it\n"},
-        {"sheet empty.orv none.pdf", 1, "There are no questions for a sheet\n"},
+        {"sheet empty.orv none.pdf", 1, "empty.orv has no questions for a sheet\n"},
         {"import empty.orv data", 0, "has taken in 15 questions and 1 prompt.\n"},
         {"import empty.orv data --replace", 0, "15 questions and 1 prompt in place of those it had.\n"},
     };

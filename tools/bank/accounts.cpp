@@ -37,31 +37,32 @@ void requirePresence(Store& store, const std::string& name, bool wanted)
                           .arg(store.file(), quoted(QString::fromStdString(name))));
 }
 
-void requireNone(const QString& fault)
+void requireNone(const QString& fault, const Command& command)
 {
     if (!fault.isEmpty())
-        throw Failure(QString("Nothing was changed: %1").arg(fault));
+        throw Failure(QString("%1 is left as it is: %2").arg(QString::fromStdString(command.file), fault));
 }
 
 /// What is typed at the terminal behind `prompt`, which does not show it.
-QString askHidden(const char* prompt)
+QString askHidden(const char* prompt, const Command& command)
 {
     std::array<char, 256> typed{}; // more than fits is found too long
     if (!::readpassphrase(prompt, typed.data(), typed.size(), RPP_REQUIRE_TTY))
         requireNone("there is no terminal to ask for the password; run this in one, or let --generate make a "
-                    "password");
+                    "password",
+                    command);
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     QString password = decoder(QByteArrayView(typed.data()));
     ::explicit_bzero(typed.data(), typed.size());
-    requireNone(decoder.hasError() ? "the password is not valid UTF-8" : "");
+    requireNone(decoder.hasError() ? "the password is not valid UTF-8" : "", command);
     return password;
 }
 
-QString askedPassword()
+QString askedPassword(const Command& command)
 {
-    const QString password = askHidden("New password: ");
-    requireNone(passwordFault(password));
-    requireNone(askHidden("The same again: ") == password ? "" : "the two entries differ");
+    const QString password = askHidden("New password: ", command);
+    requireNone(passwordFault(password), command);
+    requireNone(askHidden("The same again: ", command) == password ? "" : "the two entries differ", command);
     return password;
 }
 
@@ -69,10 +70,11 @@ QString askedPassword()
 void givePassword(Command& command, bool isNew)
 {
     const QString name = QString::fromStdString(command.name);
-    requireNone(isNew ? nameFault(name) : "");
+    requireNone(isNew ? nameFault(name) : "", command);
     Store store = command.store(users);
     requirePresence(store, command.name, !isNew);
-    const QString password = command.generate ? QString::fromStdString(newPassword()) : askedPassword();
+    const QString password =
+        command.generate ? QString::fromStdString(newPassword()) : askedPassword(command);
     store.changing([&] {
         requirePresence(store, command.name, !isNew);
         if (isNew)
@@ -83,7 +85,7 @@ void givePassword(Command& command, bool isNew)
             command.out << "The password of \"" << command.name << "\" is \"" << password.toStdString()
                         << "\". It is not shown again: note it down now.\n"
                         << std::flush;
-        requireNone(command.out ? "" : "the password could not be shown");
+        requireNone(command.out ? "" : "the password could not be shown", command);
     });
     command.out << (isNew ? "The account was added.\n" : "The password was set.\n") << std::flush;
 }
@@ -133,7 +135,7 @@ void setPassword(Command& command)
 void renameAccount(Command& command)
 {
     const QString newName = QString::fromStdString(command.newName);
-    requireNone(nameFault(newName));
+    requireNone(nameFault(newName), command);
     Store store = command.store(users);
     store.changing([&] {
         requirePresence(store, command.name, true);
@@ -152,7 +154,8 @@ void removeAccount(Command& command)
         const auto accounts = store.accounts();
         requireNone(std::ranges::count(accounts, command.name, &Account::name) < std::ssize(accounts)
                         ? ""
-                        : "without its last account nobody could log in");
+                        : "without its last account nobody could log in",
+                    command);
         store.remove(users, db::schema::username, QString::fromStdString(command.name));
     });
     command.out << "The account was removed.\n";

@@ -56,6 +56,8 @@ struct Command
     /// Makes the other file, or writes to the standard output if it is "-".
     void write(const QByteArray& content);
     void tell(const QStringList& lines, std::ostream& where);
+    /// Throws Failure unless all answers have been written.
+    void finish();
 };
 
 /// "1 question", "2 questions"

@@ -257,6 +257,12 @@ void Command::tell(const QStringList& lines, std::ostream& where)
         where << shown(line).toStdString() << '\n';
 }
 
+void Command::finish()
+{
+    if (!out.flush())
+        throw Failure("Standard output cannot be written, perhaps because the disk is full");
+}
+
 std::string counted(std::size_t number, const char* what)
 {
     return std::to_string(number) + ' ' + what + (number == 1 ? "" : "s");
@@ -278,8 +284,7 @@ int run(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
     try {
         app.parse(argc, argv);
         command.progress.clear();
-        if (!out.flush())
-            throw Failure("The answer cannot be written, perhaps because the disk is full");
+        command.finish();
         return command.foundFaults ? Faulty : Done;
     } catch (const CLI::ParseError& error) {
         const QString unknown = error.get_exit_code() == 0 ? QString() : unknownSubcommand(app, argc, argv);

@@ -83,10 +83,10 @@ void warnOfLosses(const std::vector<Question>& questions, const Place& target, c
 
 void Command::write(const QByteArray& content)
 {
-    if (isStandard(other))
-        out << content.toStdString() << std::flush;
-    else
-        writeNew(other, content, Readers::Everyone);
+    if (!isStandard(other))
+        return writeNew(other, content, Readers::Everyone);
+    out << content.toStdString();
+    finish();
 }
 
 namespace actions {

@@ -38,10 +38,18 @@ void writeNew(const std::filesystem::path& target, const QByteArray& content, Re
     const auto failed = [&](const QString& reason) {
         return Failure(QString("%1 cannot be written: %2").arg(name, reason));
     };
-    if (!file.open() || file.write(content) != content.size() || !file.flush())
+    if (!file.open())
         throw failed(file.errorString());
     if (readers == Readers::Everyone)
         letEveryoneRead(file.handle());
+    // Where there is room for a part only, the next attempt says why.
+    for (qsizetype at = 0; at < content.size();) {
+        const auto written =
+            ::write(file.handle(), content.data() + at, static_cast<std::size_t>(content.size() - at));
+        if (written <= 0)
+            throw failed(qt_error_string());
+        at += written;
+    }
     if (::fsync(file.handle()) != 0)
         throw failed(qt_error_string());
     if (!file.rename(name)) {

@@ -109,7 +109,8 @@ void remove(Command& command)
     const std::string text = quoted(questionOf(store, command.number).text).toStdString();
     command.progress.clear();
     if (!command.yes)
-        throw Failure(QString("Nothing was changed: --yes would delete question %1, %2")
+        throw Failure(QString("%1 is left as it is: --yes would delete question %2, %3")
+                          .arg(store.file())
                           .arg(command.number)
                           .arg(QString::fromStdString(text)));
     store.changing([&] { store.remove(db::schema::questions, db::schema::questionId, command.number); });

@@ -91,7 +91,7 @@ void actions::sheet(Command& command)
 {
     const auto chosen = drawn(command.questions(), command.perLevel);
     if (chosen.empty())
-        throw Failure("There are no questions for a sheet");
+        throw Failure(QString::fromStdString(command.file) + " has no questions for a sheet");
     writeNew(command.other, printed(pagesOf(chosen)), Readers::Everyone);
     command.out << counted(chosen.size(), "question") << " went into " << command.other << ".\n";
 }
