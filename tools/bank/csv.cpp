@@ -72,7 +72,7 @@ private:
     {
         Cell cell{{}, spot_};
         const bool isQuoted = at_ < content_.size() && content_[at_] == u'"';
-        cell.text = (isQuoted ? quotedText(placeOf(cell)) : unquotedText()).trimmed();
+        cell.text = isQuoted ? quotedText(placeOf(cell)).trimmed() : unquotedText().trimmed().toString();
         return cell;
     }
 
@@ -87,7 +87,7 @@ private:
                 if (content_[at_] != u'"') {
                     complaints_.add(place, "the text goes on behind its closing "
                                            "quotation mark; double the marks inside it");
-                    return text + unquotedText();
+                    return text += unquotedText();
                 }
             }
             text += content_[at_];
@@ -96,12 +96,14 @@ private:
         return text;
     }
 
-    QString unquotedText()
+    QStringView unquotedText()
     {
         const qsizetype start = at_;
         while (!atCellEnd())
-            step();
-        return content_.mid(start, at_ - start).toString();
+            ++at_;
+        const QStringView text = content_.sliced(start, at_ - start);
+        spot_.column += static_cast<int>(length(text));
+        return text;
     }
 
     [[nodiscard]] bool atCellEnd() const
@@ -326,7 +328,7 @@ private:
             question.right = letter.isEmpty() && cell.text.size() == 1 ? cell.text : letter;
     }
 
-    void readQuestion(const Record& cells)
+    void readQuestion(Record& cells)
     {
         Question question;
         question.place = {file_, cells.front().spot.line};
@@ -343,7 +345,7 @@ private:
                     rightColumn = column;
                 }
             } else if (column != unused) {
-                question.at(static_cast<Field>(column)) = cells[i].text;
+                question.at(static_cast<Field>(column)) = std::move(cells[i].text);
                 question.spot(static_cast<Field>(column)) = cells[i].spot;
             }
         }

@@ -134,9 +134,14 @@ private:
         changed_ = known_ = 0;
         if (command_.replace)
             store_.clear(db::schema::questions);
-        std::vector<Question> added = sortOut(store_.questions());
+        const auto known = store_.questions();
+        std::vector<Question> sorted;
+        if (!known.empty() || command_.shuffle)
+            sorted = sortOut(known);
         if (command_.shuffle)
-            std::ranges::for_each(added, shuffle);
+            std::ranges::for_each(sorted, shuffle);
+        // A large file is not copied where nothing is to be sorted out.
+        const auto& added = known.empty() && !command_.shuffle ? intake_.bank.questions : sorted;
         store_.addQuestions(added);
         added_ = added.size();
         if (!intake_.bank.prompts.empty())

@@ -99,7 +99,7 @@ void compareNeighbours(const std::vector<Sketch>& sketches, const std::vector<Qu
                 break;
             const auto [first, second] = std::minmax(a.question, b.question);
             if (first < earliest[second] && similarity(a, b) >= leastSimilarity &&
-                folded(questions[first].text) != folded(questions[second].text))
+                !isSame(questions[first].text, questions[second].text))
                 earliest[second] = first;
         }
     }

@@ -94,7 +94,7 @@ void set(Command& command)
         Complaints complaints;
         checkQuestion(question, Texts::Played, complaints);
         for (const Question& other : store.questions())
-            if (other.place.id != command.number && folded(other.text) == folded(question.text))
+            if (other.place.id != command.number && isSame(other.text, question.text))
                 complaints.add(question.place,
                                QString("the same question stands in %1").arg(other.place.text()));
         complaints.throwIfAny();

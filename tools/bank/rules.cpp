@@ -36,9 +36,11 @@ bool isOption(Field field)
 }
 
 /// The field as a complaint calls it.
-QString title(Field field)
+const QString& title(Field field)
 {
-    return (isOption(field) ? "option " : "") + nameOf(field);
+    static const std::array<QString, 9> titles = {"level",    "topic",    "question", "option A", "option B",
+                                                  "option C", "option D", "right",    "why"};
+    return titles.at(static_cast<std::size_t>(field));
 }
 
 QString missing(Field field, const Question& question)
@@ -50,7 +52,7 @@ QString missing(Field field, const Question& question)
 
 QString tooLong(const QString& what, const QString& text, qsizetype limit)
 {
-    const auto points = length(text);
+    const auto points = text.size() <= limit ? 0 : length(text);
     return points <= limit ? QString()
                            : QString("%1 has %2 characters, at most %3 fit").arg(what).arg(points).arg(limit);
 }
@@ -59,7 +61,9 @@ QString notPlain(const QString& what, const QString& text)
 {
     const auto stray = strayCharacter(text);
     if (!stray)
-        return text.trimmed() == text ? QString() : what + " has a blank at an end";
+        return text.isEmpty() || !(text.front().isSpace() || text.back().isSpace())
+                   ? QString()
+                   : what + " has a blank at an end";
     if (*stray == U'\n' || *stray == U'\r')
         return what + " holds a line break, but must be one line";
     if (*stray == U'\ufffd')
@@ -104,11 +108,10 @@ void checkTexts(const Question& question, Texts demanded, Complaints& complaints
 
 void checkEqualOptions(const Question& question, Complaints& complaints)
 {
-    std::array<QString, 4> texts;
-    std::ranges::transform(question.options, texts.begin(), folded);
-    for (std::size_t later = 1; later < texts.size(); ++later)
+    const auto& options = question.options;
+    for (std::size_t later = 1; later < options.size(); ++later)
         for (std::size_t earlier = 0; earlier < later; ++earlier)
-            if (!texts.at(later).isEmpty() && texts.at(later) == texts.at(earlier))
+            if (!options.at(later).isEmpty() && isSame(options.at(earlier), options.at(later)))
                 complaints.add(question.placeOf(optionFields.at(later)),
                                QString("options %1 and %2 are equal")
                                    .arg(nameOf(optionFields.at(earlier)), nameOf(optionFields.at(later))));
@@ -140,6 +143,7 @@ void removeRepeatsOf(QString Item::*text, const QString& what, std::vector<Item>
                      Complaints& complaints)
 {
     QHash<QString, Place> seen;
+    seen.reserve(static_cast<qsizetype>(items.size()));
     std::erase_if(items, [&](const Item& item) {
         const QString same = folded(item.*text);
         const bool repeats = seen.contains(same);

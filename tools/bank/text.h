@@ -17,6 +17,8 @@ namespace bank {
 
 /// Form in which texts are equal that differ in nothing but case, blanks and the way accents are encoded.
 [[nodiscard]] QString folded(const QString& text);
+/// Whether they have the same form.
+[[nodiscard]] bool isSame(const QString& a, const QString& b);
 /// The same without accents.
 [[nodiscard]] QString searchable(const QString& text);
 
