@@ -73,7 +73,7 @@ Sketch sketchOf(const Question& question, std::size_t index)
         sketch.trigrams.push_back(std::uint64_t{words[at].unicode()} << 32U |
                                   std::uint64_t{words[at + 1].unicode()} << 16U | words[at + 2].unicode());
     std::ranges::sort(sketch.trigrams);
-    sketch.trigrams.erase(std::ranges::unique(sketch.trigrams).begin(), sketch.trigrams.end());
+    sketch.trigrams.erase(std::unique(sketch.trigrams.begin(), sketch.trigrams.end()), sketch.trigrams.end());
     std::ranges::reverse_copy(words, std::back_inserter(sketch.backwards));
     return sketch;
 }
