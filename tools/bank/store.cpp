@@ -172,15 +172,15 @@ void Store::add(const schema::Table& table, const std::vector<db::Value>& row)
     run(db::sql::insertion(table.name, table.fields), row);
 }
 
-void Store::set(const schema::Table& table, const char* field, const db::Value& value, const char* key,
+void Store::set(const schema::Table& table, const char* field, const db::Value& value, const char* keyField,
                 const db::Value& of)
 {
-    run(db::sql::change(table.name, std::array{field}, key), {value, of});
+    run(db::sql::change(table.name, std::array{field}, keyField), {value, of});
 }
 
-void Store::remove(const schema::Table& table, const char* key, const db::Value& of)
+void Store::remove(const schema::Table& table, const char* keyField, const db::Value& of)
 {
-    run(db::sql::deletion(table.name, key), {of});
+    run(db::sql::deletion(table.name, keyField), {of});
 }
 
 void Store::clear(const schema::Table& table)

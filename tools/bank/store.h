@@ -45,10 +45,10 @@ public:
     void resetTallies();
     /// Adds a row with a value for each field of the table.
     void add(const db::schema::Table& table, const std::vector<db::Value>& row);
-    /// Sets one field of the rows whose `key` is `of`.
-    void set(const db::schema::Table& table, const char* field, const db::Value& value, const char* key,
+    /// Sets one field of the rows whose `keyField` is `of`.
+    void set(const db::schema::Table& table, const char* field, const db::Value& value, const char* keyField,
              const db::Value& of);
-    void remove(const db::schema::Table& table, const char* key, const db::Value& of);
+    void remove(const db::schema::Table& table, const char* keyField, const db::Value& of);
     void clear(const db::schema::Table& table);
 
     /// Runs `work` as one transaction, which leaves every byte of the file as it was when the work throws. It
