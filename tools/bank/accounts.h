@@ -1,8 +1,6 @@
 #pragma once
 
-#include "bank/store.h"
-
-#include <iosfwd>
+#include <QString>
 
 namespace bank {
 
@@ -11,17 +9,8 @@ namespace bank {
 [[nodiscard]] QString nameFault(const QString& name);
 [[nodiscard]] QString passwordFault(const QString& password);
 
-enum class AccountChange { Add, SetPassword };
-
-/// Adds an account or sets the password of one. The password is asked for at the terminal, or made and told
-/// to `out`. Throws Failure, and changes nothing, if the account or its want is unexpected, if there is no
-/// terminal or if the password cannot be told.
-void changeAccount(Store& store, AccountChange change, const std::string& name, bool generate,
-                   std::ostream& out);
-
-/// Throw Failure, and change nothing, if there is no such account, if the new name is taken or unfit, or if
-/// it is the last one that would go.
-void renameAccount(Store& store, const std::string& name, const std::string& newName);
-void removeAccount(Store& store, const std::string& name);
+/// A new password of 12 lower-case letters and digits, each drawn evenly from the system's source of
+/// randomness. Those that are mistaken for one another (0 o, 1 i l) are left out.
+[[nodiscard]] std::string newPassword();
 
 } // namespace bank

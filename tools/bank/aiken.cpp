@@ -49,7 +49,7 @@ public:
             return;
         question_.text = text_.join(u' ');
         question_.right = answerIn(last.text)->trimmed().toString();
-        question_.spot(Field::Right) = last.spot();
+        question_.spot(Field::Right) = last.place.spot();
         intake.accept(std::move(question_));
     }
 
@@ -71,7 +71,7 @@ private:
         if (line.text.front() != nameOf(field).front())
             return complain(line, QString("the option should be %1").arg(nameOf(field)), complaints);
         QString& option = question_.at(field) = line.text.mid(marker).trimmed();
-        question_.spot(field) = line.spot();
+        question_.spot(field) = line.place.spot();
         question_.spot(field).column += static_cast<int>(line.text.size() - option.size());
     }
 

@@ -1,13 +1,33 @@
-#include "bank/check.h"
+#include "bank/actions.h"
 
 #include "bank/accounts.h"
+#include "bank/create.h"
 #include "bank/near.h"
-#include "bank/rules.h"
+#include "bank/source.h"
 #include "bank/text.h"
-#include "db/failure.h"
+
+#include <ostream>
 
 namespace bank {
 namespace {
+
+bool isFolder(const std::string& path)
+{
+    std::error_code ignored;
+    return std::filesystem::is_directory(path, ignored);
+}
+
+/// What the other file holds, or a folder, which obeys all rules.
+Intake sourceOf(Command& command)
+{
+    Intake intake = command.intake(isFolder(command.other) ? Texts::Reviewed : Texts::Played);
+    readSource(command.other, command.format, intake);
+    if (isFolder(command.other)) {
+        checkEnough(intake.bank, {nameOf(command.other)}, intake.complaints);
+        checkPrompts(intake.bank, {nameOf(command.other)}, intake.complaints);
+    }
+    return intake;
+}
 
 /// Whether the table is there with all its fields.
 bool hasTable(Store& store, const db::schema::Table& table, Complaints& complaints)
@@ -43,11 +63,10 @@ void checkAccounts(Store& store, Complaints& complaints)
     }
 }
 
-} // namespace
-
-Complaints checkStore(Store& store, Bank& bank, Progress& progress)
+/// Complains about everything in the database that makes a question unfair or a game impossible; warns of
+/// what an owner should know.
+void checkStore(Store& store, Bank& bank, Complaints& complaints, Progress& progress)
 {
-    Complaints complaints;
     const Place whole{store.file()};
     store.checkIntegrity();
     if (hasTable(store, db::schema::users, complaints))
@@ -58,7 +77,7 @@ Complaints checkStore(Store& store, Bank& bank, Progress& progress)
     for (const Prompt& prompt : bank.prompts)
         checkPrompt(prompt, complaints);
     if (!hasTable(store, db::schema::questions, complaints))
-        return complaints;
+        return;
     bank.questions = store.questions();
     progress.begin("Checking question", static_cast<long long>(bank.questions.size()));
     for (const Question& question : bank.questions) {
@@ -68,17 +87,61 @@ Complaints checkStore(Store& store, Bank& bank, Progress& progress)
     checkEnough(bank, whole, complaints);
     if (hasPrompts)
         checkPrompts(bank, whole, complaints);
-    checkMix(bank, whole, complaints, progress);
-    return complaints;
 }
 
-void checkMix(const Bank& bank, const Place& source, Complaints& complaints, Progress& progress)
+} // namespace
+
+namespace actions {
+
+void create(Command& command)
 {
-    checkRepeats(bank, complaints);
-    checkOptionSets(bank, complaints);
-    checkNearRepeats(bank, complaints, progress);
-    checkBalance(bank, source, complaints);
-    progress.clear();
+    Bank bank;
+    if (!command.other.empty()) {
+        Intake intake = sourceOf(command);
+        removeRepeats(intake.bank, intake.complaints);
+        intake.complaints.throwIfAny();
+        command.tell(intake.complaints.warnings(), command.err);
+        bank = std::move(intake.bank);
+    }
+    const Account owner{"owner", newPassword()};
+    createDatabase(command.file, bank, owner, command.progress);
+    command.progress.clear();
+    command.out << command.file << " was created with " << counted(bank.questions.size(), "question")
+                << " and " << counted(bank.prompts.size(), "prompt") << ".\n"
+                << "Log in to the administration console as \"" << owner.name << "\" with the password \""
+                << owner.password
+                << "\". It was made for this file alone and is not shown again: note it down now.\n"
+                << "To set another one: orvbank admin " << command.file << " password " << owner.name << '\n'
+                << std::flush;
+    if (!command.out) {
+        std::error_code ignored;
+        std::filesystem::remove(command.file, ignored);
+        throw Failure(QString("%1 was removed again: its password could not be shown")
+                          .arg(QString::fromStdString(command.file)));
+    }
 }
 
+void check(Command& command)
+{
+    Complaints found;
+    Bank bank;
+    const Place whole{nameOf(command.file.empty() ? command.other : command.file)};
+    if (command.file.empty()) {
+        Intake intake = sourceOf(command);
+        bank = std::move(intake.bank);
+        found = std::move(intake.complaints);
+    } else {
+        Store store(command.file, command.progress);
+        checkStore(store, bank, found, command.progress);
+    }
+    const std::string questions = counted(bank.questions.size(), "question");
+    checkMix(bank, whole, found, command.progress);
+    command.tell(found.lines() + found.warnings(), command.out);
+    command.foundFaults = !found.empty();
+    command.out << whole.file.toStdString() << ": " << questions << ", "
+                << (found.empty() ? "no faults" : counted(static_cast<std::size_t>(found.count()), "fault"))
+                << '\n';
+}
+
+} // namespace actions
 } // namespace bank

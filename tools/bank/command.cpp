@@ -40,11 +40,13 @@ void addFormat(CLI::App* sub, Command& command)
     sub->add_option_function<std::string>(
            "--format",
            [&command](const std::string& name) {
-               try {
-                   command.format = &formatNamed(name);
-               } catch (const Failure& failure) {
-                   throw CLI::ValidationError("--format", failure.what());
-               }
+               const QString wanted = QString::fromStdString(name).toLower();
+               QStringList names;
+               for (const Format& format : formats)
+                   names << format.name;
+               if (!names.contains(wanted))
+                   throw CLI::ValidationError("--format", unknown("format", wanted, names).toStdString());
+               command.format = &formats.at(static_cast<std::size_t>(names.indexOf(wanted)));
            },
            "csv, gift, aiken or text; without it the name of the file tells")
         ->option_text("FORMAT");
@@ -94,18 +96,17 @@ void declareExchange(CLI::App& app, Command& command)
         ->required();
     addFormat(sub, command);
     addLevel(sub, command, "Level of questions whose source gives none");
-    auto* const replace = sub->add_flag("--replace", command.import.replace,
-                                        "Remove the questions that are there; accounts stay");
-    auto* const update =
-        sub->add_flag("--update", command.import.update,
-                      "Change the questions that are there with the same text; tallies stay");
-    auto* const skip = sub->add_flag("--skip-known", command.import.skipKnown, "Leave them as they are");
+    auto* const replace =
+        sub->add_flag("--replace", command.replace, "Remove the questions that are there; accounts stay");
+    auto* const update = sub->add_flag(
+        "--update", command.update, "Change the questions that are there with the same text; tallies stay");
+    auto* const skip = sub->add_flag("--skip-known", command.skipKnown, "Leave them as they are");
     update->excludes(replace);
     skip->excludes(replace)->excludes(update);
-    sub->add_flag("--skip-unfit", command.import.skipUnfit, "Leave out what breaks a rule, and tell so");
-    sub->add_flag("--shuffle", command.import.shuffle,
+    sub->add_flag("--skip-unfit", command.skipUnfit, "Leave out what breaks a rule, and tell so");
+    sub->add_flag("--shuffle", command.shuffle,
                   "Put the options of new questions in random order, unless they are numbers");
-    sub->add_flag("--dry-run", command.import.dryRun, "Only tell what would be done");
+    sub->add_flag("--dry-run", command.dryRun, "Only tell what would be done");
 
     sub = addForFile(app, command, "export", "Write the questions of a database to a new file",
                      actions::exportBank);
@@ -117,9 +118,9 @@ void declareExchange(CLI::App& app, Command& command)
         app.add_subcommand("prompts", "Look after what the host says before an answer is locked");
     prompts->add_option("FILE", command.file, "The database")->required();
     prompts->require_subcommand(1);
-    sub = add(*prompts, command, "import", "Add prompts, one a line", actions::importPromptFile);
+    sub = add(*prompts, command, "import", "Add prompts, one a line", actions::importPrompts);
     sub->add_option("SOURCE", command.other, "The file (\"-\" is standard input)")->required();
-    sub->add_flag("--replace", command.import.replace, "Remove the prompts that are there");
+    sub->add_flag("--replace", command.replace, "Remove the prompts that are there");
     sub = add(*prompts, command, "export", "Write the prompts, one a line", actions::exportPrompts);
     addTarget(sub, command, "The file to make; must not exist (\"-\" is standard output)");
 }
@@ -206,7 +207,7 @@ void declareCare(CLI::App& app, Command& command)
 }
 
 /// What to say of a word that should be a subcommand and is none, or "".
-std::string unknownSubcommand(CLI::App& app, int argc, const char* const* argv)
+QString unknownSubcommand(const CLI::App& app, int argc, const char* const* argv)
 {
     const CLI::App* parent = &app;
     int at = 1;
@@ -216,20 +217,56 @@ std::string unknownSubcommand(CLI::App& app, int argc, const char* const* argv)
     }
     if (at >= argc || argv[at][0] == '-')
         return {};
-    const QString word = QString::fromUtf8(argv[at]);
     QStringList names;
-    for (const CLI::App* const sub : parent->get_subcommands([](const CLI::App*) { return true; }))
+    for (const CLI::App* const sub : parent->get_subcommands({}))
         names << QString::fromStdString(sub->get_name());
-    if (names.contains(word))
-        return {};
-    const QString meant = nearestName(word, names);
-    return (quoted(word) + " is no subcommand of " + QString::fromStdString(parent->get_name()) +
-            "; there are " + names.join(", ") +
-            (meant.isEmpty() ? QString() : ". Did you mean " + meant + '?'))
-        .toStdString();
+    return names.contains(argv[at])
+               ? QString()
+               : unknown("subcommand of " + QString::fromStdString(parent->get_name()), argv[at], names);
 }
 
 } // namespace
+
+Store Command::store(const db::schema::Table& table)
+{
+    Store store(file, progress);
+    store.require(table);
+    return store;
+}
+
+std::vector<Question> Command::questions()
+{
+    auto questions = store(db::schema::questions).questions();
+    progress.clear();
+    return questions;
+}
+
+Intake Command::intake(Texts demanded)
+{
+    progress.begin("Reading question");
+    Intake intake(demanded, QString::fromStdString(level), progress);
+    if (skipUnfit)
+        intake.skipUnfit();
+    return intake;
+}
+
+void Command::tell(const QStringList& lines, std::ostream& where)
+{
+    progress.clear();
+    for (const QString& line : lines.join(u'\n').split(u'\n', Qt::SkipEmptyParts))
+        where << shown(line).toStdString() << '\n';
+}
+
+void Command::finish()
+{
+    if (!out.flush())
+        throw Failure("Standard output cannot be written, perhaps because the disk is full");
+}
+
+std::string counted(std::size_t number, const char* what)
+{
+    return std::to_string(number) + ' ' + what + (number == 1 ? "" : "s");
+}
 
 int run(int argc, const char* const* argv, std::ostream& out, std::ostream& err, std::ostream* terminal)
 {
@@ -247,17 +284,14 @@ int run(int argc, const char* const* argv, std::ostream& out, std::ostream& err,
     try {
         app.parse(argc, argv);
         command.progress.clear();
-        if (!out.flush())
-            throw Failure("The answer cannot be written, perhaps because the disk is full");
+        command.finish();
         return command.foundFaults ? Faulty : Done;
     } catch (const CLI::ParseError& error) {
-        const std::string unknown = error.get_exit_code() == 0 ? "" : unknownSubcommand(app, argc, argv);
-        if (!unknown.empty())
-            err << unknown << '\n';
-        return !unknown.empty() || app.exit(error, out, err) != 0 ? WrongUsage : Done;
+        const QString unknown = error.get_exit_code() == 0 ? QString() : unknownSubcommand(app, argc, argv);
+        command.tell({unknown}, err);
+        return !unknown.isEmpty() || app.exit(error, out, err) != 0 ? WrongUsage : Done;
     } catch (const std::exception& error) {
-        command.progress.clear();
-        err << shownLines(QString::fromUtf8(error.what())).toStdString() << '\n';
+        command.tell({QString::fromUtf8(error.what())}, err);
         return NotDone;
     }
 }

@@ -1,10 +1,11 @@
 #include "bank/create.h"
 
-#include "bank/failure.h"
-#include "bank/lines.h"
 #include "bank/new_file.h"
+#include "db/sql.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <SQLiteCpp/VariadicBind.h>
+#include <sqlite3.h>
 
 namespace bank {
 namespace {
@@ -25,16 +26,9 @@ std::string creation(const schema::Table& table)
     return std::string("CREATE TABLE ") + table.name + " (" + fields + ");";
 }
 
-void makeTables(const std::filesystem::path& file)
+SQLite::Statement insertionInto(SQLite::Database& database, const schema::Table& table)
 {
-    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE);
-    // The journal mode is named because some builds of SQLite start with another one, and a database
-    // that is to be copied as one file must not keep part of its content in a second.
-    std::string sql = "PRAGMA journal_mode = DELETE;";
-    for (const schema::Table& table : schema::tables)
-        sql += creation(table);
-    database.exec(sql + "CREATE INDEX questions_by_level ON " + schema::questions.name + " (" +
-                  schema::level + ")");
+    return {database, db::sql::insertion(table.name, table.fields)};
 }
 
 } // namespace
@@ -42,23 +36,40 @@ void makeTables(const std::filesystem::path& file)
 void createDatabase(const std::filesystem::path& file, const Bank& bank,
                     const std::optional<Account>& account, Progress& progress)
 {
-    NewFile newFile(file);
-    const QString temporary = nameOf(std::filesystem::absolute(newFile.temporary()));
-    try {
-        makeTables(newFile.temporary());
-        Store store(newFile.temporary(), progress);
-        store.changing([&] {
-            store.addQuestions(bank.questions);
-            store.addPrompts(bank.prompts);
-            if (account)
-                store.addAccount(*account);
-        });
-    } catch (const db::Failure& failure) {
-        throw Failure(failure.message().replace(temporary, nameOf(file)));
-    } catch (const SQLite::Exception& error) {
-        throw Failure(QString("%1 cannot be written: %2").arg(nameOf(file), QString::fromUtf8(error.what())));
+    SQLite::Database database(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    for (const schema::Table& table : schema::tables)
+        database.exec(creation(table));
+    database.exec(std::string("CREATE INDEX questions_by_level ON ") + schema::questions.name + " (" +
+                  schema::level + ")");
+    SQLite::Transaction transaction(database);
+    auto question = insertionInto(database, schema::questions);
+    insert(bank.questions, question, progress);
+    for (const Prompt& prompt : bank.prompts) {
+        auto insertion = insertionInto(database, schema::locking);
+        SQLite::bind(insertion, prompt.message.toStdString());
+        insertion.exec();
     }
-    newFile.publish();
+    if (account) {
+        auto insertion = insertionInto(database, schema::users);
+        SQLite::bind(insertion, account->name, account->password);
+        insertion.exec();
+    }
+    transaction.commit();
+    writeNew(file, contentOf(database), Readers::Owner);
+}
+
+QByteArray contentOf(SQLite::Database& database)
+{
+    sqlite3_int64 size = 0;
+    unsigned char* const bytes = sqlite3_serialize(database.getHandle(), "main", &size, 0);
+    if (!bytes)
+        throw SQLite::Exception(database.getHandle());
+    QByteArray content(reinterpret_cast<const char*>(bytes), static_cast<qsizetype>(size));
+    sqlite3_free(bytes);
+    // With a write-ahead log a copy would keep part of what is written to it in a second file.
+    constexpr qsizetype writeVersion = 18;
+    content[writeVersion] = content[writeVersion + 1] = 1;
+    return content;
 }
 
 } // namespace bank

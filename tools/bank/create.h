@@ -2,7 +2,13 @@
 
 #include "bank/store.h"
 
+#include <QByteArray>
+
 #include <optional>
+
+namespace SQLite {
+class Database;
+}
 
 namespace bank {
 
@@ -10,5 +16,8 @@ namespace bank {
 /// Throws Failure, and leaves nothing behind, if the file exists already or cannot be written.
 void createDatabase(const std::filesystem::path& file, const Bank& bank,
                     const std::optional<Account>& account, Progress& progress);
+
+/// The bytes of the file that holds what `database` holds at this moment.
+[[nodiscard]] QByteArray contentOf(SQLite::Database& database);
 
 } // namespace bank

@@ -6,6 +6,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace bank {
@@ -20,42 +21,41 @@ struct Cell
 
 using Record = std::vector<Cell>;
 
-bool isBlank(const Record& record)
+bool isBlank(std::span<const Cell> cells)
 {
-    return std::all_of(record.begin(), record.end(), [](const Cell& cell) { return cell.text.isEmpty(); });
+    return std::ranges::all_of(cells, [](const Cell& cell) { return cell.text.isEmpty(); });
 }
 
-/// Takes a CSV text apart, record by record. Lines end in LF, CR LF or CR.
+/// Takes a CSV text apart, record by record, and complains about it. Lines end in LF, CR LF or CR.
 class Records
 {
 public:
-    /// `file` must outlive this object.
-    Records(const TextFile& file, QChar separator)
-        : file_(file), content_(file.content), separator_(separator)
+    /// `file` and `complaints` must outlive this object.
+    Records(const TextFile& file, QChar separator, Complaints& complaints)
+        : file_(file), content_(file.content), separator_(separator), complaints_(complaints)
     {
     }
 
     /// The next record, until there is none.
-    [[nodiscard]] bool next(Record& record, Complaints& complaints)
+    [[nodiscard]] bool next(Record& record)
     {
         record.clear();
         if (at_ >= content_.size())
             return false;
-        record.push_back(cell(complaints));
-        while (at_ < content_.size() && content_[at_] == separator_) {
-            step();
-            record.push_back(cell(complaints));
+        for (bool more = true; more;) {
+            record.push_back(cell());
+            more = at_ < content_.size() && content_[at_] == separator_;
+            if (at_ < content_.size())
+                step();
         }
-        if (at_ < content_.size())
-            step();
         return true;
     }
 
     /// The first record with a text in it. Above it spreadsheets name their separator, and owners leave
     /// space.
-    [[nodiscard]] bool header(Record& record, Complaints& complaints)
+    [[nodiscard]] bool header(Record& record)
     {
-        while (next(record, complaints))
+        while (next(record))
             if (!isBlank(record) &&
                 !(record.front().spot.line == 1 && record.front().text.startsWith("sep=")))
                 return true;
@@ -68,35 +68,31 @@ public:
     }
 
 private:
-    Cell cell(Complaints& complaints)
+    Cell cell()
     {
         Cell cell{{}, spot_};
         const bool isQuoted = at_ < content_.size() && content_[at_] == u'"';
-        cell.text = isQuoted ? quotedText(cell, complaints).trimmed() : unquotedText().trimmed().toString();
+        cell.text = isQuoted ? quotedText(placeOf(cell)).trimmed() : unquotedText().trimmed().toString();
         return cell;
     }
 
-    QString quotedText(const Cell& cell, Complaints& complaints)
+    QString quotedText(const Place& place)
     {
         QString text;
-        step();
-        while (at_ < content_.size()) {
+        for (step(); at_ < content_.size(); step()) {
             if (content_[at_] == u'"') {
                 step();
-                if (at_ == content_.size() || content_[at_] != u'"') {
-                    if (!atCellEnd()) {
-                        complaints.add(placeOf(cell),
-                                       "the text goes on behind its closing quotation mark; double "
-                                       "the marks inside it");
-                        text += unquotedText();
-                    }
+                if (atCellEnd())
                     return text;
+                if (content_[at_] != u'"') {
+                    complaints_.add(place, "the text goes on behind its closing "
+                                           "quotation mark; double the marks inside it");
+                    return text += unquotedText();
                 }
             }
             text += content_[at_];
-            step();
         }
-        complaints.add(placeOf(cell), "the quotation mark that opens here is never closed");
+        complaints_.add(place, "the quotation mark that opens here is never closed");
         return text;
     }
 
@@ -104,8 +100,10 @@ private:
     {
         const qsizetype start = at_;
         while (!atCellEnd())
-            step();
-        return QStringView(content_).mid(start, at_ - start);
+            ++at_;
+        const QStringView text = content_.sliced(start, at_ - start);
+        spot_.column += static_cast<int>(length(text));
+        return text;
     }
 
     [[nodiscard]] bool atCellEnd() const
@@ -129,6 +127,7 @@ private:
     const TextFile& file_;
     QStringView content_;
     QChar separator_;
+    Complaints& complaints_;
     qsizetype at_ = 0;
     Spot spot_{1, 1};
 };
@@ -180,9 +179,8 @@ int columnOf(const QString& name)
 std::vector<int> columnsOf(const Record& header)
 {
     // In a table that was taken out of a database as it is, a to d are the tallies.
-    const bool fromDatabase = std::any_of(header.begin(), header.end(), [](const Cell& cell) {
-        return cell.text.compare("answer1", Qt::CaseInsensitive) == 0;
-    });
+    const bool fromDatabase =
+        std::ranges::count(header, "answer1", [](const Cell& c) { return c.text.toLower(); }) > 0;
     std::vector<int> columns;
     for (const Cell& cell : header) {
         const int column = columnOf(cell.text);
@@ -196,18 +194,17 @@ std::ptrdiff_t knownColumns(const TextFile& file, QChar separator)
 {
     Complaints ignored;
     Record header;
-    if (!Records(file, separator).header(header, ignored))
+    if (!Records(file, separator, ignored).header(header))
         return 0;
-    const auto columns = columnsOf(header);
-    return std::count_if(columns.begin(), columns.end(), [](int column) { return column != unused; });
+    return std::ranges::count_if(columnsOf(header), [](int column) { return column != unused; });
 }
 
 /// The separator with which the header names the most columns.
 QChar separatorOf(const TextFile& file)
 {
-    const QChar candidates[] = {u',', u';', u'\t'};
-    return *std::max_element(std::begin(candidates), std::end(candidates),
-                             [&](QChar a, QChar b) { return knownColumns(file, a) < knownColumns(file, b); });
+    constexpr QStringView candidates = u",;\t";
+    return *std::ranges::max_element(candidates, {},
+                                     [&](QChar separator) { return knownColumns(file, separator); });
 }
 
 /// "2" for "Level 2" and "medium".
@@ -232,76 +229,70 @@ class CsvSource
 {
 public:
     CsvSource(const TextFile& file, Intake& intake)
-        : records_(file, separatorOf(file)), file_(file.name), intake_(intake)
+        : records_(file, separatorOf(file), intake.complaints), file_(file.name), intake_(intake)
     {
     }
 
     void read()
     {
-        Record cells;
-        if (!records_.header(header_, intake_.complaints)) {
-            intake_.complaints.add({file_}, "the file is empty");
+        if (!records_.header(header_))
+            return intake_.complaints.add({file_}, "the file is empty");
+        columns_ = columnsOf(header_);
+        auto faults = intake_.complaints.count();
+        checkHeader();
+        if (intake_.complaints.count() > faults)
             return;
-        }
-        if (!readHeader())
-            return;
-        auto faults = intake_.complaints.lines().size();
-        while (records_.next(cells, intake_.complaints)) {
-            if (intake_.complaints.lines().size() == faults && !isBlank(cells) && fits(cells))
+        for (Record cells; records_.next(cells); faults = intake_.complaints.count())
+            if (intake_.complaints.count() == faults && !isBlank(cells) && fits(cells))
                 readQuestion(cells);
-            faults = intake_.complaints.lines().size();
-        }
     }
 
 private:
-    /// Whether the columns are such that the rows can be read.
-    bool readHeader()
+    void complain(const Cell& cell, const QString& reason)
     {
-        const auto faults = intake_.complaints.lines().size();
-        columns_ = columnsOf(header_);
+        intake_.complaints.add(records_.placeOf(cell), reason);
+    }
+
+    /// Complains unless the columns are such that the rows can be read.
+    void checkHeader()
+    {
         QSet<int> seen;
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             const QString name = quoted(header_[i].text);
-            if (columns_[i] == unused) {
-                if (!header_[i].text.isEmpty())
-                    intake_.complaints.warn(records_.placeOf(header_[i]),
-                                            QString("the column %1 is not used").arg(name));
-            } else if (seen.contains(columns_[i])) {
-                intake_.complaints.add(records_.placeOf(header_[i]),
-                                       QString("there is a second column %1").arg(name));
-            }
+            if (columns_[i] == unused && !header_[i].text.isEmpty())
+                intake_.complaints.warn(records_.placeOf(header_[i]),
+                                        QString("the column %1 is not used").arg(name));
+            else if (columns_[i] != unused && seen.contains(columns_[i]))
+                complain(header_[i], QString("there is a second column %1").arg(name));
             seen.insert(columns_[i]);
         }
         QStringList missing;
         for (const Field field : {Field::Question, Field::A, Field::B, Field::C, Field::D})
             if (!seen.contains(number(field)))
                 missing << nameOf(field);
-        if (!seen.contains(number(Field::Right)) && !seen.contains(key) && !seen.contains(answer))
+        if (!seen.intersects({number(Field::Right), key, answer}))
             missing << "right";
         if (!seen.contains(number(Field::Level)) && intake_.level().isEmpty())
             missing << "level (or give --level)";
-        if (!missing.empty()) {
+        if (!missing.empty())
             intake_.complaints.add(
                 {file_, header_.front().spot.line},
                 QString("the first row must name the columns; missing: %1").arg(missing.join(", ")));
-        }
-        return intake_.complaints.lines().size() == faults;
     }
 
-    /// Whether there is no text beyond the columns. Spreadsheets leave out empty cells at the end of a row.
+    /// Whether there is no text beyond the columns. Spreadsheets leave out empty
+    /// cells at the end of a row.
     bool fits(Record& cells)
     {
         const std::size_t count = cells.size();
         cells.resize(std::max(count, columns_.size()), {{}, cells.front().spot});
-        const auto columns = static_cast<std::ptrdiff_t>(columns_.size());
-        if (isBlank({cells.begin() + columns, cells.end()}))
+        if (isBlank(std::span(cells).subspan(columns_.size())))
             return true;
-        intake_.complaints.add(
-            records_.placeOf(cells.front()),
-            QString("the row has %1 cells, the first row has %2; a text with a separator in it must "
-                    "stand in quotation marks")
-                .arg(count)
-                .arg(columns_.size()));
+        complain(cells.front(), QString("the row has %1 cells, the first row has "
+                                        "%2; a text with a separator in it must "
+                                        "stand in quotation marks")
+                                    .arg(count)
+                                    .arg(columns_.size()));
         return false;
     }
 
@@ -312,33 +303,32 @@ private:
         if (isNumber && isCount(value))
             tally = value;
         else
-            intake_.complaints.add(records_.placeOf(cell),
-                                   QString("the tally %1 is no whole number from 0 to %2")
-                                       .arg(quoted(cell.text))
-                                       .arg(mostChosen));
+            complain(cell, QString("the tally %1 is no whole number from 0 to %2")
+                               .arg(quoted(cell.text))
+                               .arg(mostChosen));
     }
 
     void readRight(const Cell& cell, int column, Question& question)
     {
         const QString letter = letterOf(cell.text);
         const bool isLetter = !letter.isEmpty() && cell.text.front().isLetter();
+        question.spot(Field::Right) = cell.spot;
         if (column == number(Field::Right) && isLetter) {
             question.right = letter;
             return;
         }
         question.key = cell.text;
         question.findRight();
-        if (column == answer && isLetter && !question.right.isEmpty() && question.right != letter) {
-            intake_.complaints.add(records_.placeOf(cell),
-                                   QString("%1 may be the letter or the text of the right option; call the "
-                                           "column \"right\" or \"correct_answer\"")
-                                       .arg(quoted(cell.text)));
-        }
+        if (column == answer && isLetter && !question.right.isEmpty() && question.right != letter)
+            complain(cell, QString("%1 may be the letter or the text of the right "
+                                   "option; call the column \"right\" or "
+                                   "\"correct_answer\"")
+                               .arg(quoted(cell.text)));
         if (column != key && question.right.isEmpty())
             question.right = letter.isEmpty() && cell.text.size() == 1 ? cell.text : letter;
     }
 
-    void readQuestion(const Record& cells)
+    void readQuestion(Record& cells)
     {
         Question question;
         question.place = {file_, cells.front().spot.line};
@@ -355,12 +345,11 @@ private:
                     rightColumn = column;
                 }
             } else if (column != unused) {
-                question.at(static_cast<Field>(column)) = cells[i].text;
+                question.at(static_cast<Field>(column)) = std::move(cells[i].text);
                 question.spot(static_cast<Field>(column)) = cells[i].spot;
             }
         }
         question.level = levelOf(question.level);
-        question.spot(Field::Right) = right->spot;
         readRight(*right, rightColumn, question);
         intake_.accept(std::move(question));
     }

@@ -29,6 +29,7 @@ public:
     /// What was complained of is no fault any more: it was left out.
     void leaveOut();
 
+    [[nodiscard]] qsizetype count() const { return lines_.size(); }
     [[nodiscard]] bool empty() const { return lines_.empty(); }
     [[nodiscard]] const QStringList& lines() const { return lines_; }
     [[nodiscard]] const QStringList& warnings() const { return warnings_; }

@@ -47,9 +47,6 @@ inline constexpr std::array<Format, 4> formats = {{
     {"text", ".txt", readRecords, writeRecords, nullptr, true, false},
 }};
 
-/// The format of this name, in whatever case; throws Failure if there is none.
-[[nodiscard]] const Format& formatNamed(const std::string& name);
-
 /// The format that the ending of a file's name tells; throws Failure if it tells none.
 [[nodiscard]] const Format& formatOf(const std::filesystem::path& file);
 

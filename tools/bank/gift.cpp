@@ -1,11 +1,9 @@
 #include "bank/formats.h"
-#include "bank/html.h"
 #include "bank/text.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 namespace bank {
@@ -15,7 +13,20 @@ namespace {
 struct Piece
 {
     QString text;
-    Spot spot;
+    Place place;
+
+    void removeFront(qsizetype size)
+    {
+        text.remove(0, size);
+        place.column += static_cast<int>(size);
+    }
+};
+
+/// Why a question is not taken in.
+struct Fault
+{
+    Place place;
+    QString reason;
 };
 
 /// The lines of a few questions, joined by line feeds, in which a place can be found again.
@@ -52,8 +63,7 @@ public:
     {
         while (from < to && text_[from].isSpace())
             ++from;
-        const Place place = placeOf(from);
-        return {text_.mid(from, to - from).trimmed(), {place.line, place.column}};
+        return {text_.mid(from, to - from).trimmed(), placeOf(from)};
     }
 
     /// The first of `characters` from `from` and before `to` that no backslash takes its meaning, or -1.
@@ -108,85 +118,77 @@ struct Option
     Piece piece;
 };
 
-/// What stands between the braces of a question.
-struct Answers
-{
-    std::vector<Option> options;
-    QString fault; ///< why a bank cannot hold them, or ""
-    Spot spot;     ///< of the fault
-};
-
-constexpr auto whatIsWanted = "; a bank holds only questions with four options of which one is right";
-
 /// What kind of question has these answers, if it is not one of multiple choice.
 QString kindOf(const QString& answers, const std::vector<Option>& options)
 {
     static const QRegularExpression truth("^(T|F|TRUE|FALSE)\\s*(#|$)");
-    const auto isRight = [](const Option& option) { return option.right; };
     if (answers.isEmpty())
         return "an essay question";
     if (answers.startsWith(u'#'))
         return "a numerical question";
     if (truth.match(answers).hasMatch())
         return "a true-false question";
-    if (options.empty() || !std::all_of(options.begin(), options.end(), isRight))
+    if (options.empty() || !std::ranges::all_of(options, &Option::right))
         return {};
     return options.front().piece.text.contains("->") ? "a matching question" : "a short-answer question";
 }
 
 /// Takes the weight from an option: all of the points or none.
-bool takeWeight(Option& option)
+void takeWeight(Option& option)
 {
     static const QRegularExpression weight("^%(-?[0-9.,]+)%\\s*");
     const auto match = weight.match(option.piece.text);
     if (!match.hasMatch())
-        return true;
+        return;
     const double points = match.captured(1).replace(u',', u'.').toDouble();
     if (points != 100 && points != 0)
-        return false;
+        throw Fault{option.piece.place, "an option is right or wrong, a bank holds no weights but 100 and 0"};
     option.right = points > 0;
-    option.piece.text.remove(0, match.capturedLength());
-    option.piece.spot.column += static_cast<int>(match.capturedLength());
-    return true;
+    option.piece.removeFront(match.capturedLength());
 }
 
-Answers answersOf(Block& block, qsizetype open, qsizetype close)
+/// What stands between the braces of a question.
+std::vector<Option> optionsOf(Block& block, qsizetype open, qsizetype close)
 {
-    Answers answers;
+    constexpr auto whatIsWanted = "; a bank holds only questions with four options of which one is right";
     const Place brace = block.placeOf(open);
-    answers.spot = {brace.line, brace.column};
     qsizetype at = block.find(u"~=", open + 1, close);
     const Piece before = block.piece(open + 1, at < 0 ? close : at);
+    std::vector<Option> options;
     while (at >= 0) {
         const qsizetype next = block.find(u"~=", at + 1, close);
         const qsizetype end = next < 0 ? close : next;
         const qsizetype feedback = block.find(u"#", at + 1, end);
-        answers.options.push_back(
-            {block.text()[at] == u'=', block.piece(at + 1, feedback < 0 ? end : feedback)});
+        options.push_back({block.text()[at] == u'=', block.piece(at + 1, feedback < 0 ? end : feedback)});
         at = next;
     }
     const QString all = block.text().mid(open + 1, close - open - 1).trimmed().toString();
-    if (const QString kind = kindOf(all, answers.options); !kind.isEmpty()) {
-        answers.fault = kind + whatIsWanted;
-        return answers;
+    if (const QString kind = kindOf(all, options); !kind.isEmpty())
+        throw Fault{brace, kind + whatIsWanted};
+    std::ranges::for_each(options, takeWeight);
+    if (!before.text.isEmpty())
+        throw Fault{before.place, R"(an option must begin with "=" or "~")"};
+    const auto right = std::ranges::count(options, true, &Option::right);
+    if (options.size() != optionFields.size() || right != 1)
+        throw Fault{brace, QString("%1 options of which %2 are right").arg(options.size()).arg(right) +
+                               whatIsWanted};
+    return options;
+}
+
+/// Makes plain text of the HTML in a question.
+void convert(Question& question)
+{
+    for (const Field field : {Field::Question, Field::A, Field::B, Field::C, Field::D}) {
+        QString& text = question.at(field);
+        text.remove(markup());
+        if (markupIn(text).isEmpty())
+            continue;
+        const auto converted = plainOf(text);
+        if (!converted)
+            throw Fault{question.placeOf(field),
+                        QString("the HTML in %1 cannot be plain text").arg(quoted(text))};
+        text = *converted;
     }
-    for (Option& option : answers.options) {
-        if (!takeWeight(option)) {
-            answers.spot = option.piece.spot;
-            answers.fault = "an option is right or wrong, a bank holds no weights but 100 and 0";
-            return answers;
-        }
-    }
-    const auto right = std::count_if(answers.options.begin(), answers.options.end(),
-                                     [](const Option& option) { return option.right; });
-    if (!before.text.isEmpty()) {
-        answers.spot = before.spot;
-        answers.fault = R"(an option must begin with "=" or "~")";
-    } else if (answers.options.size() != optionFields.size() || right != 1) {
-        answers.fault =
-            QString("%1 options of which %2 are right").arg(answers.options.size()).arg(right) + whatIsWanted;
-    }
-    return answers;
 }
 
 class GiftReader
@@ -218,7 +220,7 @@ private:
                                                QRegularExpression::CaseInsensitiveOption);
         const auto match = ending.match(line.text);
         level_ = match.captured(1);
-        levelSpot_ = line.spot();
+        levelSpot_ = line.place.spot();
         levelSpot_.column += static_cast<int>(std::max<qsizetype>(match.capturedStart(1), 0));
     }
 
@@ -228,83 +230,53 @@ private:
         for (qsizetype start = 0; start < block.size();) {
             const qsizetype open = block.find(u"{", start, block.size());
             const qsizetype close = open < 0 ? -1 : block.find(u"}", open, block.size());
-            if (close < 0) {
-                intake_.complaints.add(block.placeOf(open < 0 ? start : open),
-                                       open < 0 ? "there are no answers in braces"
-                                                : "the brace that opens here is never closed");
-                return;
-            }
+            if (close < 0)
+                return intake_.complaints.add(block.placeOf(open < 0 ? start : open),
+                                              open < 0 ? "there are no answers in braces"
+                                                       : "the brace that opens here is never closed");
             qsizetype end = block.size();
             if (const qsizetype next = block.find(u"{", close + 1, block.size()); next >= 0) {
                 end = block.text().indexOf(u'\n', close);
-                if (end > next || !block.text().mid(close + 1, end - close - 1).trimmed().isEmpty()) {
-                    intake_.complaints.add(block.placeOf(next),
-                                           "a second pair of braces; a blank line must part two questions");
-                    return;
-                }
+                if (end > next || !block.text().mid(close + 1, end - close - 1).trimmed().isEmpty())
+                    return intake_.complaints.add(
+                        block.placeOf(next), "a second pair of braces; a blank line must part two questions");
             }
-            readQuestion(block, start, open, close, end);
+            try {
+                intake_.accept(question(block, start, open, close, end));
+            } catch (const Fault& fault) {
+                intake_.complaints.add(fault.place, fault.reason);
+            }
             start = end + 1;
         }
     }
 
-    void readQuestion(Block& block, qsizetype start, qsizetype open, qsizetype close, qsizetype end)
+    Question question(Block& block, qsizetype start, qsizetype open, qsizetype close, qsizetype end)
     {
         if (block.text().mid(start).startsWith(u"::")) {
             const qsizetype titleEnd = block.text().indexOf(u"::", start + 2);
             start = titleEnd < 0 || titleEnd > open ? start : titleEnd + 2;
         }
         Piece text = block.piece(start, open);
-        const Answers answers = answersOf(block, open, close);
-        if (!answers.fault.isEmpty()) {
-            intake_.complaints.add({file_.name, answers.spot.line, answers.spot.column}, answers.fault);
-            return;
-        }
+        const auto options = optionsOf(block, open, close);
         const auto match = markup().match(text.text);
-        text.text = plain(text.text.mid(match.capturedLength()));
-        text.spot.column += static_cast<int>(match.capturedLength());
+        text.removeFront(match.capturedLength());
+        Question question;
+        question.place = text.place;
+        question.text = plain(text.text);
         // A gap in the middle becomes a line.
         if (const QString rest = plain(block.piece(close + 1, end).text); !rest.isEmpty())
-            text.text += " ____ " + rest;
-        const QString kind = match.captured(1);
-        accept(text, answers.options, kind != "plain" && kind != "markdown");
-    }
-
-    void accept(const Piece& text, const std::vector<Option>& options, bool isHtml)
-    {
-        Question question;
-        question.place = {file_.name, text.spot.line, text.spot.column};
+            question.text += " ____ " + rest;
         question.level = level_;
-        if (!level_.isEmpty())
-            question.spot(Field::Level) = levelSpot_;
-        question.text = text.text;
+        question.spot(Field::Level) = level_.isEmpty() ? Spot() : levelSpot_;
         for (std::size_t i = 0; i < options.size(); ++i) {
             question.options.at(i) = plain(options[i].piece.text);
-            question.spot(optionFields.at(i)) = options[i].piece.spot;
+            question.spot(optionFields.at(i)) = options[i].piece.place.spot();
             if (options[i].right)
                 question.right = nameOf(optionFields.at(i));
         }
-        if (!isHtml || convert(question))
-            intake_.accept(std::move(question));
-    }
-
-    /// Makes plain text of HTML, or complains.
-    bool convert(Question& question)
-    {
-        for (const Field field : {Field::Question, Field::A, Field::B, Field::C, Field::D}) {
-            QString& text = question.at(field);
-            text.remove(markup());
-            if (markupIn(text).isEmpty())
-                continue;
-            const auto converted = plainOf(text);
-            if (!converted) {
-                intake_.complaints.add(question.placeOf(field),
-                                       QString("the HTML in %1 cannot be plain text").arg(quoted(text)));
-                return false;
-            }
-            text = *converted;
-        }
-        return true;
+        if (const QString kind = match.captured(1); kind != "plain" && kind != "markdown")
+            convert(question);
+        return question;
     }
 
     const TextFile& file_;

@@ -1,12 +1,14 @@
-#include "bank/import.h"
+#include "bank/actions.h"
 
 #include "bank/near.h"
+#include "bank/source.h"
 #include "bank/text.h"
 
 #include <QHash>
 #include <QSet>
 
 #include <algorithm>
+#include <ostream>
 #include <random>
 
 namespace bank {
@@ -22,16 +24,13 @@ void shuffle(Question& question)
     static std::mt19937 random{std::random_device()()};
     if (hasNumericOptions(question) || question.rightIndex() < 0)
         return;
-    const QString right = question.rightOption();
-    std::array<std::size_t, 4> order = {0, 1, 2, 3};
-    std::shuffle(order.begin(), order.end(), random);
-    const Question former = question;
-    for (std::size_t i = 0; i < order.size(); ++i) {
-        question.options.at(i) = former.options.at(order.at(i));
-        question.tallies.at(i) = former.tallies.at(order.at(i));
-        if (static_cast<int>(order.at(i)) == former.rightIndex())
-            question.right = nameOf(optionFields.at(i));
+    question.key = question.rightOption();
+    for (std::size_t i = question.options.size() - 1; i > 0; --i) {
+        const auto other = std::uniform_int_distribution<std::size_t>(0, i)(random);
+        std::swap(question.options.at(i), question.options.at(other));
+        std::swap(question.tallies.at(i), question.tallies.at(other));
     }
+    question.findRight();
 }
 
 /// The tallies of a question whose options have changed: they go where the text of their option goes, and
@@ -41,11 +40,9 @@ std::array<qint64, 4> carriedTallies(const Question& former, const Question& que
     std::array<qint64, 4> tallies = former.tallies;
     for (std::size_t i = 0; i < tallies.size(); ++i) {
         const auto* const found = std::ranges::find(former.options, question.options.at(i));
-        const bool stays =
-            std::ranges::find(question.options, former.options.at(i)) == question.options.end();
         if (found != former.options.end())
             tallies.at(i) = former.tallies.at(static_cast<std::size_t>(found - former.options.begin()));
-        else if (!stays)
+        else if (std::ranges::count(question.options, former.options.at(i)) > 0)
             tallies.at(i) = 1;
     }
     return tallies;
@@ -61,39 +58,98 @@ QStringList differences(const Question& a, const Question& b)
     return names;
 }
 
+/// Puts the questions and prompts of an intake into the database, all or none. Prompts that it has already
+/// are left out.
 class Import
 {
 public:
-    Import(Store& store, Intake& intake, const ImportOptions& options, Progress& progress)
-        : store_(store), intake_(intake), options_(options), progress_(progress)
+    Import(Command& command, Intake& intake)
+        : command_(command), intake_(intake), store_(command.file, command.progress)
     {
     }
 
-    Imported run()
+    /// Throws Failure, or db::Failure, and changes no byte, if any question breaks a rule or, unless the
+    /// command says what then, stands in the database already.
+    void run()
     {
-        result_ = {};
-        std::vector<Question> added;
-        if (options_.replace) {
-            store_.removeQuestions();
-            added = intake_.bank.questions;
-        } else {
-            added = sortOut(store_.questions());
+        removeRepeats(intake_.bank, intake_.complaints);
+        requireSound();
+        for (const auto& table : db::schema::tables)
+            store_.require(table);
+        try {
+            store_.changing([&] { write(); });
+        } catch (const DryRun&) {
+            // Nothing was kept.
         }
-        for (Question& question : added)
-            if (options_.shuffle)
-                shuffle(question);
-        store_.addQuestions(added);
-        result_.added = added.size();
-        if (!intake_.bank.prompts.empty())
-            result_.prompts = importPrompts(store_, intake_.bank.prompts, options_.replace);
-        if (options_.dryRun)
-            throw DryRun();
-        return result_;
     }
 
-    [[nodiscard]] const Imported& result() const { return result_; }
+    void tell() const
+    {
+        command_.tell(intake_.complaints.warnings(), command_.err);
+        command_.tell(notes_, command_.err);
+        const bool dry = command_.dryRun;
+        command_.out << command_.file << (dry ? " would take" : " has taken") << " in "
+                     << counted(added_, "question")
+                     << (prompts_ > 0 ? " and " + counted(prompts_, "prompt") : "")
+                     << (command_.replace ? " in place of those it had" : "") << ".\n";
+        if (command_.update)
+            command_.out << counted(changed_, "question")
+                         << (dry             ? " would be"
+                             : changed_ == 1 ? " was"
+                                             : " were")
+                         << " changed.\n";
+        if (known_ > 0)
+            command_.out << counted(known_, "question") << " that it has stay as they are.\n";
+    }
+
+    /// Adds those that are not there, or all in place of those that are. Returns how many.
+    static std::size_t addPrompts(Store& store, const std::vector<Prompt>& prompts, bool replace)
+    {
+        if (replace)
+            store.clear(db::schema::locking);
+        QSet<QString> known;
+        for (const Prompt& prompt : store.prompts())
+            known.insert(folded(prompt.message));
+        std::size_t count = 0;
+        for (const Prompt& prompt : prompts) {
+            if (known.contains(folded(prompt.message)))
+                continue;
+            store.add(db::schema::locking, {prompt.message});
+            ++count;
+        }
+        return count;
+    }
 
 private:
+    void requireSound()
+    {
+        if (command_.skipUnfit)
+            intake_.complaints.leaveOut();
+        intake_.complaints.throwIfAny();
+    }
+
+    void write()
+    {
+        notes_.clear();
+        changed_ = known_ = 0;
+        if (command_.replace)
+            store_.clear(db::schema::questions);
+        const auto known = store_.questions();
+        std::vector<Question> sorted;
+        if (!known.empty() || command_.shuffle)
+            sorted = sortOut(known);
+        if (command_.shuffle)
+            std::ranges::for_each(sorted, shuffle);
+        // A large file is not copied where nothing is to be sorted out.
+        const auto& added = known.empty() && !command_.shuffle ? intake_.bank.questions : sorted;
+        store_.addQuestions(added);
+        added_ = added.size();
+        if (!intake_.bank.prompts.empty())
+            prompts_ = addPrompts(store_, intake_.bank.prompts, command_.replace);
+        if (command_.dryRun)
+            throw DryRun();
+    }
+
     /// The questions that the database does not have. Those that it has are changed, skipped or complained
     /// about.
     std::vector<Question> sortOut(const std::vector<Question>& known)
@@ -106,17 +162,15 @@ private:
             const auto* const same = texts.value(folded(question.text));
             if (!same)
                 unknown.push_back(question);
-            else if (options_.update)
+            else if (command_.update)
                 update(*same, question);
-            else if (options_.skipKnown)
-                ++result_.known;
+            else if (command_.skipKnown)
+                ++known_;
             else
                 intake_.complaints.add(question.place,
                                        QString("the same question stands in %1").arg(same->place.text()));
         }
-        if (options_.skipUnfit)
-            intake_.complaints.leaveOut();
-        intake_.complaints.throwIfAny();
+        requireSound();
         noteNearRepeats(known, unknown);
         return unknown;
     }
@@ -125,7 +179,7 @@ private:
     {
         question.place = former.place;
         // Their order has come about by chance.
-        if (options_.shuffle && former.rightIndex() >= 0 && question.rightOption() == former.rightOption() &&
+        if (command_.shuffle && former.rightIndex() >= 0 && question.rightOption() == former.rightOption() &&
             std::ranges::is_permutation(question.options, former.options)) {
             question.options = former.options;
             question.right = former.right;
@@ -133,11 +187,11 @@ private:
         question.tallies = carriedTallies(former, question);
         const QStringList changed = differences(former, question);
         if (changed.empty()) {
-            ++result_.known;
+            ++known_;
             return;
         }
-        ++result_.changed;
-        result_.notes << QString("%1: %2 changed").arg(former.place.text(), changed.join(", "));
+        ++changed_;
+        notes_ << QString("%1: %2 changed").arg(former.place.text(), changed.join(", "));
         store_.changeQuestion(question);
     }
 
@@ -155,54 +209,51 @@ private:
             return;
         const std::size_t ofBank = candidates.size();
         candidates.insert(candidates.end(), added.begin(), added.end());
-        for (const auto& [earlier, later] : nearRepeats(candidates, progress_))
+        for (const auto& [earlier, later] : nearRepeats(candidates, command_.progress))
             if (earlier < ofBank && later >= ofBank)
-                result_.notes << candidates[later].place.text() + ": warning: asks nearly the same as " +
-                                     candidates[earlier].place.text();
+                notes_ << candidates[later].place.text() + ": warning: asks nearly the same as " +
+                              candidates[earlier].place.text();
     }
 
-    Store& store_;
+    Command& command_;
     Intake& intake_;
-    const ImportOptions& options_;
-    Progress& progress_;
-    Imported result_;
+    Store store_;
+    std::size_t added_ = 0;
+    std::size_t changed_ = 0;
+    std::size_t known_ = 0; ///< left as they are
+    std::size_t prompts_ = 0;
+    QStringList notes_; ///< what was changed, and what asks nearly the same as a question of the database
 };
 
 } // namespace
 
-Imported importQuestions(Store& store, Intake& intake, const ImportOptions& options, Progress& progress)
+namespace actions {
+
+void importSource(Command& command)
 {
-    if (options.skipUnfit)
-        removeRepeats(intake.bank, intake.complaints);
-    else
-        checkRepeats(intake.bank, intake.complaints);
-    if (options.skipUnfit)
-        intake.complaints.leaveOut();
+    Intake intake = command.intake(Texts::Played);
+    readSource(command.other, command.format, intake);
+    if (std::ranges::any_of(intake.bank.questions, &QString::isEmpty, &Question::level))
+        intake.complaints.add({nameOf(command.other)}, "--level gives a level to questions without");
+    Import import(command, intake);
+    import.run();
+    import.tell();
+}
+
+void importPrompts(Command& command)
+{
+    Intake intake = command.intake(Texts::Played);
+    readPrompts(readText(command.other, intake.complaints), intake);
+    if (intake.complaints.empty() && intake.bank.prompts.empty())
+        intake.complaints.add({nameOf(command.other)}, "there are no prompts in it");
+    removeRepeats(intake.bank, intake.complaints);
     intake.complaints.throwIfAny();
-    for (const auto& table : db::schema::tables)
-        store.require(table);
-    Import import(store, intake, options, progress);
-    try {
-        store.changing([&] { import.run(); });
-    } catch (const DryRun&) {
-        // Nothing was kept.
-    }
-    return import.result();
+    Store store = command.store(db::schema::locking);
+    std::size_t count = 0;
+    store.changing([&] { count = Import::addPrompts(store, intake.bank.prompts, command.replace); });
+    command.out << command.file << " has taken in " << counted(count, "prompt")
+                << (command.replace ? " in place of those it had" : "") << ".\n";
 }
 
-std::size_t importPrompts(Store& store, const std::vector<Prompt>& prompts, bool replace)
-{
-    QSet<QString> known;
-    if (replace)
-        store.removePrompts();
-    else
-        for (const Prompt& prompt : store.prompts())
-            known.insert(folded(prompt.message));
-    std::vector<Prompt> unknown;
-    std::ranges::copy_if(prompts, std::back_inserter(unknown),
-                         [&](const Prompt& prompt) { return !known.contains(folded(prompt.message)); });
-    store.addPrompts(unknown);
-    return unknown.size();
-}
-
+} // namespace actions
 } // namespace bank

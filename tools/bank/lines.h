@@ -20,8 +20,6 @@ struct Line
 {
     Place place;  ///< of the first character of `text`
     QString text; ///< without blanks at either end; empty for a blank line
-
-    [[nodiscard]] Spot spot() const { return {place.line, place.column}; }
 };
 
 /// The name of a file for a message.

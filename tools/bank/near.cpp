@@ -2,6 +2,7 @@
 
 #include "bank/text.h"
 
+#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -16,32 +17,15 @@ constexpr double leastSimilarity = 0.6;
 // quadratic.
 constexpr std::size_t window = 24;
 
-bool isIgnored(const QString& word)
+const QSet<QString>& littleWords()
 {
-    static const QSet<QString> little = [] {
-        const QString words = "a an the of in on at to for from by with and or as is are was were be been "
-                              "being do does did has have had which what who whom whose when where how many "
-                              "much this that these those it its there called named known following";
-        const auto list = words.split(u' ');
-        return QSet<QString>(list.begin(), list.end());
-    }();
-    return little.contains(word);
-}
-
-bool isAccent(QChar c)
-{
-    // Only those of the alphabets with upper and lower case; elsewhere marks make other words.
-    return c.unicode() >= 0x300 && c.unicode() <= 0x36f;
-}
-
-bool isApostrophe(QChar c)
-{
-    return c == u'\'' || c == u'\u2019';
-}
-
-bool isSign(QChar c)
-{
-    return c.category() == QChar::Symbol_Math || QStringView(u"-*/^%").contains(c);
+    static const QStringList words =
+        QString("a an the of in on at to for from by with and or as is are was were be been "
+                "being do does did has have had which what who whom whose when where how many "
+                "much this that these those it its there called named known following")
+            .split(u' ');
+    static const QSet<QString> set(words.begin(), words.end());
+    return set;
 }
 
 /// What is compared of a question.
@@ -55,35 +39,27 @@ struct Sketch
     std::vector<std::uint64_t> trigrams;
 };
 
-void addWord(Sketch& sketch, QString& word)
-{
-    if (std::any_of(word.begin(), word.end(), [](QChar c) { return c.isNumber(); }))
-        sketch.numbers += word + u' ';
-    if (!word.isEmpty() && !isIgnored(word))
-        sketch.words += word + u' ';
-    word.clear();
-}
-
 void addWords(Sketch& sketch, const QString& text)
 {
-    const QString plain = text.normalized(QString::NormalizationForm_KD).toCaseFolded();
+    // A word, with the + and # of some, or a sign that may stand in a calculation.
+    static const QRegularExpression part(
+        R"(([\p{L}\p{N}\p{M}\x{10000}-\x{10ffff}]+[\p{L}\p{N}\p{M}+#\x{10000}-\x{10ffff}]*)|[\p{Sm}*/^%-])");
+    static const QRegularExpression digit(R"(\p{N})");
+    static const QRegularExpression apostrophe("['\u2019]");
+    const QString plain = searchable(text).remove(apostrophe);
     // Elsewhere a dash joins or parts words.
-    const bool isArithmetic = std::any_of(plain.begin(), plain.end(), [](QChar c) { return c.isNumber(); });
+    const bool isArithmetic = plain.contains(digit);
     sketch.words = " ";
-    QString word;
-    for (const QChar c : plain) {
-        if (isAccent(c) || (isApostrophe(c) && !word.isEmpty()))
-            continue;
-        if (c.isLetterOrNumber() || c.isMark() || c.isSurrogate() ||
-            (!word.isEmpty() && (c == u'+' || c == u'#'))) {
-            word += c;
-            continue;
-        }
-        addWord(sketch, word);
-        if (isArithmetic && isSign(c))
-            sketch.numbers += c;
+    for (auto found = part.globalMatch(plain); found.hasNext();) {
+        const auto match = found.next();
+        const QString word = match.captured(1);
+        if (word.isEmpty() && isArithmetic)
+            sketch.numbers += match.captured();
+        if (word.contains(digit))
+            sketch.numbers += word + u' ';
+        if (!word.isEmpty() && !littleWords().contains(word))
+            sketch.words += word + u' ';
     }
-    addWord(sketch, word);
 }
 
 Sketch sketchOf(const Question& question, std::size_t index)
@@ -93,31 +69,21 @@ Sketch sketchOf(const Question& question, std::size_t index)
     sketch.right = qHash(folded(question.rightOption()));
     addWords(sketch, question.text);
     const QString& words = sketch.words;
-    for (qsizetype at = 0; at + 2 < words.size(); ++at) {
+    for (qsizetype at = 0; at + 2 < words.size(); ++at)
         sketch.trigrams.push_back(std::uint64_t{words[at].unicode()} << 32U |
                                   std::uint64_t{words[at + 1].unicode()} << 16U | words[at + 2].unicode());
-    }
-    std::sort(sketch.trigrams.begin(), sketch.trigrams.end());
+    std::ranges::sort(sketch.trigrams);
     sketch.trigrams.erase(std::unique(sketch.trigrams.begin(), sketch.trigrams.end()), sketch.trigrams.end());
-    sketch.backwards = words;
-    std::reverse(sketch.backwards.begin(), sketch.backwards.end());
+    std::ranges::reverse_copy(words, std::back_inserter(sketch.backwards));
     return sketch;
 }
 
 double similarity(const Sketch& a, const Sketch& b)
 {
-    std::size_t common = 0;
-    for (auto x = a.trigrams.begin(), y = b.trigrams.begin();
-         x != a.trigrams.end() && y != b.trigrams.end();) {
-        if (*x == *y) {
-            ++common;
-            ++x;
-            ++y;
-        } else {
-            *x < *y ? ++x : ++y;
-        }
-    }
-    return static_cast<double>(common) / static_cast<double>(a.trigrams.size() + b.trigrams.size() - common);
+    std::vector<std::uint64_t> common;
+    std::ranges::set_intersection(a.trigrams, b.trigrams, std::back_inserter(common));
+    return static_cast<double>(common.size()) /
+           static_cast<double>(a.trigrams.size() + b.trigrams.size() - common.size());
 }
 
 /// Sets `earliest` of each question to the first one that it nearly repeats.
@@ -133,7 +99,7 @@ void compareNeighbours(const std::vector<Sketch>& sketches, const std::vector<Qu
                 break;
             const auto [first, second] = std::minmax(a.question, b.question);
             if (first < earliest[second] && similarity(a, b) >= leastSimilarity &&
-                folded(questions[first].text) != folded(questions[second].text))
+                !isSame(questions[first].text, questions[second].text))
                 earliest[second] = first;
         }
     }
@@ -156,9 +122,8 @@ std::vector<Twins> nearRepeats(const std::vector<Question>& questions, Progress&
     std::vector<std::size_t> earliest(questions.size(), questions.size());
     // One word that is another moves a question in one of the two orders at most.
     for (const auto order : {&Sketch::words, &Sketch::backwards}) {
-        std::sort(sketches.begin(), sketches.end(), [order](const Sketch& a, const Sketch& b) {
-            return std::tie(a.right, a.numbers, a.*order) < std::tie(b.right, b.numbers, b.*order);
-        });
+        std::ranges::sort(sketches, {},
+                          [order](const Sketch& a) { return std::tie(a.right, a.numbers, a.*order); });
         compareNeighbours(sketches, questions, earliest, progress);
     }
     std::vector<Twins> twins;
@@ -168,13 +133,17 @@ std::vector<Twins> nearRepeats(const std::vector<Question>& questions, Progress&
     return twins;
 }
 
-void checkNearRepeats(const Bank& bank, Complaints& complaints, Progress& progress)
+void checkMix(Bank& bank, const Place& source, Complaints& complaints, Progress& progress)
 {
+    checkOptionSets(bank, complaints);
     for (const auto& [earlier, later] : nearRepeats(bank.questions, progress)) {
         const Question& first = bank.questions[earlier];
         complaints.add(bank.questions[later].place, QString("asks nearly the same as the question %1 in %2")
                                                         .arg(quoted(first.text), first.place.text()));
     }
+    checkBalance(bank, source, complaints);
+    removeRepeats(bank, complaints);
+    progress.clear();
 }
 
 } // namespace bank

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "bank/failure.h"
 #include "bank/progress.h"
+#include "bank/rules.h"
 
 namespace bank {
 
@@ -13,7 +13,7 @@ struct Twins
 };
 
 /// Questions that ask nearly the same as an earlier one, at most one pair for each, in their order. Texts
-/// that are equal are left to checkRepeats(). Takes time n log n.
+/// that are equal are left to removeRepeats(). Takes time n log n.
 ///
 /// The measure is the share of common letter trigrams among all of both texts, without the little words of
 /// English questions, letter case and accents. It is taken only where the right answers and the numbers
@@ -21,7 +21,8 @@ struct Twins
 /// 0.7 or more.
 [[nodiscard]] std::vector<Twins> nearRepeats(const std::vector<Question>& questions, Progress& progress);
 
-/// Complains about them.
-void checkNearRepeats(const Bank& bank, Complaints& complaints, Progress& progress);
+/// Complains about repeats, which are taken out of the bank, and letters that are right too often; warns of
+/// questions with the same options. `source` is named where the whole is at fault.
+void checkMix(Bank& bank, const Place& source, Complaints& complaints, Progress& progress);
 
 } // namespace bank

@@ -1,5 +1,7 @@
 #include "bank/question.h"
 
+#include <algorithm>
+
 namespace bank {
 
 QString Place::text() const
@@ -15,20 +17,13 @@ QString Place::text() const
 
 QString& Question::at(Field field)
 {
-    switch (field) {
-    case Field::Level:
-        return level;
-    case Field::Topic:
-        return topic;
-    case Field::Question:
-        return text;
-    case Field::Right:
-        return right;
-    case Field::Why:
-        return why;
-    default:
-        return options.at(static_cast<std::size_t>(field) - static_cast<std::size_t>(Field::A));
-    }
+    return field == Field::Level      ? level
+           : field == Field::Topic    ? topic
+           : field == Field::Question ? text
+           : field == Field::Right    ? right
+           : field == Field::Why
+               ? why
+               : options.at(static_cast<std::size_t>(field) - static_cast<std::size_t>(Field::A));
 }
 
 Place Question::placeOf(Field field) const
@@ -45,16 +40,14 @@ int Question::rightIndex() const
 
 void Question::findRight()
 {
-    right.clear();
-    const QString wanted = key.toLower();
-    for (std::size_t i = 0; i < options.size(); ++i) {
-        // An option that is the key to the letter goes before one in another case.
-        if (options[i] == key || (right.isEmpty() && options[i].toLower() == wanted)) {
-            right = nameOf(optionFields.at(i));
-            if (options[i] == key)
-                return;
-        }
-    }
+    // An option that is the key to the letter goes before one in another case.
+    const auto* found = std::ranges::find(options, key);
+    if (found == options.end())
+        found =
+            std::ranges::find(options, key.toLower(), [](const QString& option) { return option.toLower(); });
+    right = found == options.end()
+                ? QString()
+                : nameOf(optionFields.at(static_cast<std::size_t>(found - options.begin())));
 }
 
 } // namespace bank

@@ -8,6 +8,13 @@
 
 namespace bank {
 
+/// Line and column of a text in the file of its question; line 0 if that is not known.
+struct Spot
+{
+    int line = 0;
+    int column = 0;
+};
+
 /// Where something stands: a line and column of a file, both counted from 1 (columns in code points), or a
 /// row of a database. What is 0 is not known; with nothing known it is the file (or folder) as a whole.
 struct Place
@@ -17,6 +24,7 @@ struct Place
     int column = 0;
     qint64 id = 0; ///< question_id
 
+    [[nodiscard]] Spot spot() const { return {line, column}; }
     /// "file:line:column" or "file: question id".
     [[nodiscard]] QString text() const;
 };
@@ -35,13 +43,6 @@ inline constexpr std::array<Field, 7> playedFields = {Field::Level, Field::Quest
 {
     return QString::fromLatin1(fieldNames.at(static_cast<std::size_t>(field)));
 }
-
-/// Line and column of a text in the file of its question; line 0 if that is not known.
-struct Spot
-{
-    int line = 0;
-    int column = 0;
-};
 
 /// One question as its author wrote it. A text that the author left out is empty.
 struct Question

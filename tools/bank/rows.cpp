@@ -1,13 +1,11 @@
-#include "bank/rows.h"
+#include "bank/actions.h"
 
-#include "bank/failure.h"
-#include "bank/rules.h"
 #include "bank/text.h"
 
 #include <algorithm>
 #include <ostream>
 
-namespace bank {
+namespace bank::actions {
 namespace {
 
 bool holdsAll(const Question& question, const QStringList& words)
@@ -35,68 +33,88 @@ void setText(Question& question, const QString& assignment)
     question.at(*field) = *field == Field::Right ? text.toUpper() : text;
 }
 
-} // namespace
-
-std::size_t listQuestions(const std::vector<Question>& questions, const QString& level,
-                          const std::vector<std::string>& words, std::ostream& out)
-{
-    QStringList wanted;
-    for (const std::string& word : words)
-        wanted << searchable(QString::fromStdString(word)).split(u' ', Qt::SkipEmptyParts);
-    std::size_t found = 0;
-    for (const Question& question : questions) {
-        if ((!level.isEmpty() && question.level != level) || !holdsAll(question, wanted))
-            continue;
-        ++found;
-        out << QString("%1  %2 %3  %4\n")
-                   .arg(question.place.id, 6)
-                   .arg(shown(question.level), question.right.isEmpty() ? "-" : question.right,
-                        shown(question.text))
-                   .toStdString();
-    }
-    return found;
-}
-
-void showQuestion(const Question& question, std::ostream& out)
-{
-    for (const Field field : playedFields) {
-        out << nameOf(field).toStdString() << ": " << shown(question.at(field)).toStdString();
-        const auto option = std::ranges::find(optionFields, field) - optionFields.begin();
-        if (option < std::ssize(optionFields))
-            out << "  (chosen " << question.tallies.at(static_cast<std::size_t>(option)) - 1 << " times)";
-        out << '\n';
-    }
-    if (question.right.isEmpty())
-        out << "The right answer " << quoted(question.key).toStdString() << " is none of the options.\n";
-}
-
-Question questionOfNumber(Store& store, qint64 number)
+Question questionOf(Store& store, qint64 number)
 {
     store.require(db::schema::questions);
     const auto questions = store.questions();
-    const auto found =
-        std::ranges::find_if(questions, [&](const Question& q) { return q.place.id == number; });
+    const auto found = std::ranges::find(questions, number, [](const Question& q) { return q.place.id; });
     if (found == questions.end())
         throw Failure(QString("%1 has no question %2").arg(store.file()).arg(number));
     return *found;
 }
 
-void setTexts(Store& store, qint64 number, const std::vector<std::string>& texts)
+} // namespace
+
+void listOrSearch(Command& command)
 {
-    store.require(db::schema::questions);
+    QStringList words;
+    for (const std::string& word : command.words)
+        words << searchable(QString::fromStdString(word)).split(u' ', Qt::SkipEmptyParts);
+    bool found = false;
+    for (const Question& question : command.questions()) {
+        if ((!command.level.empty() && question.level.toStdString() != command.level) ||
+            !holdsAll(question, words))
+            continue;
+        found = true;
+        command.out << QString("%1  %2 %3  %4\n")
+                           .arg(question.place.id, 6)
+                           .arg(shown(question.level), question.right.isEmpty() ? "-" : question.right,
+                                shown(question.text))
+                           .toStdString();
+    }
+    if (!found)
+        command.err << "There is no such question.\n";
+}
+
+void show(Command& command)
+{
+    Store store(command.file, command.progress);
+    const Question question = questionOf(store, command.number);
+    command.progress.clear();
+    for (const Field field : playedFields) {
+        command.out << nameOf(field).toStdString() << ": " << shown(question.at(field)).toStdString();
+        const auto option = std::ranges::find(optionFields, field) - optionFields.begin();
+        if (option < std::ssize(optionFields))
+            command.out << "  (chosen " << question.tallies.at(static_cast<std::size_t>(option)) - 1
+                        << " times)";
+        command.out << '\n';
+    }
+    if (question.right.isEmpty())
+        command.out << "The right answer " << quoted(question.key).toStdString()
+                    << " is none of the options.\n";
+}
+
+void set(Command& command)
+{
+    Store store(command.file, command.progress);
     store.changing([&] {
-        Question question = questionOfNumber(store, number);
-        for (const std::string& text : texts)
+        Question question = questionOf(store, command.number);
+        for (const std::string& text : command.words)
             setText(question, QString::fromStdString(text));
         Complaints complaints;
         checkQuestion(question, Texts::Played, complaints);
         for (const Question& other : store.questions())
-            if (other.place.id != number && folded(other.text) == folded(question.text))
+            if (other.place.id != command.number && isSame(other.text, question.text))
                 complaints.add(question.place,
                                QString("the same question stands in %1").arg(other.place.text()));
         complaints.throwIfAny();
         store.changeQuestion(question);
     });
+    show(command);
 }
 
-} // namespace bank
+void remove(Command& command)
+{
+    Store store(command.file, command.progress);
+    const std::string text = quoted(questionOf(store, command.number).text).toStdString();
+    command.progress.clear();
+    if (!command.yes)
+        throw Failure(QString("%1 is left as it is: --yes would delete question %2, %3")
+                          .arg(store.file())
+                          .arg(command.number)
+                          .arg(QString::fromStdString(text)));
+    store.changing([&] { store.remove(db::schema::questions, db::schema::questionId, command.number); });
+    command.out << "Question " << command.number << ", " << text << ", was deleted.\n";
+}
+
+} // namespace bank::actions

@@ -1,22 +1,22 @@
-#include "bank/sheet.h"
+#include "bank/actions.h"
 
-#include "bank/failure.h"
-#include "bank/lines.h"
 #include "bank/new_file.h"
 #include "bank/rules.h"
 
-#include <QFile>
+#include <QBuffer>
 #include <QGuiApplication>
 #include <QPdfWriter>
 #include <QTextDocument>
 
 #include <algorithm>
 #include <memory>
+#include <ostream>
 #include <random>
 
 namespace bank {
 namespace {
 
+/// So many questions of each level, drawn at random, in the order of the levels.
 std::vector<Question> drawn(std::vector<Question> questions, std::size_t perLevel)
 {
     std::mt19937 random{std::random_device()()};
@@ -55,7 +55,8 @@ QString pagesOf(const std::vector<Question>& questions)
     return quiz + answers;
 }
 
-void print(const QString& pages, QFile& file)
+/// A PDF file (A4) of them.
+QByteArray printed(const QString& pages)
 {
     // Fonts need an application, pages no display.
     std::unique_ptr<QGuiApplication> application;
@@ -67,36 +68,32 @@ void print(const QString& pages, QFile& file)
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
         application = std::make_unique<QGuiApplication>(argc, static_cast<char**>(argv));
     }
-    QPdfWriter writer(&file);
-    writer.setCreator("orvbank");
-    writer.setTitle("Quiz");
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    constexpr qreal marginMm = 20;
-    writer.setPageMargins({marginMm, marginMm, marginMm, marginMm}, QPageLayout::Millimeter);
-    QTextDocument document;
-    document.setDefaultFont(QFont("Verdana", 10));
-    document.setHtml(pages);
-    document.print(&writer);
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&file);
+        writer.setCreator("orvbank");
+        writer.setTitle("Quiz");
+        writer.setPageSize(QPageSize(QPageSize::A4));
+        constexpr qreal marginMm = 20;
+        writer.setPageMargins({marginMm, marginMm, marginMm, marginMm}, QPageLayout::Millimeter);
+        QTextDocument document;
+        document.setDefaultFont(QFont("Verdana", 10));
+        document.setHtml(pages);
+        document.print(&writer);
+    }
+    return file.data();
 }
 
 } // namespace
 
-std::size_t printSheet(std::vector<Question> questions, std::size_t perLevel,
-                       const std::filesystem::path& target)
+void actions::sheet(Command& command)
 {
-    const auto chosen = drawn(std::move(questions), perLevel);
+    const auto chosen = drawn(command.questions(), command.perLevel);
     if (chosen.empty())
-        throw Failure("There are no questions for a sheet");
-    NewFile newFile(target, Readers::Everyone);
-    QFile file(newFile.temporary());
-    if (!file.open(QIODevice::WriteOnly))
-        throw Failure(QString("%1 cannot be written: %2").arg(nameOf(target), file.errorString()));
-    print(pagesOf(chosen), file);
-    file.close();
-    if (file.error() != QFileDevice::NoError)
-        throw Failure(QString("%1 cannot be written: %2").arg(nameOf(target), file.errorString()));
-    newFile.publish();
-    return chosen.size();
+        throw Failure(QString::fromStdString(command.file) + " has no questions for a sheet");
+    writeNew(command.other, printed(pagesOf(chosen)), Readers::Everyone);
+    command.out << counted(chosen.size(), "question") << " went into " << command.other << ".\n";
 }
 
 } // namespace bank

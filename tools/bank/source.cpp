@@ -1,28 +1,18 @@
 #include "bank/source.h"
 
-#include <algorithm>
+#include <QDir>
 
 namespace bank {
-namespace {
-
-std::vector<std::filesystem::path> questionFiles(const std::filesystem::path& folder)
+const Format& formatOf(const std::filesystem::path& file)
 {
-    std::vector<std::filesystem::path> files;
-    try {
-        for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-            const std::string name = entry.path().filename().string();
-            if (name.starts_with("questions-") && name.ends_with(".txt"))
-                files.push_back(entry.path());
-        }
-    } catch (const std::filesystem::filesystem_error& error) {
-        throw Failure(QString("%1 cannot be read: %2")
-                          .arg(nameOf(folder), QString::fromStdString(error.code().message())));
-    }
-    std::sort(files.begin(), files.end());
-    return files;
+    const QString ending = QString::fromStdString(file.extension().string()).toLower();
+    for (const Format& format : formats)
+        if (QString(format.endings).split(u' ').contains(ending))
+            return format;
+    throw Failure(
+        QString("%1: the name tells no format; end it in .csv, .gift, .aiken or .txt, or give --format")
+            .arg(nameOf(file)));
 }
-
-} // namespace
 
 void readPrompts(const TextFile& file, Intake& intake)
 {
@@ -36,8 +26,11 @@ void readPrompts(const TextFile& file, Intake& intake)
 
 void readFolder(const std::filesystem::path& folder, Intake& intake)
 {
-    for (const auto& file : questionFiles(folder))
-        readRecords(readText(file, intake.complaints), intake);
+    const QDir directory(nameOf(folder));
+    if (!directory.isReadable())
+        throw Failure(QString("%1 cannot be read").arg(nameOf(folder)));
+    for (const QString& name : directory.entryList({"questions-*.txt"}, QDir::Files))
+        readRecords(readText(folder / name.toStdString(), intake.complaints), intake);
     readPrompts(readText(folder / "prompts.txt", intake.complaints), intake);
     if (intake.bank.questions.empty())
         intake.complaints.add({nameOf(folder)}, "there are no questions in it");

@@ -1,7 +1,7 @@
-#include "bank/stats.h"
+#include "bank/actions.h"
 
-#include "bank/formats.h"
 #include "bank/rules.h"
+#include "bank/source.h"
 #include "bank/text.h"
 
 #include <QHash>
@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <map>
 #include <numeric>
-#include <optional>
 #include <ostream>
 
 namespace bank {
@@ -22,38 +21,30 @@ struct Count
     qint64 plays = 0;
     qint64 right = 0;
 
-    Count& operator+=(const Count& other)
+    void add(const Count& other)
     {
         questions += other.questions;
         played += other.played;
         plays += other.plays;
         right += other.right;
-        return *this;
+    }
+
+    [[nodiscard]] double share() const { return static_cast<double>(right) / static_cast<double>(plays); }
+    [[nodiscard]] QString percent() const
+    {
+        return plays == 0 ? "-" : QString("%1 %").arg(100 * share(), 0, 'f', 0);
     }
 };
 
 /// What the tallies tell; nothing of plays where they cannot be, as in files that did not begin them at 1.
 Count countOf(const Question& question)
 {
-    Count count{1};
     const auto& tallies = question.tallies;
-    const bool tell =
-        question.rightIndex() >= 0 && std::all_of(tallies.begin(), tallies.end(),
-                                                  [](qint64 tally) { return tally >= 1 && isCount(tally); });
-    if (tell) {
-        count.plays = std::accumulate(tallies.begin(), tallies.end(), qint64{0}) - 4;
-        count.right = tallies.at(static_cast<std::size_t>(question.rightIndex())) - 1;
-        count.played = count.plays > 0 ? 1 : 0;
-    }
-    return count;
-}
-
-QString rightShare(const Count& count)
-{
-    return count.plays == 0
-               ? "-"
-               : QString("%1 %").arg(
-                     100.0 * static_cast<double>(count.right) / static_cast<double>(count.plays), 0, 'f', 0);
+    if (question.rightIndex() < 0 ||
+        !std::ranges::all_of(tallies, [](qint64 tally) { return tally >= 1 && isCount(tally); }))
+        return {1};
+    const qint64 plays = std::accumulate(tallies.begin(), tallies.end(), qint64{-4});
+    return {1, plays > 0 ? 1 : 0, plays, tallies.at(static_cast<std::size_t>(question.rightIndex())) - 1};
 }
 
 void printRow(std::ostream& out, const QString& name, const QStringList& cells)
@@ -68,44 +59,13 @@ void printCount(std::ostream& out, const QString& name, const Count& count)
 {
     printRow(out, name,
              {QString::number(count.questions), QString::number(count.played), QString::number(count.plays),
-              rightShare(count)});
+              count.percent()});
 }
 
-struct Played
-{
-    const Question* question = nullptr;
-    Count count;
-
-    [[nodiscard]] double share() const
-    {
-        return static_cast<double>(count.right) / static_cast<double>(count.plays);
-    }
-};
-
-std::vector<Played> playedOf(const std::vector<Question>& questions, StatsOrder order)
-{
-    std::vector<Played> played;
-    for (const Question& question : questions)
-        if (const Count count = countOf(question); count.plays > 0)
-            played.push_back({&question, count});
-    // Of equal shares the one that was seen more often goes first.
-    const auto isHarder = [](const Played& a, const Played& b) {
-        return std::pair(a.share(), -a.count.plays) < std::pair(b.share(), -b.count.plays);
-    };
-    const auto isEasier = [](const Played& a, const Played& b) {
-        return std::pair(-a.share(), -a.count.plays) < std::pair(-b.share(), -b.count.plays);
-    };
-    if (order == StatsOrder::HardestFirst)
-        std::ranges::stable_sort(played, isHarder);
-    if (order == StatsOrder::EasiestFirst)
-        std::ranges::stable_sort(played, isEasier);
-    return played;
-}
-
-} // namespace
-
-void printStats(const std::vector<Question>& questions, const std::vector<Question>& topics, StatsOrder order,
-                std::ostream& out)
+/// How many questions each level holds, also by topic where `topics` has a question of the same text, how
+/// often they were played and answered right.
+void printLevels(const std::vector<Question>& questions, const std::vector<Question>& topics,
+                 std::ostream& out)
 {
     QHash<QString, QString> topicOf;
     for (const Question& question : topics)
@@ -120,10 +80,10 @@ void printStats(const std::vector<Question>& questions, const std::vector<Questi
     for (const Question& question : questions) {
         const Count count = countOf(question);
         Level& level = byLevel[question.level];
-        all += count;
-        level.all += count;
+        all.add(count);
+        level.all.add(count);
         if (!topics.empty())
-            level.byTopic[topicOf.value(folded(question.text), "(unknown)")] += count;
+            level.byTopic[topicOf.value(folded(question.text), "(unknown)")].add(count);
     }
     printRow(out, {}, {"questions", "played", "plays", "right"});
     for (const auto& [name, level] : byLevel) {
@@ -132,26 +92,69 @@ void printStats(const std::vector<Question>& questions, const std::vector<Questi
             printCount(out, "  " + shown(topic), count);
     }
     printCount(out, "all", all);
-    bool first = true;
-    for (const auto& [question, count] : playedOf(questions, order)) {
-        if (std::exchange(first, false))
-            out << "\n  number level  plays  right  question\n";
+}
+
+using Played = std::vector<std::pair<const Question*, Count>>;
+
+/// The questions that were played.
+Played playedOf(const std::vector<Question>& questions, StatsOrder order)
+{
+    Played played;
+    for (const Question& question : questions)
+        if (const Count count = countOf(question); count.plays > 0)
+            played.emplace_back(&question, count);
+    // Of equal shares the one that was seen more often goes first.
+    const int sign = order == StatsOrder::HardestFirst ? 1 : -1;
+    if (order != StatsOrder::Number)
+        std::ranges::stable_sort(played, {}, [sign](const auto& one) {
+            return std::pair(sign * one.second.share(), -one.second.plays);
+        });
+    return played;
+}
+
+void printPlayed(const Played& played, std::ostream& out)
+{
+    if (!played.empty())
+        out << "\n  number level  plays  right  question\n";
+    for (const auto& [question, count] : played)
         out << QString("%1 %2 %3 %4  %5\n")
                    .arg(question->place.id, 8)
                    .arg(shown(question->level), 5)
                    .arg(count.plays, 6)
-                   .arg(rightShare(count), 6)
+                   .arg(count.percent(), 6)
                    .arg(shown(question->text))
                    .toStdString();
-    }
 }
 
-void printStatsAsCsv(const std::vector<Question>& questions, StatsOrder order, std::ostream& out)
+void printAsCsv(const Played& played, std::ostream& out)
 {
     out << "number,level,plays,right,question\r\n";
-    for (const auto& [question, count] : playedOf(questions, order))
+    for (const auto& [question, count] : played)
         out << question->place.id << ',' << csvCell(question->level).toStdString() << ',' << count.plays
             << ',' << count.right << ',' << csvCell(question->text).toStdString() << "\r\n";
+}
+
+} // namespace
+
+void actions::stats(Command& command)
+{
+    Intake topics = command.intake(Texts::Played);
+    if (!command.other.empty()) {
+        readSource(command.other, command.format, topics);
+        topics.complaints.throwIfAny();
+    }
+    if (command.reset) {
+        Store store = command.store(db::schema::questions);
+        store.changing([&] { store.resetTallies(); });
+        command.out << "The tallies of all questions are 1 again, as before the first game.\n";
+        return;
+    }
+    const auto questions = command.questions();
+    const Played played = playedOf(questions, command.order);
+    if (command.asCsv)
+        return printAsCsv(played, command.out);
+    printLevels(questions, topics.bank.questions, command.out);
+    printPlayed(played, command.out);
 }
 
 } // namespace bank

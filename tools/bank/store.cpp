@@ -31,11 +31,9 @@ constexpr int keyColumn = 6;
 constexpr int levelColumn = 7;
 constexpr int tallyColumn = 8;
 
-std::string selectQuestions()
+std::string selection(const schema::Table& table)
 {
-    const std::string id = schema::questionId;
-    return named("select ", schema::questionFields, "") + ", typeof(" + schema::level + ") from " +
-           schema::questions.name + " order by cast(" + id + " as integer), " + id;
+    return named("select ", table.fields, "") + " from " + table.name;
 }
 
 QString textOf(SQLite::Statement& row, int column)
@@ -59,7 +57,7 @@ Question questionOf(SQLite::Statement& row, const QString& file)
     question.key = textOf(row, keyColumn);
     question.findRight();
     question.level = textOf(row, levelColumn);
-    if (isLevel(question.level) && textOf(row, tallyColumn + 4) != "text")
+    if (isLevel(question.level) && !row.getColumn(levelColumn).isText())
         question.level += " (a number, not a text)";
     return question;
 }
@@ -123,62 +121,37 @@ void Store::checkIntegrity()
 
 std::vector<Question> Store::questions()
 {
-    return reading([&] {
-        std::vector<Question> questions;
-        auto rows = handle_->prepared(selectQuestions());
-        progress_.begin("Reading question");
-        while (rows.executeStep()) {
-            questions.push_back(questionOf(rows, file_));
-            progress_.step();
-        }
-        return questions;
-    });
+    const std::string id = schema::questionId;
+    progress_.begin("Reading question");
+    return rows(selection(schema::questions) + " order by cast(" + id + " as integer), " + id,
+                [&](SQLite::Statement& row) { return questionOf(row, file_); });
 }
 
 std::vector<Prompt> Store::prompts()
 {
-    return reading([&] {
-        std::vector<Prompt> prompts;
-        auto rows =
-            handle_->prepared(named("select ", schema::locking.fields, "") + " from " + schema::locking.name);
-        while (rows.executeStep())
-            prompts.push_back({{file_}, textOf(rows, 0)});
-        return prompts;
+    return rows(selection(schema::locking), [&](SQLite::Statement& row) {
+        return Prompt{{file_}, textOf(row, 0)};
     });
 }
 
 std::vector<Account> Store::accounts()
 {
-    return reading([&] {
-        std::vector<Account> accounts;
-        auto rows =
-            handle_->prepared(named("select ", schema::users.fields, "") + " from " + schema::users.name);
-        while (rows.executeStep())
-            accounts.push_back({rows.getColumn(0).getString(), rows.getColumn(1).getString()});
-        return accounts;
+    return rows(selection(schema::users), [](SQLite::Statement& row) {
+        return Account{row.getColumn(0).getString(), row.getColumn(1).getString()};
     });
 }
 
 void Store::addQuestions(const std::vector<Question>& questions)
 {
-    // Where the engine numbers the rows, no number is bound.
-    const bool numbered = !db::layoutOf(*handle_, schema::questions).idIsRowNumber;
-    qint64 id = 0;
-    if (numbered) {
-        auto largest = handle_->prepared(db::sql::largestId);
-        largest.executeStep();
-        id = largest.getColumn(0).getInt64();
-        if (id > std::numeric_limits<qint64>::max() - 1 - static_cast<qint64>(questions.size()))
-            throw db::failed(db::Attempt::Change, handle_->path(), db::reasons::noNumberLeft);
-    }
     auto insertion = handle_->prepared(db::sql::insertion(schema::questions.name, schema::questionFields));
-    progress_.begin("Writing question", static_cast<long long>(questions.size()));
-    for (const Question& question : questions) {
-        if (numbered)
-            insertion.bind(1, static_cast<int64_t>(++id));
-        write(insertion, 2, question);
-        progress_.step();
-    }
+    if (db::layoutOf(*handle_, schema::questions).idIsRowNumber)
+        return insert(questions, insertion, progress_);
+    auto largest = handle_->prepared(db::sql::largestId);
+    largest.executeStep();
+    qint64 id = largest.getColumn(0).getInt64();
+    if (id > std::numeric_limits<qint64>::max() - 1 - static_cast<qint64>(questions.size()))
+        throw db::failed(db::Attempt::Change, handle_->path(), db::reasons::noNumberLeft);
+    insert(questions, insertion, progress_, &id);
 }
 
 void Store::changeQuestion(const Question& question)
@@ -189,58 +162,42 @@ void Store::changeQuestion(const Question& question)
     write(change, 1, question);
 }
 
-void Store::removeQuestion(qint64 id)
-{
-    run(db::sql::deletion(schema::questions.name, schema::questionId), {id});
-}
-
-void Store::removeQuestions()
-{
-    run(std::string("delete from ") + schema::questions.name);
-}
-
 void Store::resetTallies()
 {
     run(named((std::string("update ") + schema::questions.name + " set ").c_str(), schema::tallies, " = 1"));
 }
 
-void Store::addPrompts(const std::vector<Prompt>& prompts)
+void Store::add(const schema::Table& table, const std::vector<db::Value>& row)
 {
-    for (const Prompt& prompt : prompts)
-        run(db::sql::insertion(schema::locking.name, schema::locking.fields), {prompt.message});
+    run(db::sql::insertion(table.name, table.fields), row);
 }
 
-void Store::removePrompts()
+void Store::set(const schema::Table& table, const char* field, const db::Value& value, const char* keyField,
+                const db::Value& of)
 {
-    run(std::string("delete from ") + schema::locking.name);
+    run(db::sql::change(table.name, std::array{field}, keyField), {value, of});
 }
 
-void Store::addAccount(const Account& account)
+void Store::remove(const schema::Table& table, const char* keyField, const db::Value& of)
 {
-    run(db::sql::insertion(schema::users.name, schema::users.fields),
-        {QString::fromStdString(account.name), QString::fromStdString(account.password)});
+    run(db::sql::deletion(table.name, keyField), {of});
 }
 
-void Store::setPassword(const Account& account)
+void Store::clear(const schema::Table& table)
 {
-    run(db::sql::change(schema::users.name, std::array{schema::password}, schema::username),
-        {QString::fromStdString(account.password), QString::fromStdString(account.name)});
+    run(std::string("delete from ") + table.name);
 }
 
-void Store::renameAccount(const std::string& name, const std::string& newName)
+void insert(const std::vector<Question>& questions, SQLite::Statement& insertion, Progress& progress,
+            qint64* id)
 {
-    run(db::sql::change(schema::users.name, std::array{schema::username}, schema::username),
-        {QString::fromStdString(newName), QString::fromStdString(name)});
-}
-
-void Store::removeAccount(const std::string& name)
-{
-    run(db::sql::deletion(schema::users.name, schema::username), {QString::fromStdString(name)});
-}
-
-void Store::run(const std::string& sql, const std::vector<db::Value>& values)
-{
-    handle_->prepared(sql, values).exec();
+    progress.begin("Writing question", static_cast<long long>(questions.size()));
+    for (const Question& question : questions) {
+        if (id)
+            insertion.bind(1, static_cast<int64_t>(++*id));
+        write(insertion, 2, question);
+        progress.step();
+    }
 }
 
 } // namespace bank

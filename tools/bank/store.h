@@ -38,19 +38,18 @@ public:
     [[nodiscard]] std::vector<Prompt> prompts();
     [[nodiscard]] std::vector<Account> accounts();
 
-    /// What follows is called within the work that is handed to changing(). Questions are known by
-    /// `place.id`, accounts by their name.
+    /// What follows is called within the work that is handed to changing().
     void addQuestions(const std::vector<Question>& questions);
+    /// Writes the question of this `place.id` anew.
     void changeQuestion(const Question& question);
-    void removeQuestion(qint64 id);
-    void removeQuestions();
     void resetTallies();
-    void addPrompts(const std::vector<Prompt>& prompts);
-    void removePrompts();
-    void addAccount(const Account& account);
-    void setPassword(const Account& account);
-    void renameAccount(const std::string& name, const std::string& newName);
-    void removeAccount(const std::string& name);
+    /// Adds a row with a value for each field of the table.
+    void add(const db::schema::Table& table, const std::vector<db::Value>& row);
+    /// Sets one field of the rows whose `keyField` is `of`.
+    void set(const db::schema::Table& table, const char* field, const db::Value& value, const char* keyField,
+             const db::Value& of);
+    void remove(const db::schema::Table& table, const char* keyField, const db::Value& of);
+    void clear(const db::schema::Table& table);
 
     /// Runs `work` as one transaction, which leaves every byte of the file as it was when the work throws. It
     /// is run again if the file was locked.
@@ -89,11 +88,31 @@ private:
         return patiently([&] { return handle_->reading(work); });
     }
 
-    void run(const std::string& sql, const std::vector<db::Value>& values = {});
+    /// What `make` makes of every row.
+    template <class Make>
+    auto rows(const std::string& sql, Make make)
+    {
+        return reading([&] {
+            std::vector<std::invoke_result_t<Make, SQLite::Statement&>> all;
+            for (auto row = handle_->prepared(sql); row.executeStep(); progress_.step())
+                all.push_back(make(row));
+            return all;
+        });
+    }
+
+    void run(const std::string& sql, const std::vector<db::Value>& values = {})
+    {
+        handle_->prepared(sql, values).exec();
+    }
 
     QString file_; ///< as the user calls it
     Progress& progress_;
     std::unique_ptr<db::Handle> handle_;
 };
+
+/// Runs an insertion of db::schema::questionFields for each question, whose number is left to the engine or,
+/// from `*id` + 1 on, given.
+void insert(const std::vector<Question>& questions, SQLite::Statement& insertion, Progress& progress,
+            qint64* id = nullptr);
 
 } // namespace bank

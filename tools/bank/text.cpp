@@ -1,5 +1,8 @@
 #include "bank/text.h"
 
+#include <QRegularExpression>
+#include <QTextDocumentFragment>
+
 #include <algorithm>
 #include <numeric>
 #include <string_view>
@@ -7,45 +10,84 @@
 #include <vector>
 
 namespace bank {
-
-qsizetype length(QStringView text)
-{
-    return text.size() - std::count_if(text.begin(), text.end(), [](QChar c) { return c.isLowSurrogate(); });
-}
+namespace {
 
 bool isStray(char32_t point)
 {
     if (point >= U' ' && point < 0x7f)
         return false;
+    // Some scripts and pictures are joined by two of them, and the signs of the Arabic one are seen.
+    constexpr std::u32string_view wanted = U"\u200c\u200d\u0600\u0601\u0602\u0603\u0604\u0605\u06dd\u08e2";
+    constexpr std::u32string_view unseen = U"\u115f\u1160\u3164\uffa0\ufffd";
     switch (QChar::category(point)) {
     case QChar::Other_Control:
     case QChar::Separator_Line:
     case QChar::Separator_Paragraph:
         return true;
-    case QChar::Other_Format: {
-        // Some scripts and pictures are joined by two of them, and the signs of the Arabic one are seen.
-        constexpr std::u32string_view wanted =
-            U"\u200c\u200d\u0600\u0601\u0602\u0603\u0604\u0605\u06dd\u08e2";
+    case QChar::Other_Format:
         return wanted.find(point) == std::u32string_view::npos;
-    }
-    default: {
-        constexpr std::u32string_view unseen = U"\u115f\u1160\u3164\uffa0\ufffd";
+    default:
         return unseen.find(point) != std::u32string_view::npos;
-    }
     }
 }
 
-std::optional<char32_t> strayCharacter(QStringView text)
+/// Whether only the case of letters can tell the text from its folded form; most texts are like that.
+bool isPlain(QStringView text)
 {
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        char32_t point = text[at].unicode();
-        if (text[at].isHighSurrogate() && at + 1 < text.size())
-            point = QChar::surrogateToUcs4(text[at], text[at + 1]);
-        if (isStray(point))
-            return point;
-        at += QChar::requiresSurrogates(point) ? 1 : 0;
+    QChar before = u' ';
+    for (const QChar c : text) {
+        if (c < u' ' || c > u'~' || (c == u' ' && before == u' '))
+            return false;
+        before = c;
     }
-    return std::nullopt;
+    return before != u' ';
+}
+
+QString plainLower(QString text)
+{
+    for (QChar& c : text)
+        if (c >= u'A' && c <= u'Z')
+            c = QChar(c.unicode() | 0x20);
+    return text;
+}
+
+/// How many letters must be added, taken away or changed to make one word of the other.
+qsizetype distance(const QString& a, const QString& b)
+{
+    std::vector<qsizetype> row(static_cast<std::size_t>(b.size()) + 1);
+    std::iota(row.begin(), row.end(), 0);
+    for (qsizetype i = 0; i < a.size(); ++i) {
+        qsizetype diagonal = std::exchange(row[0], i + 1);
+        for (std::size_t j = 1; j < row.size(); ++j) {
+            const qsizetype changed = diagonal + (a[i] == b[static_cast<qsizetype>(j) - 1] ? 0 : 1);
+            diagonal = std::exchange(row[j], std::min({row[j] + 1, row[j - 1] + 1, changed}));
+        }
+    }
+    return row.back();
+}
+
+const QRegularExpression& tagOrEntity()
+{
+    static const QRegularExpression expression(
+        "<(/?[a-z][a-z0-9]*)(?:\\s[^<>]*)?/?>|&(?:#[0-9]+|#x[0-9a-f]+|[a-z][a-z0-9]+);",
+        QRegularExpression::CaseInsensitiveOption);
+    return expression;
+}
+
+} // namespace
+
+qsizetype length(QStringView text)
+{
+    return text.size() - std::ranges::count_if(text, [](QChar c) { return c.isLowSurrogate(); });
+}
+
+std::optional<char32_t> strayCharacter(const QString& text)
+{
+    if (isPlain(text))
+        return std::nullopt;
+    const auto points = text.toUcs4();
+    const auto found = std::ranges::find_if(points, isStray);
+    return found == points.end() ? std::nullopt : std::optional<char32_t>(*found);
 }
 
 QString codePointName(char32_t point)
@@ -53,39 +95,21 @@ QString codePointName(char32_t point)
     return QString("U+%1").arg(static_cast<uint>(point), 4, 16, QChar(u'0')).toUpper();
 }
 
-namespace {
-
-/// Whether only letter case can tell the text from its folded form; most texts are like that.
-bool isPlain(QStringView text)
-{
-    QChar before = u' ';
-    for (const QChar c : text) {
-        if (c.unicode() < u' ' || c.unicode() > 0x7e || (c == u' ' && before == u' '))
-            return false;
-        before = c;
-    }
-    return before != u' ';
-}
-
-} // namespace
-
 QString folded(const QString& text)
 {
-    if (isPlain(text)) {
-        const auto isUpper = [](QChar c) { return c >= u'A' && c <= u'Z'; };
-        QString lower = text; // shares the text until a letter changes
-        for (qsizetype at = 0; at < text.size(); ++at)
-            if (isUpper(text[at]))
-                lower[at] = QChar(text[at].unicode() | 0x20);
-        return lower;
-    }
-    return text.normalized(QString::NormalizationForm_C).simplified().toCaseFolded();
+    return isPlain(text) ? plainLower(text)
+                         : text.normalized(QString::NormalizationForm_C).simplified().toCaseFolded();
+}
+
+bool isSame(const QString& a, const QString& b)
+{
+    return isPlain(a) && isPlain(b) ? a.compare(b, Qt::CaseInsensitive) == 0 : folded(a) == folded(b);
 }
 
 QString searchable(const QString& text)
 {
     if (isPlain(text))
-        return folded(text);
+        return plainLower(text);
     QString plain = text.normalized(QString::NormalizationForm_KD).simplified().toCaseFolded();
     plain.removeIf([](QChar c) { return c.unicode() >= 0x300 && c.unicode() <= 0x36f; });
     return plain;
@@ -93,20 +117,10 @@ QString searchable(const QString& text)
 
 QString shown(const QString& text)
 {
-    if (!strayCharacter(text))
-        return text;
     QString safe;
     for (const char32_t point : text.toUcs4())
         safe += isStray(point) ? '<' + codePointName(point) + '>' : QString::fromUcs4(&point, 1);
     return safe;
-}
-
-QString shownLines(const QString& text)
-{
-    QStringList lines = text.split(u'\n');
-    for (QString& line : lines)
-        line = shown(line);
-    return lines.join(u'\n');
 }
 
 QString quoted(const QString& text)
@@ -122,26 +136,30 @@ QString quoted(const QString& text)
     return u'"' + shown(cut) + u'"';
 }
 
-QString nearestName(const QString& typed, const QStringList& names)
+QString unknown(const QString& what, const QString& word, const QStringList& names)
 {
-    const auto distance = [&typed](const QString& name) {
-        std::vector<qsizetype> row(static_cast<std::size_t>(name.size()) + 1);
-        std::iota(row.begin(), row.end(), 0);
-        for (qsizetype i = 0; i < typed.size(); ++i) {
-            qsizetype diagonal = std::exchange(row[0], i + 1);
-            for (std::size_t j = 1; j < row.size(); ++j) {
-                const qsizetype changed =
-                    diagonal + (typed[i] == name[static_cast<qsizetype>(j) - 1] ? 0 : 1);
-                diagonal = row[j];
-                row[j] = std::min({row[j] + 1, row[j - 1] + 1, changed});
-            }
-        }
-        return row.back();
-    };
     const auto nearest =
-        std::min_element(names.begin(), names.end(),
-                         [&](const QString& a, const QString& b) { return distance(a) < distance(b); });
-    return nearest != names.end() && distance(*nearest) <= 2 ? *nearest : QString();
+        std::ranges::min_element(names, {}, [&](const QString& name) { return distance(word, name); });
+    return QString("%1 is no %2; there are %3").arg(quoted(word), what, names.join(", ")) +
+           (distance(word, *nearest) <= 2 ? ". Did you mean " + *nearest + '?' : QString());
+}
+
+QString markupIn(const QString& text)
+{
+    const bool mayHoldSome = text.contains(u'<') || text.contains(u'&');
+    return mayHoldSome ? tagOrEntity().match(text).captured() : QString();
+}
+
+std::optional<QString> plainOf(const QString& html)
+{
+    static const QStringList formatting = {"p",   "br",   "b",     "i",   "u",    "em", "strong",
+                                           "div", "span", "small", "big", "font", "a",  "code"};
+    for (auto found = tagOrEntity().globalMatch(html); found.hasNext();) {
+        const QString tag = found.next().captured(1).toLower().remove(u'/');
+        if (!tag.isEmpty() && !formatting.contains(tag))
+            return std::nullopt;
+    }
+    return QTextDocumentFragment::fromHtml(html).toPlainText().simplified();
 }
 
 } // namespace bank

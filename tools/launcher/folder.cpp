@@ -1,8 +1,8 @@
 #include "launcher/folder.h"
 
+#include "bank/accounts.h"
 #include "bank/create.h"
 #include "bank/intake.h"
-#include "bank/password.h"
 #include "bank/source.h"
 
 #include <QFile>
