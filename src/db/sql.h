@@ -39,8 +39,8 @@ enum class Direction { Forward, Backward };
 /// filter values -> all keys, in the order of the source.
 std::string keys(const Source& source, const std::string& key);
 
-/// filter values, [the key to start from,] rows to skip -> the next key in this direction.
-std::string neighbour(const Source& source, const std::string& key, Direction direction, bool fromKey);
+/// filter values, [the key to start from,] how many, rows to skip -> the next keys in this direction.
+std::string neighbours(const Source& source, const std::string& key, Direction direction, bool fromKey);
 
 /// key -> the fields of its row.
 std::string row(const Source& source, const std::string& key);

@@ -103,12 +103,12 @@ std::string keys(const Source& source, const std::string& key)
     return "select " + key + " from " + source.table + where(filterOf(source, key)) + " order by " + id + key;
 }
 
-std::string neighbour(const Source& source, const std::string& key, Direction direction, bool fromKey)
+std::string neighbours(const Source& source, const std::string& key, Direction direction, bool fromKey)
 {
     const bool forward = direction == Direction::Forward;
     const std::string start = fromKey ? key + (forward ? " > ?" : " < ?") : "";
     return "select " + key + " from " + source.table + where(filterOf(source, key), start) + " order by " +
-           key + (forward ? "" : " desc") + " limit 1 offset ?";
+           key + (forward ? "" : " desc") + " limit ? offset ?";
 }
 
 std::string row(const Source& source, const std::string& key)
