@@ -21,13 +21,14 @@ void Editor::addFindBar(const toolkit::TwipRect& place, double boxWidth, db::Fie
     constexpr double captionWidth = 540;
     const double box = place.left + captionWidth;
     const double result = box + boxWidth + 120;
+    const double textTop = place.top + 30;
     searched_ = searched;
-    findCaption_ = label("findcaption", {place.left, place.top, captionWidth, place.height},
-                         "Find:", {.middle = true, .hidden = true});
-    findWords_ = textBox("findwords", {box, place.top, boxWidth, place.height}, toolkit::TextBox::noLimit,
+    findCaption_ =
+        label("findcaption", {place.left, textTop, captionWidth, place.height}, "Find:", {.hidden = true});
+    findWords_ = textBox("findwords", {box, place.top, boxWidth, 285}, toolkit::TextBox::noLimit,
                          {.hidden = true, .tab = lastTab});
-    findResult_ = label("findresult", {result, place.top, place.left + place.width - result, place.height},
-                        "", {.middle = true, .hidden = true});
+    findResult_ = label("findresult", {result, textTop, place.left + place.width - result, place.height}, "",
+                        {.hidden = true});
     search_.setTimer(timer("search", 1ms, false));
 
     onTick(search_.timer(), [this] { searchOn(); });

@@ -65,7 +65,7 @@ bool Likeness::isNear(const Likeness& other) const
         return false;
     const qsizetype common = (QSet<QString>(words_) & other.words_).size();
     const qsizetype all = words_.size() + other.words_.size() - common;
-    return 3 * common >= 2 * all;
+    return 2 * common >= all;
 }
 
 } // namespace admin

@@ -28,7 +28,7 @@ public:
 
     /// There is enough of it to be compared.
     [[nodiscard]] bool isTelling() const { return words_.size() + numbers_.size() > 1; }
-    /// The numbers are the same, and two thirds of all words of both.
+    /// The numbers are the same, and half of all words of both.
     [[nodiscard]] bool isNear(const Likeness& other) const;
 
 private:
