@@ -17,15 +17,10 @@
 
 #include <QApplication>
 
-#include <cstdio>
-
 int main(int argc, char** argv)
 {
-    if (const auto problem = toolkit::prepareDesktop()) {
-        std::fprintf(stderr, "Orvanta cannot start: %s\n", problem->c_str());
+    if (!toolkit::prepareDesktop())
         return 1;
-    }
-    toolkit::silenceLibraryWarnings();
     const QApplication application(argc, argv);
     QApplication::setApplicationName("Orvanta"); // in window lists, for windows without a caption
     QApplication::setQuitOnLastWindowClosed(false);
@@ -48,7 +43,7 @@ int main(int argc, char** argv)
     screens.add("orv", [&] { return std::make_unique<game::Orv>(services, makeHost); }, {.behind = "back"});
     screens.add("login", [&] { return std::make_unique<admin::Login>(services); });
     screens.add("admin", [&] { return std::make_unique<admin::Console>(services); });
-    const toolkit::Screens::Place console{.inside = "admin"};
+    const toolkit::Screens::Ties console{.inside = "admin"};
     screens.add(
         "addquestions", [&] { return std::make_unique<admin::AddQuestions>(services); }, console);
     screens.add(

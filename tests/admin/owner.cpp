@@ -33,7 +33,7 @@ struct Plain final : toolkit::Form
 Owner::Owner()
 {
     bank.execute(content);
-    const toolkit::Screens::Place inside{.inside = "admin"};
+    const toolkit::Screens::Ties inside{.inside = "admin"};
     screens.add("login", [this] { return std::make_unique<Login>(services); });
     screens.add("admin", [this] { return std::make_unique<Console>(services); });
     screens.add(
