@@ -44,7 +44,7 @@ bool SearchWords::areIn(const QStringList& texts) const
 
 Likeness::Likeness(const QString& question)
 {
-    constexpr qsizetype firstLetters = 5; // "festival" and "festivals"
+    constexpr qsizetype firstLetters = 4; // "flow", "flows" and "flowed"
     const QString text = folded(question);
     for (qsizetype start = 0; start < text.size();) {
         qsizetype end = start;

@@ -32,7 +32,7 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     owner.screens.show("addquestions");
     QApplication::processEvents();
     EXPECT_EQ(owner.focused("addquestions"), "cmdsave") << "the focus returns to where it was last";
-    owner.boxes();
+    owner.told();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(area.subWindowList().size(), 2);
     area.subWindowList().front()->close();
@@ -43,7 +43,7 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     EXPECT_FALSE(owner.screens.find("admin") || owner.screens.find("addquestions") ||
                  owner.screens.find("changepassword"));
     EXPECT_TRUE(owner.screens.find("userselect"));
-    EXPECT_EQ(owner.boxes(), "");
+    EXPECT_EQ(owner.told(), "");
 }
 
 TEST(Console, ALetterOfMenuAndWindowPressesTheButton)
@@ -55,13 +55,13 @@ TEST(Console, ALetterOfMenuAndWindowPressesTheButton)
     box.setFocus(Qt::MouseFocusReason);
     box.setText("changed");
     QTest::keyClick(&box, Qt::Key_U, Qt::AltModifier);
-    EXPECT_EQ(owner.boxes(), "Admin: (i) Updated");
+    EXPECT_EQ(owner.told(), "Admin: (i) Updated");
     EXPECT_EQ(owner.messages(), "changed| really? ");
 
     const auto menuOpens = [&owner](QWidget& control) {
         QTest::keyClick(&control, Qt::Key_U, Qt::AltModifier);
         auto* open = QApplication::activePopupWidget();
-        const bool opens = open && open->objectName() == "users" && owner.boxes().empty();
+        const bool opens = open && open->objectName() == "users" && owner.told().empty();
         if (open)
             QTest::keyClick(open, Qt::Key_Escape);
         return opens;

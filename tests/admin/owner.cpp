@@ -6,6 +6,8 @@
 #include "admin/login.h"
 #include "admin/messages.h"
 
+#include <QRegularExpression>
+
 namespace admin {
 
 using support::ScriptedDialogs;
@@ -67,24 +69,40 @@ void Owner::open(std::initializer_list<const char*> names)
 void Owner::run(const QString& screen, const QString& steps)
 {
     for (const QString& step : steps.split("; ", Qt::SkipEmptyParts)) {
+        const auto parts = step.indexOf(QRegularExpression("[=#]"));
         if (step.startsWith('!')) {
             bank.execute(step.mid(1).toStdString());
-        } else if (const auto equals = step.indexOf('='); equals > 0) {
-            auto& box = control<TextBox>(screen, step.left(equals));
+        } else if (step.startsWith('?')) {
+            find(screen, step.mid(1));
+        } else if (step == "wait") {
+            clock.advance(std::chrono::seconds(1));
+            log_ << "~" + text(screen, "near");
+        } else if (parts < 0) {
+            click(screen, step);
+        } else if (step[parts] == '=') {
+            auto& box = control<TextBox>(screen, step.first(parts));
             box.setFocus(Qt::MouseFocusReason);
             box.selectAll();
-            box.insert(step.mid(equals + 1));
-        } else if (const auto place = step.indexOf('#'); place > 0) {
-            auto& list = control<ChoiceList>(screen, step.left(place));
-            list.setFocus(Qt::MouseFocusReason);
-            list.setCurrentIndex(step.mid(place + 1).toInt());
+            box.insert(step.mid(parts + 1));
         } else {
-            click(screen, step);
+            auto& list = control<ChoiceList>(screen, step.first(parts));
+            list.setFocus(Qt::MouseFocusReason);
+            list.setCurrentIndex(step.mid(parts + 1).toInt());
         }
     }
 }
 
-std::string Owner::boxes()
+void Owner::find(const QString& screen, const QString& words)
+{
+    auto& box = control<TextBox>(screen, "findwords");
+    QTest::keyClick(form(screen).focusWidget(), Qt::Key_F, Qt::ControlModifier);
+    box.insert(words);
+    QTest::keyClick(&box, Qt::Key_Return);
+    clock.advance(std::chrono::seconds(1));
+    log_ << "?" + text(screen, "findresult");
+}
+
+std::string Owner::told()
 {
     return std::exchange(log_, {}).join('\n').toStdString();
 }

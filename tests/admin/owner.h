@@ -22,11 +22,12 @@ public:
     /// Shows the console and the screens named in it.
     void open(std::initializer_list<const char*> names);
     /// Does `steps` on a screen, separated by "; ": "name" presses a button, "name=text" types a text over
-    /// what a box holds, "name#2" chooses the third entry of a list, and "!..." is done to the file behind
-    /// the owner's back.
+    /// what a box holds, "name#2" chooses the third entry of a list, "?words" looks for words, "wait" lets a
+    /// second pass, and "!..." is done to the file behind the owner's back.
     void run(const QString& screen, const QString& steps);
-    /// The boxes since the last call, one a line: "Title: text", with a sign for the icon.
-    std::string boxes();
+    /// What was told since the last call, one a line: boxes as "Title: text" with a sign for the icon, what
+    /// came of looking for words as "?text", and what is noted while a question is typed as "~text".
+    std::string told();
     /// What an editor shows: texts, and the entries of its lists with a "*" at the chosen one.
     [[nodiscard]] std::string shown(const QString& screen) const;
     /// The buttons that are enabled, in alphabetical order, behind the name of what has the focus.
@@ -38,6 +39,8 @@ public:
     std::string answers; ///< 'y' or 'n' for each question to come
 
 private:
+    void find(const QString& screen, const QString& words);
+
     QStringList log_;
 };
 
