@@ -7,17 +7,17 @@ namespace admin {
 
 namespace {
 
-/// The text of the nearest label on the left of a control.
-QString captionOf(const QWidget& control)
+/// The nearest label on the left of a control.
+toolkit::Label* captionOf(const QWidget& control)
 {
-    const toolkit::Label* nearest = nullptr;
-    for (const auto* label : control.parentWidget()->findChildren<toolkit::Label*>()) {
+    toolkit::Label* nearest = nullptr;
+    for (auto* label : control.parentWidget()->findChildren<toolkit::Label*>()) {
         const bool sameRow =
             label->y() <= control.geometry().bottom() && control.y() <= label->geometry().bottom();
         if (sameRow && label->x() < control.x() && (!nearest || nearest->x() < label->x()))
             nearest = label;
     }
-    return nearest ? nearest->text().remove(':') : QString();
+    return nearest;
 }
 
 } // namespace
@@ -25,9 +25,13 @@ QString captionOf(const QWidget& control)
 void AdminForm::controlsDone()
 {
     Form::controlsDone();
-    for (auto* control : findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
-        if (qobject_cast<QLineEdit*>(control) || qobject_cast<QComboBox*>(control))
-            control->setAccessibleName(captionOf(*control));
+    for (auto* control : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        auto* caption = captionOf(*control);
+        if (!caption || !(qobject_cast<QLineEdit*>(control) || qobject_cast<QComboBox*>(control)))
+            continue;
+        control->setAccessibleName(caption->text().remove(':'));
+        caption->setBuddy(control); // the name of a list is what is chosen in it
+    }
 }
 
 } // namespace admin

@@ -20,6 +20,8 @@ protected:
     /// Belongs into the table of controls: a bar to type in what is to be found in the fields `searched`. It
     /// comes with Ctrl+F and F3.
     void addFindBar(const toolkit::TwipRect& place, double boxWidth, db::Fields searched);
+    /// Ends the table of controls, and gives the buttons that are named by signs a name for screen readers.
+    void controlsDone();
     void openRows(const db::Query& query);
     /// There is a row to be shown: the table is not empty.
     [[nodiscard]] bool hasRow() const;

@@ -1,5 +1,6 @@
 #include "owner.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -46,6 +47,34 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     EXPECT_EQ(owner.told(), "");
 }
 
+TEST(Console, TabReachesAllByNamesThatCanBeReadAloud)
+{
+    const std::pair<const char*, const char*> screens[] = {
+        {"login", "Username:, Password, Login, Exit"},
+        {"addquestions",
+         "Question, Answer1, Answer2, Answer3, Answer4, Correct Answer, Level:, ADD, SAVE, UPDATE, "
+         "DELETE, First, Previous, Next, Last, EXIT, Find:"},
+        {"messages", "Message:, First, Previous, Next, Last, ADD, SAVE, UPDATE, EXIT, CANCEL, Find:"},
+        {"changepassword", "Username:, Password:, New Password:, Retype Password:, Change, Cancel"},
+    };
+    for (const auto& [name, expected] : screens) {
+        Owner owner;
+        owner.open({name});
+        toolkit::Form& form = owner.form(name);
+        QWidget* const first = form.focusWidget();
+        QTest::keyClick(first, Qt::Key_F3);
+        first->setFocus();
+        QStringList names;
+        do {
+            const auto* reader = QAccessible::queryAccessibleInterface(form.focusWidget());
+            const auto labels = reader->relations(QAccessible::Label);
+            names << (labels.empty() ? reader : labels.front().first)->text(QAccessible::Name);
+            QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
+        } while (form.focusWidget() != first && names.size() < 30);
+        EXPECT_EQ(names.join(", ").toStdString(), expected);
+    }
+}
+
 TEST(Console, ALetterOfMenuAndWindowPressesTheButton)
 {
     Owner owner;
@@ -56,12 +85,12 @@ TEST(Console, ALetterOfMenuAndWindowPressesTheButton)
     box.setText("changed");
     QTest::keyClick(&box, Qt::Key_U, Qt::AltModifier);
     EXPECT_EQ(owner.told(), "Admin: (i) Updated");
-    EXPECT_EQ(owner.messages(), "changed| really? ");
+    EXPECT_EQ(owner.stored("messages"), "changed| really? ");
 
     const auto menuOpens = [&owner](QWidget& control) {
         QTest::keyClick(&control, Qt::Key_U, Qt::AltModifier);
         auto* open = QApplication::activePopupWidget();
-        const bool opens = open && open->objectName() == "users" && owner.told().empty();
+        const bool opens = open && open->objectName() == "users" && owner.told().isEmpty();
         if (open)
             QTest::keyClick(open, Qt::Key_Escape);
         return opens;
@@ -78,7 +107,7 @@ TEST(Console, ALetterOfMenuAndWindowPressesTheButton)
     EXPECT_EQ(window->size(), owner.form("messages").size().grownBy(window->contentsMargins()));
     QTest::keyClick(&box, Qt::Key_Return);
     QTest::keyClick(&box, Qt::Key_Escape);
-    EXPECT_EQ(owner.messages(), "changed| really? ");
+    EXPECT_EQ(owner.stored("messages"), "changed| really? ");
     EXPECT_TRUE(owner.screens.find("messages"));
 }
 

@@ -11,21 +11,17 @@ namespace {
 using Row = QStringList; // number, question, four answers, right answer, level; without blanks at the ends
 
 const QString screen = "addquestions";
-const QStringList controls = {"question", "answer1",       "answer2", "answer3",
-                              "answer4",  "correctanswer", "level"};
-const QStringList buttons = {"cmdfirst",    "cmdprevious", "cmdnext",  "cmdlast", "?a",
-                             "?drop table", "cmdadd",      "cmdsave",  "cmdsave", "cmdupdate",
-                             "cmdexit",     "cmdcancel",   "cmddelete"};
-const QStringList texts = {"",
-                           " ",
-                           "a",
-                           "b ",
-                           " c",
-                           "');drop table questions;--",
-                           "\"q\" `t` [x] /* % _ ? */",
-                           "a\tb\u0001c\u007F\u202E\u05E9\u05DC\u202C",
-                           "e\u0301\u0915\u094D\u0937\u093F \U0001F9DE\u200D\u2640\uFE0F \u0130\u00DF\uFB01",
-                           "line\nbreak\r\n\u2028end"};
+const QStringList controls =
+    QString("question answer1 answer2 answer3 answer4 correctanswer level").split(' ');
+const QStringList buttons =
+    QString("cmdfirst cmdprevious cmdnext cmdlast ?a ?drop cmdadd cmdsave cmdsave cmdupdate "
+            "cmdexit cmdcancel cmddelete")
+        .split(' ');
+const QStringList texts =
+    QString("~ ~a~b ~ c~');drop table questions;--~\"q\" `t` [x] /* % _ ? */~line\nbreak\r\n\u2028end~"
+            "a\tb\u0001c\u007F\u202E\u05E9\u05DC\u202C~"
+            "e\u0301\u0915\u094D\u0937\u093F \U0001F9DE\u200D\u2640\uFE0F \u0130\u00DF\uFB01")
+        .split('~');
 
 /// Does whatever comes to mind in the question editor. The file changes only as a box says, into what was
 /// shown; an editor that moves shows a row of the file; what was typed is lost only by what is known to drop
@@ -119,7 +115,7 @@ private:
         run(step);
         owner_.answers.clear();
 
-        const QString told = QString::fromStdString(owner_.told());
+        const QString told = owner_.told();
         const bool moves =
             told.contains("?Found") || QString("cmdfirst cmdprevious cmdnext cmdlast").contains(step);
         const bool open = owner_.screens.find(screen);

@@ -49,6 +49,17 @@ std::string trace(db::Recordset& rows, const std::string& moves, const char* fie
     return places;
 }
 
+std::string round(const db::Recordset& rows, qint64 most)
+{
+    static constexpr std::array fields = {"question_id"};
+    db::Round round(rows, fields);
+    QStringList passed;
+    for (auto slice = round.next(most); !slice.empty() && passed.size() < 99; slice = round.next(most))
+        for (const db::Passed& row : slice)
+            passed << row.texts.join("") + ",";
+    return passed.join("").toStdString();
+}
+
 db::Failure failureOf(const std::function<void()>& work)
 {
     try {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "db/recordset.h"
+#include "db/round.h"
 #include "support/bank.h"
 
 #include <gtest/gtest.h>
@@ -27,6 +27,9 @@ std::string place(const db::Recordset& rows, const char* field = "question_id");
 /// Does the moves one after the other and tells the place after each, behind a "!" if the move failed.
 /// Moves are "first", "last", "delete" and numbers of rows.
 std::string trace(db::Recordset& rows, const std::string& moves, const char* field = "question_id");
+
+/// The rows that a round passes, by their question_id, taken so many at a time.
+std::string round(const db::Recordset& rows, qint64 most);
 
 /// The Failure that `work` throws.
 db::Failure failureOf(const std::function<void()>& work);

@@ -1,6 +1,7 @@
 #include "support/doubles.h"
 #include "toolkit/desktop_services.h"
 #include "toolkit/text.h"
+#include "toolkit/text_box.h"
 #include "toolkit/twips.h"
 
 #include <QApplication>
@@ -135,6 +136,42 @@ TEST(Text, IsShrunkAndThenShortenedUntilItFits)
         EXPECT_LE(needed.width(), box.width()) << text.first(qMin(20, text.size())).toStdString();
         EXPECT_TRUE(fit.text.isValidUtf16());
         EXPECT_EQ(fit.text == text, whole) << text.first(qMin(20, text.size())).toStdString();
+    }
+}
+
+TEST(TextBox, OfWhatIsEnteredTheBeginningIsTakenAsFarAsItFits)
+{
+    const QString face = "\U0001F9DE";
+    const QString full = face.repeated(15);
+    const QString stored = QString(20, 'z'); // longer than the limit
+    struct Case
+    {
+        QString before;
+        int selected; ///< units at the beginning; none: the cursor stands behind two
+        QString entered;
+        QString after;
+    };
+    const Case cases[] = {
+        {{}, 0, face.repeated(20), full},
+        {full, 0, "x", full},
+        {full, 4, "abc", "ab" + face.repeated(13)},
+        {{}, 0, "a line\r\n", "a line"},
+        {stored, 0, "y", stored},
+        {stored, 1, "", stored.chopped(1)},
+    };
+    for (const Case& c : cases) {
+        TextBox box(nullptr);
+        box.setLimit(15);
+        box.setText(c.before);
+        box.setCursorPosition(2);
+        if (c.selected > 0)
+            box.setSelection(0, c.selected);
+        box.insert(c.entered);
+        QApplication::processEvents();
+        EXPECT_EQ(box.text(), c.after);
+        if (c.after != c.before)
+            box.undo();
+        EXPECT_EQ(box.text(), c.before);
     }
 }
 
