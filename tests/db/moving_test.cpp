@@ -26,32 +26,25 @@ TEST(Moving, WalkAndListStepAlike)
 
 TEST(Moving, ARoundPassesEveryRowOnceAndEndsWithTheCurrentOne)
 {
+    // Moves, what others delete then, the rows passed by a walk and by a list of keys.
     const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-        {"first", "", "13,15,17,11,", ""},
-        {"first 1", "", "15,17,11,13,", ""},
-        {"last", "", "11,13,15,17,", ""},
-        {"last 1", "", "11,13,15,17,", ""},
-        {"first 1 delete", "", "11,15,17,", ""},
-        {"first 2", "delete from questions where question_id in (15, 17)", "11,13,", ",11,13,,"},
+        {"first 1", "0", "15,11,13,", "15,11,13,"}, {"last", "0", "11,13,15,", "11,13,15,"},
+        {"last 1", "0", "11,13,15,", "11,13,15,"},  {"first 1 delete", "0", "11,15,", "11,15,"},
+        {"first 1", "13, 15", "11,", ",11,,"},      {"last", "11, 13, 15", "", ",,,"},
     };
     for (const auto& query : {allQuestions(), questionsOfLevel("1"), questionIdsOfLevel("1")}) {
         for (const auto& [moves, others, walked, listed] : cases) {
-            for (const qint64 most : {1, 2, 3, 9}) {
-                SCOPED_TRACE(std::string(moves) + others);
+            for (const qint64 most : {1, 2, 9}) {
                 const Bank bank;
-                bank.execute("update questions set question_id = 17 where question_id = 14;"
-                             "delete from questions where question_id not in (11, 13, 15, 17)");
+                bank.execute("delete from questions where question_id not in (11, 13, 15)");
                 auto rows = open(bank, query);
-                const auto at = trace(rows, moves);
-                bank.execute(others);
+                trace(rows, moves);
+                bank.execute(std::string("delete from questions where question_id in (") + others + ")");
                 const auto passed = round(rows, most);
-                EXPECT_TRUE(passed == walked || passed == listed) << passed;
+                EXPECT_TRUE(passed == walked || passed == listed) << moves << " " << others << ": " << passed;
             }
         }
     }
-    const Bank bank;
-    bank.execute("delete from questions");
-    EXPECT_EQ(round(open(bank, allQuestions()), 2), "");
 }
 
 TEST(Moving, EachQuerySelectsItsRowsForReading)

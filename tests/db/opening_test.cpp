@@ -86,15 +86,6 @@ TEST(Opening, ATableThatCannotBeUsedIsRefusedInWords)
         EXPECT_EQ(failure.cause(), cause) << script;
         EXPECT_TRUE(failure.message().contains(QString::fromLatin1(words))) << failure.what();
     }
-    for (const std::string id : {"text primary key); insert into questions (question_id) values (1",
-                                 "integer primary key); insert into questions (question_id) values ('q1'"}) {
-        const Bank bank;
-        bank.execute(
-            "drop table questions; create table questions (question, answer1, answer2, answer3, answer4,"
-            "correct_answer, Level, a, b, c, d, question_id " +
-            std::string(id).insert(id.find(')') + 1, " without rowid") + ")");
-        EXPECT_EQ(failureOf([&] { open(bank, allQuestions()); }).cause(), Cause::NoField) << id;
-    }
 }
 
 } // namespace db_test

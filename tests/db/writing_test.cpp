@@ -21,13 +21,16 @@ TEST(Writing, OnlyTheFieldsThatWereSetAreWritten)
 // Whatever tool made the table, it is walked in the order of question_id, and a new row gets a number.
 TEST(Writing, ANewRowIsCurrentWithItsNumberForEveryKindOfQuestionId)
 {
-    const std::pair<std::string, const char*> tables[] = {
-        {"question_id integer primary key", ""},
-        {"question_id integer", ""},
-        {"question_id text, rowid", ""},
-        {"QUESTION_ID integer primary key", "without rowid"},
+    const std::tuple<std::string, const char*, bool> tables[] = {
+        {"question_id integer primary key", "", true},
+        {"question_id integer", "", true},
+        {"question_id text, rowid", "", true},
+        {"QUESTION_ID integer primary key", "without rowid", true},
+        {"question_id text primary key", "without rowid", false},
+        {"question_id integer primary key", "without rowid; insert into questions (question_id) values ('q')",
+         false},
     };
-    for (const auto& [id, options] : tables) {
+    for (const auto& [id, options, isServed] : tables) {
         SCOPED_TRACE(id + options);
         const Bank bank;
         bank.execute("drop table questions; create table Questions (" + id +
@@ -35,7 +38,12 @@ TEST(Writing, ANewRowIsCurrentWithItsNumberForEveryKindOfQuestionId)
                      " answer3, answer4, correct_answer, LEVEL, a, b, c, d) " +
                      options);
         bank.execute("insert into questions (question_id) values (3), (-1), (10)");
+        if (!isServed) {
+            EXPECT_EQ(failureOf([&] { open(bank, allQuestions()); }).cause(), Cause::NoField);
+            continue;
+        }
         auto rows = open(bank, allQuestions());
+        EXPECT_EQ(round(rows, 2), "3,10,-1,");
         EXPECT_EQ(trace(rows, "first 1 1 1 -1 -1 last 1"), "-1 3 10 eof 10 3 10 eof");
         rows.AddNew();
         EXPECT_FALSE(rows.Bof() || rows.Eof());

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QFontMetrics>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QScreen>
 #include <QSize>
@@ -99,6 +100,7 @@ TEST(Dialogs, ALongTextIsWholeInABoxThatFitsTheScreen)
         EXPECT_TRUE(box->screen()->availableSize().expandedTo(box->frameSize()) ==
                     box->screen()->availableSize());
         EXPECT_EQ(box->findChild<QPlainTextEdit*>()->toPlainText(), text);
+        EXPECT_EQ(qobject_cast<QMessageBox*>(box)->icon(), QMessageBox::Warning);
         QTest::keyClick(box, Qt::Key_Return);
     });
     DesktopDialogs().notice(nullptr, "Orvanta", text, Dialogs::Icon::Exclamation);
