@@ -272,11 +272,6 @@ void Recordset::Update()
     }
 }
 
-void Recordset::CancelUpdate()
-{
-    state().edit.reset();
-}
-
 void Recordset::Delete()
 {
     State& rows = state();

@@ -39,7 +39,6 @@ public:
     /// Stands on the first row afterwards. An open recordset is closed first.
     void Open(const Query& query, Connection& connection, Lock lock);
     void Close() noexcept;
-    [[nodiscard]] bool isOpen() const noexcept { return state_ != nullptr; }
 
     /// Stands on a row.
     [[nodiscard]] bool hasRow() const;
@@ -83,7 +82,6 @@ public:
     /// A row that was read and has been changed by somebody else since then is a Failure (RowChanged)
     /// until it is read anew; that the tallies of a question have grown does not count.
     void Update();
-    void CancelUpdate();
 
     /// Deletes the current row at once, with the same regard for changes by others. The moves go on from
     /// its place.

@@ -64,9 +64,8 @@ TEST(Moving, EachQuerySelectsItsRowsForReading)
     for (const auto& [query, field, places] : cases) {
         auto rows = connection.Execute(query);
         EXPECT_EQ(trace(rows, "first 1 last 1", field), places);
-        EXPECT_EQ(failureOf([&] { rows.AddNew(); }).cause(), Cause::ReadOnly);
-        EXPECT_EQ(failureOf([&] { rows.set(field, 2); }).cause(), Cause::ReadOnly);
-        EXPECT_EQ(failureOf([&] { rows.Delete(); }).cause(), Cause::ReadOnly);
+        for (const char* change : {"new", "set", "delete"})
+            EXPECT_TRUE(trace(rows, change, field).starts_with("!readonly:"));
     }
 }
 
