@@ -79,7 +79,7 @@ cmdlast; question=The rivers that flow past Delhi in 1947; wait; cmdfirst => ~ +
 TEST(Finding, IsDoneByKeysAndEndedByEscape)
 {
     Owner owner;
-    owner.open({"addquestions"});
+    owner.open({"messages", "addquestions"});
     const auto press = [&](Qt::Key key) { QTest::keyClick(owner.form("addquestions").focusWidget(), key); };
     const auto lookAfterASecond = [&] {
         owner.clock.advance(std::chrono::seconds(1));
