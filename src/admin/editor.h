@@ -4,8 +4,6 @@
 #include "admin/row_scan.h"
 #include "toolkit/text_box.h"
 
-class QShortcut;
-
 namespace admin {
 
 /// What the two editors share: rows of their own that four buttons walk along and a search leaps along, and
@@ -45,6 +43,8 @@ protected:
     /// Fills the boxes from the current row, or empties them if there is none.
     virtual void displayrow() = 0;
 
+    void keyPressEvent(QKeyEvent* event) override;
+
     db::Recordset rows;
     bool adding = false;
 
@@ -60,7 +60,7 @@ protected:
 private:
     void go(const std::function<void()>& move);
 
-    QShortcut* addShortcut(const QKeySequence& keys, void (Editor::*handler)());
+    void addShortcut(const QKeySequence& keys, void (Editor::*handler)());
     void showFindBar(bool shown);
     void tellFinder(const QString& text);
     void openFindBar();
@@ -76,7 +76,6 @@ private:
     toolkit::Label* findCaption_ = nullptr;
     toolkit::TextBox* findWords_ = nullptr;
     toolkit::Label* findResult_ = nullptr;
-    QShortcut* escape_ = nullptr;
     db::Fields searched_;
     RowScan search_;
 };

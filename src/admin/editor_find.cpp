@@ -4,6 +4,8 @@
 
 #include "admin/matching.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QShortcut>
 
 namespace admin {
@@ -42,23 +44,31 @@ void Editor::addFindBar(const toolkit::TwipRect& place, double boxWidth, db::Fie
     });
     addShortcut(Qt::CTRL | Qt::Key_F, &Editor::openFindBar);
     addShortcut(Qt::Key_F3, &Editor::findNext);
-    escape_ = addShortcut(Qt::Key_Escape, &Editor::leaveFindBar);
-    escape_->setEnabled(false);
 }
 
-QShortcut* Editor::addShortcut(const QKeySequence& keys, void (Editor::*handler)())
+void Editor::addShortcut(const QKeySequence& keys, void (Editor::*handler)())
 {
     auto* shortcut = new QShortcut(keys, this);
     shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-    connect(shortcut, &QShortcut::activated, this, [this, handler] { run([&] { (this->*handler)(); }); });
-    return shortcut;
+    connect(shortcut, &QShortcut::activated, this, [this, handler] {
+        // A key that was pressed while the window was busy may come after the box that tells why.
+        if (!QApplication::activeModalWidget())
+            run([&] { (this->*handler)(); });
+    });
+}
+
+void Editor::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && findWords_->isVisible())
+        run([this] { leaveFindBar(); });
+    else
+        AdminForm::keyPressEvent(event);
 }
 
 void Editor::showFindBar(bool shown)
 {
     for (QWidget* control : std::initializer_list<QWidget*>{findCaption_, findWords_, findResult_})
         control->setVisible(shown);
-    escape_->setEnabled(shown);
 }
 
 void Editor::tellFinder(const QString& text)
