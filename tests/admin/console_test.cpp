@@ -12,8 +12,9 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
 {
     Owner owner;
     owner.open({"addquestions", "messages", "changepassword"});
+    EXPECT_TRUE(owner.form("admin").isMaximized());
     auto& area = *owner.form("admin").findChild<QMdiArea*>();
-    EXPECT_EQ(area.subWindowList().size(), 3);
+    const auto inFront = [&] { return area.activeSubWindow()->widget()->objectName(); };
     auto* const editor = area.subWindowList().front();
     EXPECT_TRUE(editor->isMaximized());
     editor->showNormal();
@@ -21,9 +22,9 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     for (const char* item : {"add", "message", "cnangepassword"})
         owner.form("admin").findChild<QAction*>(item)->trigger();
     EXPECT_EQ(area.subWindowList().size(), 3);
-    EXPECT_EQ(area.activeSubWindow()->widget()->objectName(), "changepassword");
+    EXPECT_EQ(inFront(), "changepassword");
     owner.screens.show("messages");
-    EXPECT_EQ(area.activeSubWindow()->widget()->objectName(), "messages");
+    EXPECT_EQ(inFront(), "messages");
 
     owner.run("addquestions", "answer2=x; cmdupdate"); // refused: no right answer is chosen any more
     owner.screens.show("messages");

@@ -130,7 +130,7 @@ void Owner::run(const QString& screen, const QString& steps)
         } else {
             auto& list = control<ChoiceList>(screen, step.first(parts));
             list.setFocus(Qt::MouseFocusReason);
-            list.setCurrentIndex(step.mid(parts + 1).toInt());
+            list.setCurrentIndex(std::min(step.mid(parts + 1).toInt(), list.count() - 1));
         }
     }
 }

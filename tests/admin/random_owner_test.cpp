@@ -42,10 +42,10 @@ public:
         const auto choice = pick(20);
         const QString& step = buttons[pick(buttons.size())];
         if (choice < 7)
-            type(controls[pick(controls.size())], pick(texts.size()));
+            type(pick(controls.size()), pick(texts.size()));
         else if (choice < 10)
-            for (const QString& control : controls)
-                type(control, 2 + pick(texts.size() - 2));
+            for (qsizetype i = 0; i < controls.size(); ++i)
+                type(i, 2 + pick(texts.size() - 2));
         else if (choice == 10)
             owner_.form(screen).parentWidget()->close();
         else if (step.startsWith('?') || owner_.control<QWidget>(screen, step).isEnabled())
@@ -87,13 +87,9 @@ private:
         owner_.run(screen, step);
     }
 
-    void type(const QString& control, qsizetype text)
+    void type(qsizetype control, qsizetype text)
     {
-        const auto* list = dynamic_cast<toolkit::ChoiceList*>(&owner_.control<QWidget>(screen, control));
-        if (!list)
-            run(control + "=" + texts[text]);
-        else if (list->count() > 0)
-            run(control + "#" + QString::number(pick(list->count())));
+        run(controls[control] + (control < 5 ? "=" + texts[text] : "#" + QString::number(pick(3))));
     }
 
     void press(const QString& step, const QStringList& before)

@@ -80,6 +80,8 @@ TEST(Moving, ARecordsetOpensAgainOnAnotherSourceAndOutlivesItsConnection)
         rows.Open(questionByKey(25), connection, db::Lock::Optimistic);
     }
     EXPECT_EQ(place(rows, "level"), "2");
+    rows.Close();
+    EXPECT_EQ(failureOf([&] { rows.MoveFirst(); }).cause(), Cause::Other);
 }
 
 } // namespace db_test
