@@ -106,6 +106,7 @@ void AddQuestions::displayrecord()
     const auto stored = [this](const char* field) { return hasRow() ? rows.text(field) : QString(); };
     questionid->setText(stored(schema::questionId));
     question->setText(stored(schema::question));
+    note({});
     for (std::size_t i = 0; i < answers.size(); ++i)
         answers[i]->setText(stored(schema::answers[i]));
     correctanswer->clear();
@@ -158,15 +159,21 @@ void AddQuestions::lookForNear()
         },
         [this](const db::Passed* row) {
             if (row)
-                near->setText(QString("The bank has one nearly like it, number %1: %2")
-                                  .arg(row->texts[0], row->texts[1]));
+                note(QString("The bank has one nearly like it, number %1: %2")
+                         .arg(row->texts[0], row->texts[1]));
         });
+}
+
+void AddQuestions::note(const QString& text)
+{
+    near->setText(text);
+    question->setAccessibleDescription(text);
 }
 
 void AddQuestions::addquestions_question_Change()
 {
     compare(schema::question, question->text());
-    near->setText("");
+    note({});
     nearScan.stop();
     pause->setEnabled(false);
     const bool typed =

@@ -27,6 +27,7 @@ private:
 
     /// Looks, once the owner pauses, whether the bank has nearly the question that is being typed in.
     void lookForNear();
+    void note(const QString& text);
     /// Notes whether what a control shows is something else than its field of the current row.
     void compare(const char* field, const QString& shown);
     [[nodiscard]] QuestionEntry entered() const;

@@ -65,8 +65,20 @@ protected:
         stand.screens.add(name, [=, this] { return std::make_unique<Page>(name, stand.services, log, load); },
                           {.behind = behind});
     }
+    void run(const QString& steps)
+    {
+        for (const QString& step : steps.split("; ", Qt::SkipEmptyParts))
+            step == "settle"          ? QTest::qWait(0)
+            : step.startsWith("show") ? stand.screens.show(step.mid(5))
+                                      : stand.screens.close(step.mid(6));
+    }
+    std::string after(const QString& steps)
+    {
+        stand.screens.onAllClosed([this] { log << "ended"; });
+        run(steps);
+        return takeLog();
+    }
     std::string takeLog() { return std::exchange(log, {}).join(", ").toStdString(); }
-    static void settle() { QTest::qWait(0); }
 
     QStringList log;
     support::Stand stand;
@@ -174,17 +186,9 @@ TEST_F(ScreensTest, AScreenIsOpenedOnceAndActivatedWhenAnotherWasActive)
 {
     add("a");
     add("b");
-    stand.screens.show("a");
-    stand.screens.show("a");
-    EXPECT_EQ(takeLog(), "a load, a loaded, a activate");
-    stand.screens.show("b");
-    stand.screens.show("a");
-    EXPECT_EQ(takeLog(), "b load, b loaded, b activate, a activate");
-    stand.screens.close("b");
-    stand.screens.close("b");
-    settle();
-    EXPECT_EQ(takeLog(), "b unload, a activate, b gone");
-    EXPECT_FALSE(stand.ended);
+    EXPECT_EQ(after("show a; show a"), "a load, a loaded, a activate");
+    EXPECT_EQ(after("show b; show a"), "b load, b loaded, b activate, a activate");
+    EXPECT_EQ(after("close b; close b; settle"), "b unload, a activate, b gone");
 }
 
 TEST_F(ScreensTest, AScreenThatIsShownWhileItLoadsBecomesVisibleButLoadsOnce)
@@ -192,55 +196,33 @@ TEST_F(ScreensTest, AScreenThatIsShownWhileItLoadsBecomesVisibleButLoadsOnce)
     add(
         "game",
         [this] {
-            stand.screens.show("backdrop");
-            EXPECT_TRUE(stand.form("game").isVisible());
-            EXPECT_TRUE(stand.form("backdrop").isVisible());
+            run("show backdrop");
+            EXPECT_TRUE(stand.form("game").isVisible() && stand.form("backdrop").isVisible());
         },
         "backdrop");
-    add("backdrop", [this] { stand.screens.show("game"); });
-    stand.screens.show("game");
-    EXPECT_EQ(takeLog(),
+    add("backdrop", [this] { run("show game"); });
+    EXPECT_EQ(after("show game"),
               "game load, backdrop load, game activate, backdrop loaded, backdrop activate, game loaded, "
               "game activate");
 }
 
 TEST_F(ScreensTest, AScreenThatClosesItselfWhileItLoadsStaysClosed)
 {
-    add("a", [this] {
-        stand.screens.close("a");
-        stand.screens.show("b");
-    });
+    add("a", [this] { run("close a; show b"); });
     add("b");
-    stand.screens.show("a");
-    EXPECT_EQ(stand.screens.find("a"), nullptr);
-    EXPECT_TRUE(stand.form("b").isVisible());
-    EXPECT_EQ(takeLog(), "a load, a unload, b load, b loaded, b activate, a loaded");
-    settle();
-    EXPECT_EQ(takeLog(), "a gone");
-    EXPECT_FALSE(stand.ended);
+    EXPECT_EQ(after("show a; settle"), "a load, a unload, b load, b loaded, b activate, a loaded, a gone");
+    EXPECT_TRUE(!stand.screens.find("a") && stand.form("b").isVisible());
 }
 
 TEST_F(ScreensTest, TheProgramEndsWhenNoScreenIsOpenButNotBetweenCloseAndShow)
 {
-    add("a");
-    add("b");
-    stand.screens.show("a");
-    stand.screens.close("a");
-    stand.screens.show("b");
-    settle();
-    EXPECT_FALSE(stand.ended);
-    stand.form("b").close(); // as the window manager does
-    EXPECT_EQ(stand.screens.find("b"), nullptr);
-    settle();
-    EXPECT_TRUE(stand.ended);
-}
-
-TEST_F(ScreensTest, AFailureInAHandlerBecomesABoxAndTheProgramGoesOn)
-{
     add("a", [] { throw std::runtime_error("The disk is full."); });
+    add("b");
     stand.dialogs.expectNotice("The disk is full.");
-    stand.screens.show("a");
-    EXPECT_TRUE(stand.form("a").isVisible());
+    EXPECT_EQ(after("show a"), "a load, a activate") << "a failure is told, and the program goes on";
+    EXPECT_EQ(after("close a; show b; settle"), "a unload, b load, b loaded, b activate, a gone");
+    stand.form("b").close(); // as the window manager does
+    EXPECT_EQ(after("settle"), "b unload, ended, b gone");
 }
 
 } // namespace toolkit
