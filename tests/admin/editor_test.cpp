@@ -66,7 +66,7 @@ cmdadd; ?delhi => ?SAVE or CANCEL the new one first. => empty one
 TEST(AddQuestions, NotesThatTheBankHasNearlyTheQuestionThatIsTypedIn)
 {
     expect("addquestions", R"(
-cmdadd; question=DELHI 1947: the river flows past; wait => near =>  => *
+cmdadd; question=DELHI, a river past it 1947; wait => near =>  => *
 cmdadd; question=By Delhi, which river flowed in 1947; wait => near =>  => *
 cmdadd; question=By Delhi, which river flowed in 1948; wait => ~ =>  => *
 cmdadd; question=Which river of Africa flows north in 1947; wait => ~ =>  => *

@@ -20,20 +20,20 @@ namespace {
 constexpr const char* content = R"(
 delete from questions; delete from locking;
 insert into questions values (1, 'One?', 'a', 'b', 'c', 'd', 'b', '1', 1, 1, 1, 1),
-    (2, 'Two?', 'e', 'f', null, 'h', 'F', '9', 1, 2, 3, 4), (7, 'Which rivers flow past Delhi in 1947?', ' i', 'j', 'k', 'i', 'i', '3', 9, 9, 9, 9);
+    (2, 'Two?', 'e', 'f', null, 'h', 'E', '9', 1, 2, 3, 4), (7, 'Which rivers flow past Delhi in 1947?', ' i', 'j', 'k', 'i', 'i', '3', 9, 9, 9, 9);
 insert into locking values ('sure?'), (' really? ');
 insert into users values ('owner', 'Secret word'), ('twin', 'same'), ('twin', 'same');
 )";
 
 constexpr const char* vocabulary = R"(
 one = 1|One?|a|b|c|d|a,*b,c,d|*1,2,3
-two = 2|Two?|e|f||h|e,*f,,h|1,2,3
+two = 2|Two?|e|f||h|*e,f,,h|1,2,3
 seven = 7|Which rivers flow past Delhi in 1947?| i|j|k|i| i,j,k,*i|1,2,*3
 mine = 1|mine|a|b|c|d|a,*b,c,d|*1,2,3
 new one = 8| New? |w|x| y|z|w,x,* y,z|,1,*2,3
 empty one = |||||||*,1,2,3
 1 = 1|One?|a|b|c|d|b|1|1111
-2 = 2|Two?|e|f|null|h|F|9|1234
+2 = 2|Two?|e|f|null|h|E|9|1234
 7 = 7|Which rivers flow past Delhi in 1947?| i|j|k|i|i|3|9999
 8 = 8|New?|w|x|y|z|y|2|1111
 empty = 
