@@ -155,7 +155,7 @@ void AddQuestions::lookForNear()
         db::Round(rows, comparedFields),
         [this, asked](const db::Passed& row) {
             const bool itself = !adding && hasRow() && row.place.key == rows.key();
-            return !itself && !row.texts.isEmpty() && Likeness(row.texts[1]).isNear(asked);
+            return !itself && !row.texts.isEmpty() && asked.isNear(row.texts[1]);
         },
         [this](const db::Passed* row) {
             if (row)

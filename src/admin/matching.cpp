@@ -59,8 +59,14 @@ Likeness::Likeness(const QString& question)
     }
 }
 
-bool Likeness::isNear(const Likeness& other) const
+bool Likeness::isNear(const QString& question) const
 {
+    // Most are told apart before they are taken to pieces.
+    const QString text = folded(question);
+    if (2 * std::ranges::count_if(words_, [&](const QString& word) { return text.contains(word); }) <
+        words_.size())
+        return false;
+    const Likeness other(question);
     if (numbers_ != other.numbers_)
         return false;
     const qsizetype common = (QSet<QString>(words_) & other.words_).size();

@@ -29,7 +29,7 @@ public:
     /// There is enough of it to be compared.
     [[nodiscard]] bool isTelling() const { return words_.size() + numbers_.size() > 1; }
     /// The numbers are the same, and half of all words of both.
-    [[nodiscard]] bool isNear(const Likeness& other) const;
+    [[nodiscard]] bool isNear(const QString& question) const;
 
 private:
     QSet<QString> words_;
