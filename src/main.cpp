@@ -17,15 +17,10 @@
 
 #include <QApplication>
 
-#include <cstdio>
-
 int main(int argc, char** argv)
 {
-    if (const auto problem = toolkit::prepareDesktop()) {
-        std::fprintf(stderr, "Orvanta cannot start: %s\n", problem->c_str());
+    if (!toolkit::prepareDesktop())
         return 1;
-    }
-    toolkit::silenceLibraryWarnings();
     const bool grown = toolkit::growToScreen(shell::Back::size);
     const QApplication application(argc, argv);
     if (grown)
@@ -51,7 +46,7 @@ int main(int argc, char** argv)
     screens.add("orv", [&] { return std::make_unique<game::Orv>(services, makeHost); }, {.behind = "back"});
     screens.add("login", [&] { return std::make_unique<admin::Login>(services); });
     screens.add("admin", [&] { return std::make_unique<admin::Console>(services); });
-    const toolkit::Screens::Place console{.inside = "admin"};
+    const toolkit::Screens::Ties console{.inside = "admin"};
     screens.add(
         "addquestions", [&] { return std::make_unique<admin::AddQuestions>(services); }, console);
     screens.add(

@@ -1,12 +1,24 @@
 #include "admin/add_questions.h"
 
+#include "admin/matching.h"
 #include "toolkit/screens.h"
 
 namespace admin {
 
+using namespace std::chrono_literals;
+
 namespace schema = db::schema;
 using toolkit::trimmed;
 using Icon = toolkit::Dialogs::Icon;
+
+namespace {
+
+constexpr std::array searchedFields = {schema::question, schema::answers[0], schema::answers[1],
+                                       schema::answers[2], schema::answers[3]};
+constexpr std::array comparedFields = {schema::questionId, schema::question};
+
+} // namespace
+
 AddQuestions::AddQuestions(toolkit::Services services)
     : Editor({.name = "addquestions",
               .caption = "Add Questions",
@@ -46,7 +58,12 @@ AddQuestions::AddQuestions(toolkit::Services services)
     cmdnext = button("cmdnext", {2520, 4920, 975, 255}, ">", {.tab = 14});
     cmdlast = button("cmdlast", {3720, 4920, 975, 255}, ">>", {.tab = 15});
     cmdexit = button("cmdexit", {4920, 4920, 855, 255}, "E&XIT", {.tab = 16});
+    near = label("near", {3360, 1200, 3435, 1845}, "", {});
+    addFindBar({240, 5340, 6555, 285}, 2700, searchedFields);
     // clang-format on
+    pause = timer("pause", 500ms, false);
+    pause->setSingleShot(true);
+    nearScan.setTimer(timer("nearscan", 1ms, false));
     controlsDone();
     questionid->setEnabled(false);
     cmdcancel->setEnabled(false);
@@ -56,7 +73,9 @@ AddQuestions::AddQuestions(toolkit::Services services)
 
 void AddQuestions::connectControls()
 {
-    onChange(question, [this] { compare(schema::question, question->text()); });
+    onChange(question, [this] { addquestions_question_Change(); });
+    onTick(pause, [this] { lookForNear(); });
+    onTick(nearScan.timer(), [this] { nearScan.slice(); });
     for (std::size_t i = 0; i < answers.size(); ++i)
         onChange(answers[i], [this, i] { addquestions_answer_Change(i); });
     onLostFocus(answers.back(), [this] { fillcorrectanswers(); });
@@ -87,6 +106,7 @@ void AddQuestions::displayrecord()
     const auto stored = [this](const char* field) { return hasRow() ? rows.text(field) : QString(); };
     questionid->setText(stored(schema::questionId));
     question->setText(stored(schema::question));
+    note({});
     for (std::size_t i = 0; i < answers.size(); ++i)
         answers[i]->setText(stored(schema::answers[i]));
     correctanswer->clear();
@@ -124,6 +144,41 @@ void AddQuestions::compare(const char* field, const QString& shown)
 {
     if (!adding && hasRow() && trimmed(rows.text(field)) != trimmed(shown))
         modified = true;
+}
+
+void AddQuestions::lookForNear()
+{
+    const Likeness asked(question->text());
+    if (!asked.isTelling())
+        return;
+    nearScan.begin(
+        db::Round(rows, comparedFields),
+        [this, asked](const db::Passed& row) {
+            const bool itself = !adding && hasRow() && row.place.key == rows.key();
+            return !itself && !row.texts.isEmpty() && asked.isNear(row.texts[1]);
+        },
+        [this](const db::Passed* row) {
+            if (row)
+                note(QString("The bank has one nearly like it, number %1: %2")
+                         .arg(row->texts[0], row->texts[1]));
+        });
+}
+
+void AddQuestions::note(const QString& text)
+{
+    near->setText(text);
+    question->setAccessibleDescription(text);
+}
+
+void AddQuestions::addquestions_question_Change()
+{
+    compare(schema::question, question->text());
+    note({});
+    nearScan.stop();
+    pause->setEnabled(false);
+    const bool typed =
+        adding || (hasRow() && trimmed(rows.text(schema::question)) != trimmed(question->text()));
+    pause->setEnabled(typed);
 }
 
 void AddQuestions::addquestions_answer_Change(std::size_t index)

@@ -23,8 +23,11 @@ private:
     /// The entry of the list that stands for a stored right answer, or that answer if none does.
     [[nodiscard]] QString entryFor(const QString& correctAnswer) const;
     void fillcorrectanswers();
-    void checkmodified();
+    void checkmodified() override;
 
+    /// Looks, once the owner pauses, whether the bank has nearly the question that is being typed in.
+    void lookForNear();
+    void note(const QString& text);
     /// Notes whether what a control shows is something else than its field of the current row.
     void compare(const char* field, const QString& shown);
     [[nodiscard]] QuestionEntry entered() const;
@@ -32,8 +35,8 @@ private:
     [[nodiscard]] bool check(const QuestionEntry& entry);
     void setFields(const QuestionEntry& entry);
 
+    void addquestions_question_Change();
     void addquestions_answer_Change(std::size_t index);
-    void addquestions_correctanswer_Change();
     void addquestions_cmdfirst_Click();
     void addquestions_cmdprevious_Click();
     void addquestions_cmdnext_Click();
@@ -48,6 +51,10 @@ private:
     /// A shown value was changed since modified was last cleared; matters only while browsing.
     bool modified = false;
 
+    toolkit::Timer* pause; ///< in the typing of a question
+    RowScan nearScan;
+
+    toolkit::Label* near;
     toolkit::TextBox* questionid;
     toolkit::TextBox* question;
     std::array<toolkit::TextBox*, 4> answers;

@@ -15,6 +15,9 @@ protected:
     }
 
     [[nodiscard]] QString boxTitle() const override { return "Admin"; }
+
+    /// Ends the table of controls, and gives each box and list the name of its label for screen readers.
+    void controlsDone();
 };
 
 } // namespace admin

@@ -9,6 +9,15 @@ Editor::Editor(toolkit::FormSettings settings, toolkit::Services services, QStri
 {
 }
 
+void Editor::controlsDone()
+{
+    AdminForm::controlsDone();
+    cmdfirst->setAccessibleName("First");
+    cmdprevious->setAccessibleName("Previous");
+    cmdnext->setAccessibleName("Next");
+    cmdlast->setAccessibleName("Last");
+}
+
 void Editor::openRows(const db::Query& query)
 {
     try {

@@ -30,6 +30,7 @@ Messages::Messages(toolkit::Services services)
     cmdupdate = button("cmdupdate", {1080, 2040, 1575, 255}, "&UPDATE", {.tab = 7});
     cmdsave = button("cmdsave", {3000, 2040, 615, 255}, "&SAVE", {.tab = 6});
     auto* cmdexit = button("cmdexit", {3960, 2040, 615, 255}, "E&XIT", {.tab = 8});
+    addFindBar({120, 840, 4650, 300}, 1620, db::schema::messageFields);
     // clang-format on
     controlsDone();
 

@@ -27,11 +27,6 @@ void Connection::Open(const QString& path, std::chrono::milliseconds patience)
     handle_ = std::make_shared<Handle>(path, patience);
 }
 
-QString Connection::path() const
-{
-    return handle_ ? handle_->path() : QString();
-}
-
 void Connection::require(const schema::Table& table)
 {
     layoutOf(*handle(), table);

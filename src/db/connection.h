@@ -24,9 +24,6 @@ public:
     /// later call waits for a file that another program has locked.
     void Open(const QString& path, std::chrono::milliseconds patience = std::chrono::seconds(3));
 
-    [[nodiscard]] bool isOpen() const { return handle_ != nullptr; }
-    [[nodiscard]] QString path() const;
-
     /// The rows of `query` for reading, on the first row.
     Recordset Execute(const Query& query);
 

@@ -1,8 +1,8 @@
 #include "db/cursor.h"
 
+#include <algorithm>
 #include <optional>
 #include <utility>
-#include <vector>
 
 namespace db {
 namespace {
@@ -23,11 +23,18 @@ public:
 
     void step(Direction direction, qint64 skipped) override
     {
-        const bool fromKey = position() == Position::Row || position() == Position::Gap;
-        if (const auto found = neighbour(direction, fromKey, skipped))
+        if (const auto found = neighbour(direction, keyAt(bookmark()).has_value(), skipped))
             goTo({Position::Row, *found});
         else
             goTo({direction == Direction::Forward ? Position::After : Position::Before});
+    }
+
+    std::vector<Bookmark> behind(const Bookmark& place, qint64 most) override
+    {
+        std::vector<Bookmark> places;
+        for (const qint64 next : keys(Direction::Forward, keyAt(place), 0, most))
+            places.push_back({Position::Row, next});
+        return places;
     }
 
     void added(qint64 key) override { goTo({Position::Row, key}); }
@@ -40,16 +47,31 @@ private:
         goTo({found ? Position::Row : Position::Empty, found.value_or(0)});
     }
 
+    static std::optional<qint64> keyAt(const Bookmark& place)
+    {
+        const bool hasKey = place.position == Position::Row || place.position == Position::Gap;
+        return hasKey ? std::optional(place.key) : std::nullopt;
+    }
+
     std::optional<qint64> neighbour(Direction direction, bool fromKey, qint64 skipped)
     {
-        return handle_.reading([&]() -> std::optional<qint64> {
+        const auto found = keys(direction, fromKey ? std::optional(key()) : std::nullopt, skipped, 1);
+        return found.empty() ? std::nullopt : std::optional(found.front());
+    }
+
+    std::vector<qint64> keys(Direction direction, std::optional<qint64> from, qint64 skipped, qint64 most)
+    {
+        return handle_.reading([&] {
             std::vector<Value> values = query_.values;
-            if (fromKey)
-                values.emplace_back(key());
-            values.emplace_back(skipped);
+            if (from)
+                values.emplace_back(*from);
+            values.insert(values.end(), {most, skipped});
             auto statement =
-                handle_.prepared(sql::neighbour(*query_.source, key_, direction, fromKey), values);
-            return statement.executeStep() ? std::optional(statement.getColumn(0).getInt64()) : std::nullopt;
+                handle_.prepared(sql::neighbours(*query_.source, key_, direction, from.has_value()), values);
+            std::vector<qint64> found;
+            while (statement.executeStep())
+                found.push_back(statement.getColumn(0).getInt64());
+            return found;
         });
     }
 
@@ -86,6 +108,15 @@ public:
             skipped < here ? goToIndex(here - 1 - skipped) : goTo({Position::Before});
     }
 
+    std::vector<Bookmark> behind(const Bookmark& place, qint64 most) override
+    {
+        std::vector<Bookmark> places;
+        const qint64 first = place.position == Position::Row ? place.index + 1 : 0;
+        for (qint64 index = first; index < std::min(size(), first + most); ++index)
+            places.push_back(at(index));
+        return places;
+    }
+
     void added(qint64 key) override
     {
         keys_.push_back(key);
@@ -101,7 +132,12 @@ public:
 private:
     [[nodiscard]] qint64 size() const { return static_cast<qint64>(keys_.size()); }
 
-    void goToIndex(qint64 index) { goTo({Position::Row, keys_[static_cast<std::size_t>(index)], index}); }
+    [[nodiscard]] Bookmark at(qint64 index) const
+    {
+        return {Position::Row, keys_[static_cast<std::size_t>(index)], index};
+    }
+
+    void goToIndex(qint64 index) { goTo(at(index)); }
 
     std::vector<qint64> keys_;
 };

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "db/bookmark.h"
 #include "db/handle.h"
 #include "db/layout.h"
 #include "db/statements.h"
 
 #include <memory>
+#include <vector>
 
 namespace db {
 
@@ -12,22 +14,6 @@ namespace db {
 class Cursor
 {
 public:
-    enum class Position {
-        Empty,  ///< there was no row when the cursor was last sent to one end
-        Before, ///< in front of the first row
-        Row,
-        Gap, ///< where the current row was deleted
-        After
-    };
-
-    /// Where a cursor stands, to send it back there.
-    struct Bookmark
-    {
-        Position position = Position::Empty;
-        qint64 key = 0;
-        qint64 index = 0; ///< in a list of keys; in a gap that of the row behind it
-    };
-
     virtual ~Cursor() = default;
     Cursor() = default;
     Cursor(const Cursor&) = delete;
@@ -45,6 +31,10 @@ public:
 
     /// Moves past `skipped` rows to the one behind them, or off the end.
     virtual void step(sql::Direction direction, qint64 skipped) = 0;
+
+    /// The places of the next rows behind `place`, at most `most`; without a row there, from the first one
+    /// on.
+    [[nodiscard]] virtual std::vector<Bookmark> behind(const Bookmark& place, qint64 most) = 0;
 
     virtual void added(qint64 key) = 0;
     virtual void deleted() = 0;

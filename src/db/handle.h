@@ -37,6 +37,16 @@ public:
         return attempt(Attempt::Read, work);
     }
 
+    /// As reading(), with the file as it is at one moment.
+    template <class Work>
+    auto readingAtOnce(Work work)
+    {
+        return attempt(Attempt::Read, [&] {
+            const SQLite::Transaction moment(database_);
+            return work();
+        });
+    }
+
     /// Runs `work` as one durable transaction, which is undone when anything in it throws.
     template <class Work>
     auto changing(Work work)

@@ -11,6 +11,7 @@ struct Column
 {
     QString name;
     bool inPrimaryKey;
+    bool keepsWholeNumbers; ///< and makes such of texts that look like them
 };
 
 bool named(const Column& column, const QString& name)
@@ -30,8 +31,9 @@ std::vector<Column> columnsOf(Handle& handle, const Value& table)
     std::vector<Column> columns;
     auto statement = handle.prepared(sql::columns, {&table, 1});
     while (statement.executeStep()) {
-        columns.push_back(
-            {QString::fromUtf8(statement.getColumn(0).getText()), statement.getColumn(1).getInt() != 0});
+        const QString type = QString::fromUtf8(statement.getColumn(2).getText());
+        columns.push_back({QString::fromUtf8(statement.getColumn(0).getText()),
+                           statement.getColumn(1).getInt() != 0, type.contains("int", Qt::CaseInsensitive)});
     }
     return columns;
 }
@@ -68,6 +70,8 @@ Layout readLayout(Handle& handle, const QString& table, const QStringList& field
     const QString key = hasRowNumbers ? rowNumberName(columns) : idIsPrimaryKey ? id : QString();
     if (key.isEmpty())
         throw noTable(handle.path(), table);
+    if (key == id && (!find(columns, id)->keepsWholeNumbers || handle.prepared(sql::strayId).executeStep()))
+        throw noNumbers(handle.path(), table, id);
     // A primary key without an index of its own is another name of the row number.
     const bool alias = idIsPrimaryKey && !handle.prepared(sql::keyIndexes, {&name, 1}).executeStep();
     return {key.toStdString(), alias};

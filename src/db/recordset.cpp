@@ -9,7 +9,6 @@
 
 namespace db {
 
-using Position = Cursor::Position;
 using sql::Direction;
 
 /// What an open recordset holds.
@@ -46,7 +45,7 @@ struct Recordset::State
     // A row that may be changed is read at once, so that a move that fails leaves everything as it was.
     void move(Direction direction, const std::function<void()>& step)
     {
-        const Cursor::Bookmark former = cursor->bookmark();
+        const Bookmark former = cursor->bookmark();
         try {
             step();
             row = lock == Lock::Optimistic ? arrived(direction) : std::nullopt;
@@ -190,6 +189,32 @@ void Recordset::Move(qint64 rows)
     state().move(direction, [&] { cursor.step(direction, skipped); });
 }
 
+Bookmark Recordset::bookmark() const
+{
+    return state().cursor->bookmark();
+}
+
+void Recordset::goTo(const Bookmark& place)
+{
+    state().move(Direction::Forward, [&] { state().cursor->goTo(place); });
+}
+
+std::vector<Passed> Recordset::behind(const Bookmark& place, qint64 most, Fields fields) const
+{
+    std::vector<FieldIndex> indexes;
+    for (const char* field : fields)
+        indexes.push_back(state().access.indexOf(field));
+    const auto places = state().cursor->behind(place, most);
+    std::vector<qint64> keys;
+    for (const Bookmark& each : places)
+        keys.push_back(each.key);
+    const auto texts = state().access.texts(keys, indexes);
+    std::vector<Passed> rows;
+    for (std::size_t i = 0; i < places.size(); ++i)
+        rows.push_back({places[i], texts[i]});
+    return rows;
+}
+
 qint64 Recordset::key() const
 {
     state().requireRow(Attempt::Read);
@@ -245,11 +270,6 @@ void Recordset::Update()
     } else {
         rows.row = rows.access.change(rows.cursor->key(), rows.row, edit->values);
     }
-}
-
-void Recordset::CancelUpdate()
-{
-    state().edit.reset();
 }
 
 void Recordset::Delete()

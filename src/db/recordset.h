@@ -1,16 +1,26 @@
 #pragma once
 
+#include "db/bookmark.h"
 #include "db/connection.h"
 
 #include <QAnyStringView>
+#include <QStringList>
 
 #include <memory>
+#include <vector>
 
 namespace db {
 
 enum class Lock {
     ReadOnly,
     Optimistic ///< rows may be changed; the file is locked only while a change is written
+};
+
+/// A row that was read in passing.
+struct Passed
+{
+    Bookmark place;
+    QStringList texts; ///< of the fields that were asked for; empty if the row is gone
 };
 
 /// A cursor over the rows of a query: it holds keys and the current row, which is read when a field of it is
@@ -29,7 +39,6 @@ public:
     /// Stands on the first row afterwards. An open recordset is closed first.
     void Open(const Query& query, Connection& connection, Lock lock);
     void Close() noexcept;
-    [[nodiscard]] bool isOpen() const noexcept { return state_ != nullptr; }
 
     /// Stands on a row.
     [[nodiscard]] bool hasRow() const;
@@ -47,6 +56,13 @@ public:
 
     /// By `rows` forward, or backward if negative; 0 reads the row anew.
     void Move(qint64 rows);
+
+    [[nodiscard]] Bookmark bookmark() const;
+    void goTo(const Bookmark& place);
+
+    /// Reads the next rows behind `place`, at most `most`, and stays where it is. Without a row at that place
+    /// these are the first ones.
+    [[nodiscard]] std::vector<Passed> behind(const Bookmark& place, qint64 most, Fields fields) const;
 
     /// The number under which the file keeps the current row; no other row of the table has it, whatever its
     /// fields hold.
@@ -66,7 +82,6 @@ public:
     /// A row that was read and has been changed by somebody else since then is a Failure (RowChanged)
     /// until it is read anew; that the tallies of a question have grown does not count.
     void Update();
-    void CancelUpdate();
 
     /// Deletes the current row at once, with the same regard for changes by others. The moves go on from
     /// its place.

@@ -69,6 +69,27 @@ std::optional<Row> RowAccess::findNow(qint64 key) const
     return row;
 }
 
+std::vector<QStringList> RowAccess::texts(const std::vector<qint64>& keys,
+                                          const std::vector<FieldIndex>& fields) const
+{
+    return handle_->readingAtOnce([&] {
+        std::vector<QStringList> rows(keys.size());
+        auto statement = handle_->prepared(sql::row(source_, layout_.key));
+        for (std::size_t i = 0; i < keys.size(); ++i) {
+            statement.reset();
+            statement.bind(1, static_cast<int64_t>(keys[i]));
+            if (!statement.executeStep())
+                continue;
+            for (const FieldIndex field : fields) {
+                const auto column = statement.getColumn(static_cast<int>(field));
+                const char* const text = column.getText();
+                rows[i] << QString::fromUtf8(text, column.getBytes());
+            }
+        }
+        return rows;
+    });
+}
+
 // Rows are read back before anybody else can change them, so that they are what was written.
 std::pair<qint64, Row> RowAccess::insert(const FieldValues& values)
 {

@@ -4,6 +4,7 @@
 #include "db/layout.h"
 
 #include <QAnyStringView>
+#include <QStringList>
 
 #include <map>
 #include <memory>
@@ -43,6 +44,10 @@ public:
     [[nodiscard]] std::optional<Row> find(qint64 key) const;
     /// As find(), but throws RowGone.
     [[nodiscard]] Row read(qint64 key) const;
+
+    /// The texts of `fields` in the rows with these keys, read at once; nothing for a row that is gone.
+    [[nodiscard]] std::vector<QStringList> texts(const std::vector<qint64>& keys,
+                                                 const std::vector<FieldIndex>& fields) const;
 
     // Each of these is one durable transaction.
     /// The new row and its key.

@@ -30,8 +30,9 @@ namespace sql {
 extern const char* const durable;
 
 extern const char* const tableKind;  ///< table -> type, whether it lacks row numbers
-extern const char* const columns;    ///< table -> name and place in the primary key of each column
+extern const char* const columns;    ///< table -> name, place in the primary key and type of each column
 extern const char* const keyIndexes; ///< table -> one row if its primary key is kept in an index
+extern const std::string strayId; ///< one row if the number of a question is no whole number
 extern const std::string largestId;
 
 enum class Direction { Forward, Backward };
@@ -39,8 +40,8 @@ enum class Direction { Forward, Backward };
 /// filter values -> all keys, in the order of the source.
 std::string keys(const Source& source, const std::string& key);
 
-/// filter values, [the key to start from,] rows to skip -> the next key in this direction.
-std::string neighbour(const Source& source, const std::string& key, Direction direction, bool fromKey);
+/// filter values, [the key to start from,] how many, rows to skip -> the next keys in this direction.
+std::string neighbours(const Source& source, const std::string& key, Direction direction, bool fromKey);
 
 /// key -> the fields of its row.
 std::string row(const Source& source, const std::string& key);

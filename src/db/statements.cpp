@@ -87,7 +87,7 @@ const char* const durable = "pragma synchronous = full";
 
 const char* const tableKind =
     "select type, wr from pragma_table_list where schema = 'main' and name = ? collate nocase";
-const char* const columns = "select name, pk from pragma_table_xinfo(?)";
+const char* const columns = "select name, pk, type from pragma_table_xinfo(?)";
 const char* const keyIndexes = "select 1 from pragma_index_list(?) where origin = 'pk'";
 
 namespace {
@@ -95,6 +95,8 @@ namespace {
 const std::string idAsNumber = std::string("cast(") + schema::questionId + " as integer)";
 } // namespace
 
+const std::string strayId = std::string("select 1 from ") + schema::questions.name + " where typeof(" +
+                            schema::questionId + ") <> 'integer' limit 1";
 const std::string largestId = "select max(" + idAsNumber + ") from " + schema::questions.name;
 
 std::string keys(const Source& source, const std::string& key)
@@ -103,12 +105,12 @@ std::string keys(const Source& source, const std::string& key)
     return "select " + key + " from " + source.table + where(filterOf(source, key)) + " order by " + id + key;
 }
 
-std::string neighbour(const Source& source, const std::string& key, Direction direction, bool fromKey)
+std::string neighbours(const Source& source, const std::string& key, Direction direction, bool fromKey)
 {
     const bool forward = direction == Direction::Forward;
     const std::string start = fromKey ? key + (forward ? " > ?" : " < ?") : "";
     return "select " + key + " from " + source.table + where(filterOf(source, key), start) + " order by " +
-           key + (forward ? "" : " desc") + " limit 1 offset ?";
+           key + (forward ? "" : " desc") + " limit ? offset ?";
 }
 
 std::string row(const Source& source, const std::string& key)

@@ -14,8 +14,9 @@ constexpr Reason locked = {Cause::Locked, "another program is using it",
                            "Wait until the other program is done or close it, and try again."};
 constexpr Reason damaged = {Cause::Damaged, "the file is damaged",
                             "Replace it with an undamaged copy and start again."};
-constexpr Reason readOnly = {Cause::ReadOnly, "it is protected against changes",
-                             "Allow changes to the file and to its folder, and try again."};
+constexpr Reason readOnly = {
+    Cause::ReadOnly, "it is protected against changes",
+    "If it is yours, allow changes to the file and to its folder; if not, ask its owner."};
 constexpr Reason moved = {Cause::Missing, "the file was moved or deleted while it was in use",
                           "Put it back and start again."};
 constexpr Reason diskFull = {Cause::Other, "the disk is full", "Free some space and try again."};
@@ -98,6 +99,13 @@ Failure noTable(const QString& path, const QString& table)
 Failure noField(const QString& path, const QString& table, const QString& field)
 {
     return incomplete(Cause::NoField, path, QString("its table %1 has no field named %2").arg(table, field));
+}
+
+Failure noNumbers(const QString& path, const QString& table, const QString& field)
+{
+    return incomplete(
+        Cause::NoField, path,
+        QString("the field %1 of its table %2 does not hold whole numbers alone").arg(field, table));
 }
 
 } // namespace db

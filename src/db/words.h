@@ -56,5 +56,6 @@ Failure failed(Attempt attempt, const QString& path, const Reason& reason);
 Failure failed(Attempt attempt, const QString& path, const SQLite::Exception& error);
 Failure noTable(const QString& path, const QString& table);
 Failure noField(const QString& path, const QString& table, const QString& field);
+Failure noNumbers(const QString& path, const QString& table, const QString& field);
 
 } // namespace db

@@ -219,15 +219,19 @@ void Button::paintFace(QPainter& painter) const
     const QColor face =
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Button);
     const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    // What is written on a dark face is what stands out from it.
+    const QColor written =
+        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText);
+    const bool dark = face.lightness() < written.lightness();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(face.darker(170));
+    painter.setPen(dark ? written : face.darker(170));
     painter.setBrush(isDown() ? face.darker(112) : underMouse() && isEnabled() ? face.lighter(106) : face);
     painter.drawRoundedRect(area, radius, radius);
     const QLineF topEdge(area.left() + radius, area.top() + 1, area.right() - radius, area.top() + 1);
     painter.setPen(isDown() ? face.darker(140) : face.lighter(125));
     painter.drawLine(topEdge);
     if (hasFocus()) {
-        painter.setPen(face.darker(400));
+        painter.setPen(dark ? written : face.darker(400));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(area.adjusted(1.5, 1.5, -1.5, -1.5), radius, radius);
     }

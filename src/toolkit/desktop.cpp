@@ -127,10 +127,11 @@ double desktopScale(xcb_connection_t* x11, const xcb_screen_t& screen)
 
 } // namespace
 
-std::optional<std::string> prepareDesktop()
+bool prepareDesktop()
 {
+    silenceLibraryWarnings();
     if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        return std::nullopt;
+        return true;
     if (!qEnvironmentVariableIsEmpty("DISPLAY")) {
         xcb_connection_t* const display = xcb_connect(nullptr, nullptr);
         const bool answers = xcb_connection_has_error(display) == 0;
@@ -138,12 +139,15 @@ std::optional<std::string> prepareDesktop()
         if (answers) {
             // Only X (on a Wayland desktop the X server it brings along) lets windows be put beside others.
             qputenv("QT_QPA_PLATFORM", QByteArrayLiteral("xcb"));
-            return std::nullopt;
+            return true;
         }
     }
     if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        return std::nullopt;
-    return "there is no display to show it on. Start it from a graphical desktop.";
+        return true;
+    std::fputs(
+        "Orvanta cannot start: there is no display to show it on. Start it from a graphical desktop.\n",
+        stderr);
+    return false;
 }
 
 double growth(const QSize& largest, const QSize& screen, double desktop)

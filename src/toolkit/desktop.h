@@ -1,8 +1,5 @@
 #pragma once
 
-#include <optional>
-#include <string>
-
 class QColor;
 class QSize;
 class QWindow;
@@ -10,8 +7,9 @@ class QWindow;
 namespace toolkit {
 
 /// To be called before the application object exists: picks the window system and makes sure that it answers,
-/// because the application object would abort the program if it did not. Returns what is wrong, if anything.
-[[nodiscard]] std::optional<std::string> prepareDesktop();
+/// because the application object would abort the program if it did not. False if the program cannot start, which
+/// has been told on the standard error.
+[[nodiscard]] bool prepareDesktop();
 
 /// By how much a program whose largest window takes `largest` device-independent pixels is to be drawn larger
 /// than the desktop asks for by its factor `desktop`, so that it fills `screen`, in the screen's own pixels,

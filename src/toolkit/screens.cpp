@@ -15,9 +15,9 @@ Screens::~Screens()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-void Screens::add(const QString& name, Factory factory, const Place& place)
+void Screens::add(const QString& name, Factory factory, const Ties& ties)
 {
-    screens_[name] = {std::move(factory), place, nullptr, false};
+    screens_[name] = {std::move(factory), ties, nullptr, false};
 }
 
 Form* Screens::find(const QString& name) const
@@ -44,12 +44,12 @@ void Screens::show(const QString& name)
 void Screens::present(const Screen& screen)
 {
     Form* form = screen.form.get();
-    if (Form* parent = find(screen.place.inside)) {
+    if (Form* parent = find(screen.ties.inside)) {
         parent->showInside(*form);
         return;
     }
     if (!form->isVisible()) {
-        Form* backdrop = find(screen.place.behind);
+        Form* backdrop = find(screen.ties.behind);
         if (backdrop)
             backdrop->show();
         form->show();
@@ -70,7 +70,7 @@ void Screens::close(const QString& name)
         return;
     screen.closing = true;
     for (const auto& [child, other] : screens_)
-        if (other.place.inside == name)
+        if (other.ties.inside == name)
             close(child);
     screen.form->unload();
     screen.closing = false;

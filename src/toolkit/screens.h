@@ -20,14 +20,14 @@ public:
 
     ~Screens() override;
 
-    /// Names of the screens to which a screen's place is bound.
-    struct Place
+    /// Names of the screens to which a screen is tied.
+    struct Ties
     {
         QString behind = {}; ///< always stays behind the screen on the desktop
         QString inside = {}; ///< holds the window of the screen, and takes it along when it is closed
     };
-    void add(const QString& name, Factory factory, const Place& place);
-    void add(const QString& name, Factory factory) { add(name, std::move(factory), Place{}); }
+    void add(const QString& name, Factory factory, const Ties& ties);
+    void add(const QString& name, Factory factory) { add(name, std::move(factory), Ties{}); }
 
     /// Makes and loads the screen unless it is open (or loading), then makes it visible and active. A screen
     /// that closed itself while it was loading stays closed.
@@ -50,7 +50,7 @@ private:
     struct Screen
     {
         Factory factory;
-        Place place;
+        Ties ties;
         std::unique_ptr<Form, DeleteLater> form;
         bool closing = false;
     };

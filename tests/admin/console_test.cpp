@@ -1,5 +1,6 @@
 #include "owner.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -11,8 +12,9 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
 {
     Owner owner;
     owner.open({"addquestions", "messages", "changepassword"});
+    EXPECT_TRUE(owner.form("admin").isMaximized());
     auto& area = *owner.form("admin").findChild<QMdiArea*>();
-    EXPECT_EQ(area.subWindowList().size(), 3);
+    const auto inFront = [&] { return area.activeSubWindow()->widget()->objectName(); };
     auto* const editor = area.subWindowList().front();
     EXPECT_TRUE(editor->isMaximized());
     editor->showNormal();
@@ -20,9 +22,9 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     for (const char* item : {"add", "message", "cnangepassword"})
         owner.form("admin").findChild<QAction*>(item)->trigger();
     EXPECT_EQ(area.subWindowList().size(), 3);
-    EXPECT_EQ(area.activeSubWindow()->widget()->objectName(), "changepassword");
+    EXPECT_EQ(inFront(), "changepassword");
     owner.screens.show("messages");
-    EXPECT_EQ(area.activeSubWindow()->widget()->objectName(), "messages");
+    EXPECT_EQ(inFront(), "messages");
 
     owner.run("addquestions", "answer2=x; cmdupdate"); // refused: no right answer is chosen any more
     owner.screens.show("messages");
@@ -32,7 +34,7 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     owner.screens.show("addquestions");
     QApplication::processEvents();
     EXPECT_EQ(owner.focused("addquestions"), "cmdsave") << "the focus returns to where it was last";
-    owner.boxes();
+    owner.told();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(area.subWindowList().size(), 2);
     area.subWindowList().front()->close();
@@ -43,7 +45,35 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     EXPECT_FALSE(owner.screens.find("admin") || owner.screens.find("addquestions") ||
                  owner.screens.find("changepassword"));
     EXPECT_TRUE(owner.screens.find("userselect"));
-    EXPECT_EQ(owner.boxes(), "");
+    EXPECT_EQ(owner.told(), "");
+}
+
+TEST(Console, TabReachesAllByNamesThatCanBeReadAloud)
+{
+    const std::pair<const char*, const char*> screens[] = {
+        {"login", "Username:, Password, Login, Exit"},
+        {"addquestions",
+         "Question, Answer1, Answer2, Answer3, Answer4, Correct Answer, Level:, ADD, SAVE, UPDATE, "
+         "DELETE, First, Previous, Next, Last, EXIT, Find:"},
+        {"messages", "Message:, First, Previous, Next, Last, ADD, SAVE, UPDATE, EXIT, CANCEL, Find:"},
+        {"changepassword", "Username:, Password:, New Password:, Retype Password:, Change, Cancel"},
+    };
+    for (const auto& [name, expected] : screens) {
+        Owner owner;
+        owner.open({name});
+        toolkit::Form& form = owner.form(name);
+        QWidget* const first = form.focusWidget();
+        QTest::keyClick(first, Qt::Key_F3);
+        first->setFocus();
+        QStringList names;
+        do {
+            const auto* reader = QAccessible::queryAccessibleInterface(form.focusWidget());
+            const auto labels = reader->relations(QAccessible::Label);
+            names << (labels.empty() ? reader : labels.front().first)->text(QAccessible::Name);
+            QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
+        } while (form.focusWidget() != first && names.size() < 30);
+        EXPECT_EQ(names.join(", ").toStdString(), expected);
+    }
 }
 
 TEST(Console, ALetterOfMenuAndWindowPressesTheButton)
@@ -55,13 +85,13 @@ TEST(Console, ALetterOfMenuAndWindowPressesTheButton)
     box.setFocus(Qt::MouseFocusReason);
     box.setText("changed");
     QTest::keyClick(&box, Qt::Key_U, Qt::AltModifier);
-    EXPECT_EQ(owner.boxes(), "Admin: (i) Updated");
-    EXPECT_EQ(owner.messages(), "changed| really? ");
+    EXPECT_EQ(owner.told(), "Admin: (i) Updated");
+    EXPECT_EQ(owner.stored("messages"), "changed| really? ");
 
     const auto menuOpens = [&owner](QWidget& control) {
         QTest::keyClick(&control, Qt::Key_U, Qt::AltModifier);
         auto* open = QApplication::activePopupWidget();
-        const bool opens = open && open->objectName() == "users" && owner.boxes().empty();
+        const bool opens = open && open->objectName() == "users" && owner.told().isEmpty();
         if (open)
             QTest::keyClick(open, Qt::Key_Escape);
         return opens;
@@ -78,7 +108,7 @@ TEST(Console, ALetterOfMenuAndWindowPressesTheButton)
     EXPECT_EQ(window->size(), owner.form("messages").size().grownBy(window->contentsMargins()));
     QTest::keyClick(&box, Qt::Key_Return);
     QTest::keyClick(&box, Qt::Key_Escape);
-    EXPECT_EQ(owner.messages(), "changed| really? ");
+    EXPECT_EQ(owner.stored("messages"), "changed| really? ");
     EXPECT_TRUE(owner.screens.find("messages"));
 }
 

@@ -2,166 +2,116 @@
 
 namespace admin {
 
-namespace {
-
-constexpr const char* same = "-";
-
-/// Steps in an editor and what comes of them.
-struct Case
-{
-    const char* what;
-    std::string steps;
-    const char* answers = "";
-    std::string boxes = {}; ///< behind a "*" a part of what they say
-    std::string shown = {}; ///< looked at if it is told
-    std::string stored = same;
-    std::string mode = {}; ///< looked at if it is told
-};
-
-const std::string ask = "Admin: The Current Record has been modified do you wish to Update it?";
-const std::string faults = "Admin: The Following Errors have occured. Please correct them\n";
-const std::string sure = "Admin: Are you sure ?";
-const std::string updated = "Admin: (i) Record Updated";
-const std::string fill = "cmdadd; question= New? ; answer1=w; answer2=x; answer3= y; answer4=z; "
-                         "correctanswer#2; level#2; cmdsave";
-
-const std::string one = "1|One?|a|b|c|d|a,*b,c,d|*1,2,3";
-const std::string two = "2|Two?|e|f||h|e,*f,,h|1,2,3"; // chosen without regard to letter case
-const std::string seven = "7|Seven?| i|j|k|i| i,j,k,*i|1,2,*3";
-const std::string mine = "1|mine|a|b|c|d|a,*b,c,d|*1,2,3";
-const std::string rest = "2|Two?|e|f|null|h|F|9|1234\n7|Seven?| i|j|k|i|i|3|9999";
-const std::string browsing = ": add delete exit first last next previous save update";
-const std::string walking = ": add exit first last next previous save update";
-
-void expect(const QString& screen, std::initializer_list<Case> cases)
-{
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        Owner owner;
-        const auto stored = [&] { return screen == "messages" ? owner.messages() : owner.questions(); };
-        const std::string before = stored();
-        owner.open({screen.toLatin1().constData()});
-        owner.answers = c.answers;
-        owner.run(screen, QString::fromStdString(c.steps));
-        const std::string boxes = owner.boxes();
-        if (c.boxes.starts_with('*'))
-            EXPECT_NE(boxes.find(c.boxes.substr(1)), std::string::npos) << boxes;
-        else
-            EXPECT_EQ(boxes, c.boxes);
-        EXPECT_EQ(owner.answers, "") << "a question was not asked";
-        if (!c.shown.empty())
-            EXPECT_EQ(owner.shown(screen), c.shown);
-        EXPECT_EQ(stored(), c.stored == same ? before : c.stored);
-        if (!c.mode.empty())
-            EXPECT_EQ(owner.mode(screen), c.mode);
-    }
-}
-
-std::string times(int count, const std::string& box)
-{
-    return count == 1 ? box : box + "\n" + times(count - 1, box);
-}
-
-} // namespace
-
 TEST(AddQuestions, AsksAboutChangesAndDropsThemOnlyThen)
 {
-    const std::string changed = "1|ONE?|a|b|c|d|b|1|1111\n" + rest;
-    expect(
-        "addquestions",
-        {
-            {"no", "question=ONE?; cmdnext; cmdprevious", "n", ask, one},
-            {"yes", "question=ONE?; cmdnext; cmdnext", "y", ask + "\n" + updated, seven, changed},
-            {"on the way out", "question=ONE?; cmdexit", "y", ask + "\n" + updated, {}, changed},
-            {"typed back", "question=X; question=One?; cmdlast", "n", ask, seven},
-            {"blanks at the ends are no change", "question= One? ; cmdlast", "", "", seven},
-            {"what no list has is no change", "cmdnext; cmdnext; cmdprevious", "", "", two},
-            {"yes, but it cannot be written: the move goes on", "answer2=; cmdnext", "y",
-             ask + "\n" + faults + "Answer2 Not Entered\nCorrect Answer Not Selected\n", two},
-            {"a level", "level#2; cmdfirst", "n", ask, one},
-            {"entering the list empties it", "answer1=a; correctanswer#0; cmdnext", "n", ask, two},
-            {"what ADD leaves behind still counts", "question=X; cmdadd; cmdcancel; cmdnext", "n", ask, two},
-            {"what is emptied by ADD does not", "cmdadd; cmdcancel; cmdnext", "", "", two},
-            {"and DELETE", "cmdnext; question=X; cmddelete; cmdnext", "nn", sure + "\n" + ask, seven},
-        });
+    expect("addquestions", R"(
+question=ONE?; cmdnext; cmdprevious => update? n => one
+question=ONE?; cmdnext; cmdnext => update? y + updated => seven => 1|ONE?|a|b|c|d|b|1|1111 + 2 + 7
+question=ONE?; cmdexit => update? y + updated =>  => 1|ONE?|a|b|c|d|b|1|1111 + 2 + 7
+question=X; question=One?; cmdlast => update? n => seven
+question= One? ; cmdlast =>  => seven
+cmdnext; cmdnext; cmdprevious =>  => two
+answer2=; cmdnext => update? y + faults + Answer2 Not Entered + Correct Answer Not Selected + empty => two
+level#2; cmdfirst => update? n => one
+answer1=a; correctanswer#0; cmdnext => update? n => two
+question=X; cmdadd; cmdcancel; cmdnext => update? n => two
+cmdadd; cmdcancel; cmdnext =>  => two
+cmdnext; question=X; cmddelete; cmdnext => delete? n + update? n => seven
+)");
 }
 
 TEST(AddQuestions, AddsChangesAndDeletes)
 {
-    const std::string all = faults + "Question Not Entered\nAnswer1 Not Entered\nAnswer2 Not Entered\n"
-                                     "Answer3 Not Entered\nAnswer4 Not Entered\n"
-                                     "Correct Answer Not Selected\nLevel Not Selected\n";
-    const std::string before = "1|One?|a|b|c|d|b|1|1111\n" + rest;
-    expect(
-        "addquestions",
-        {
-            {"at first", "", "", "", one, same, "question" + browsing},
-            {"SAVE while browsing", "cmdsave", "", "Admin: You have not added a new record", one},
-            {"an empty one", "cmdadd; cmdsave", "", all, "|||||||*,1,2,3", same,
-             "cmdsave: cancel delete exit save"},
-            {"blanks", "cmdadd; question=  ; answer3= ; cmdsave", "", all},
-            {"a new one", fill, "", "Admin: Successfully Saved", "8| New? |w|x| y|z|w,x,* y,z|,1,*2,3",
-             before + "\n8|New?|w|x|y|z|y|2|1111", "cmdsave" + browsing},
-            {"and changed at once", fill + "; question=New!; cmdupdate; cmdprevious; cmdnext", "",
-             "Admin: Successfully Saved\n" + updated, "8|New!|w|x|y|z|w,x,*y,z|1,*2,3",
-             before + "\n8|New!|w|x|y|z|y|2|1111"},
-            {"an update without the choice", "answer1=z; cmdupdate", "",
-             faults + "Correct Answer Not Selected\n", "1|One?|z|b|c|d|z,b,c,d|*1,2,3"},
-            {"deleted while adding", "cmdadd; question=X; cmddelete; cmdsave", "y",
-             sure + "\nAdmin: Successfully deleted\n" + faults + "Answer3 Not Entered\nLevel Not Selected\n",
-             two, rest},
-        });
+    expect("addquestions", R"(
+wait => ~ => one =>  => question: add delete exit first last next previous save update
+cmdsave => not adding => one
+cmdadd; cmdsave => faults + Question Not Entered + Answer1 Not Entered + Answer2 Not Entered + Answer3 Not Entered + Answer4 Not Entered + Correct Answer Not Selected + Level Not Selected + empty => empty one =>  => cmdsave: cancel delete exit save
+cmdadd; question=  ; answer1=a; answer2=b; answer3= ; answer4=d; correctanswer#0; level#1; cmdsave => faults + Question Not Entered + Answer3 Not Entered + empty
+cmdadd; question= New? ; answer1=w; answer2=x; answer3= y; answer4=z; correctanswer#2; level#2; cmdsave => saved => new one => 1 + 2 + 7 + 8 => cmdsave: add delete exit first last next previous save update
+cmdadd; question=New?; answer1=w; answer2=x; answer3=y; answer4=z; correctanswer#2; level#2; cmdsave; question=New!; cmdupdate; cmdprevious; cmdnext => saved + updated => 8|New!|w|x|y|z|w,x,*y,z|1,*2,3 => 1 + 2 + 7 + 8|New!|w|x|y|z|y|2|1111
+answer1=z; cmdupdate => faults + Correct Answer Not Selected + empty => 1|One?|z|b|c|d|z,b,c,d|*1,2,3
+cmdadd; question=X; cmddelete; cmdsave => delete? y + deleted + faults + Answer3 Not Entered + Level Not Selected + empty => two => 2 + 7
+)");
 }
 
 TEST(AddQuestions, TellsWhatOthersDidAndWhatCouldNotBeWritten)
 {
-    const std::string theirs = "!update questions set question = 'theirs', a = 2 where question_id = 1; ";
-    const std::string nothing =
-        "Admin: The question bank has no question yet. Press ADD, enter the first one "
-        "and press SAVE.";
-    expect("addquestions",
-           {
-               {"changed, and not updated", theirs + "question=mine; cmdnext", "y",
-                "*changed in the meantime", mine, "1|theirs|a|b|c|d|b|1|2111\n" + rest},
-               {"changed, and not deleted", theirs + "cmddelete", "y", "*changed in the meantime", one,
-                "1|theirs|a|b|c|d|b|1|2111\n" + rest},
-               {"deleted", "!delete from questions where question_id = 1; question=mine; cmdupdate", "",
-                "*deleted the current row", mine, rest},
-               {"played", "!update questions set a = 2 where question_id = 1; question=mine; cmdupdate", "",
-                updated, mine, "1|mine|a|b|c|d|b|1|2111\n" + rest},
-               {"refused",
-                "!create trigger t before insert on questions begin select raise(fail, 'no');end; " + fill,
-                "", "*does not accept", "| New? |w|x| y|z|w,x,* y,z|,1,*2,3"},
-               {"emptied",
-                "!delete from questions; cmdfirst; cmdlast; cmdnext; cmdprevious; cmdupdate; cmddelete", "",
-                times(6, nothing), "|||||||1,2,3", ""},
-               {"emptied and filled again",
-                "!delete from questions where question_id > 1; cmddelete; cmdadd; cmdcancel; !insert into "
-                "questions "
-                "(question_id, question) values (4, 'x'), (5, 'by others'); cmdlast",
-                "y", sure + "\nAdmin: Successfully deleted", "5|by others|||||*,,,|1,2,3", ""},
-           });
+    expect("addquestions", R"(
+!update questions set question = 'theirs' where question_id = 1; question=mine; cmdnext => update? y + *changed in the meantime => mine => 1|theirs|a|b|c|d|b|1|1111 + 2 + 7
+!create trigger t before insert on questions begin select raise(fail, 'no');end; cmdadd; question= New? ; answer1=w; answer2=x; answer3= y; answer4=z; correctanswer#2; level#2; cmdsave => *does not accept => | New? |w|x| y|z|w,x,* y,z|,1,*2,3
+!delete from questions; cmdfirst; cmdlast; cmdnext; cmdprevious; cmdupdate; cmddelete => no question + no question + no question + no question + no question + no question => |||||||1,2,3 => empty
+!delete from questions where question_id > 1; cmddelete; cmdadd; cmdcancel; !insert into questions (question_id, question) values (4, 'x'), (5, 'by others'); cmdlast => delete? y + deleted => 5|by others|||||*,,,|1,2,3 => empty
+)");
+}
+
+// The words are in both ways to write an accent.
+TEST(Editors, FindTheNextRowFromThePresentOneRound)
+{
+    expect("addquestions", R"(
+?J dELHI => found => seven
+??; ??; ?? => found + found + found round => one
+cmdlast; ?delhi => ?No other question holds this. => seven
+?delhi one => not found => one
+?9999 => not found => one
+!update questions set answer1 = 'ÄЖ' where question_id = 2; !insert into questions (question_id, question) values (9, 'null'); ?äж; ?null => found + found =>  => *
+question=ONE?; ?delhi => update? n + found => seven
+question=mine; ?delhi => update? y + updated + found => seven => 1|mine|a|b|c|d|b|1|1111 + 2 + 7
+!update questions set question = 'theirs' where question_id = 1; question=mine; ?delhi => update? y + *changed in the meantime => mine => *
+question=X; ?zzz; cmdnext => not found + update? n => two
+cmdadd; ?delhi => ?SAVE or CANCEL the new one first. => empty one
+)");
+    expect("messages", "message=lost; ?REALLY; ?sure => found + found round => sure?");
+}
+
+TEST(AddQuestions, NotesThatTheBankHasNearlyTheQuestionThatIsTypedIn)
+{
+    expect("addquestions", R"(
+cmdadd; question=DELHI, a river past it 1947; wait => near =>  => *
+cmdadd; question=By Delhi, which river flowed in 1947; wait => near =>  => *
+cmdadd; question=By Delhi, which river flowed in 1948; wait => ~ =>  => *
+cmdadd; question=Which river of Africa flows north in 1947; wait => ~ =>  => *
+cmdadd; question=1947; wait => ~ =>  => *
+cmdadd; question=The river past Delhi in 1947; wait; cmdcancel; wait => near + ~ =>  => *
+cmdlast; question=The rivers that flow past Delhi in 1947; wait; cmdfirst => ~ + update? n =>  => *
+)");
+}
+
+TEST(Finding, IsDoneByKeysAndEndedByEscape)
+{
+    Owner owner;
+    owner.open({"messages", "addquestions"});
+    const auto press = [&](Qt::Key key) { QTest::keyClick(owner.form("addquestions").focusWidget(), key); };
+    const auto lookAfterASecond = [&] {
+        owner.clock.advance(std::chrono::seconds(1));
+        return owner.text("addquestions", "findresult") + owner.shown("addquestions").section('|', 0, 0);
+    };
+    const auto& words = owner.control<toolkit::TextBox>("addquestions", "findwords");
+    EXPECT_FALSE(words.isVisible());
+    press(Qt::Key_F3);
+    QTest::keyClicks(owner.form("addquestions").focusWidget(), "DELHI");
+    press(Qt::Key_Return);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(lookAfterASecond(), "Search ended.1");
+    press(Qt::Key_F3);
+    owner.click("addquestions", "cmdnext");
+    EXPECT_EQ(lookAfterASecond(), "2") << "whoever goes elsewhere has ended the search";
+    press(Qt::Key_F3);
+    EXPECT_EQ(lookAfterASecond(), "Found. F3 goes on.7");
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(words.isVisible());
+    EXPECT_EQ(owner.focused("addquestions"), "question");
 }
 
 TEST(Messages, AreKeptAsTyped)
 {
-    const std::string nothing = "Admin: The question bank has no message yet. Press ADD, enter the first one "
-                                "and press SAVE.";
-    expect("messages",
-           {
-               {"at first", "", "", "", "sure?", same,
-                "message: add cancel exit first last next previous save update"},
-               {"what was not written is dropped", "message=lost; cmdnext; message=lost; cmdcancel", "", "",
-                " really? ", same, "message" + walking},
-               {"blanks only", "cmdadd; message=  ; cmdsave", "", faults + "Message Cannot be left Empty",
-                "  ", same, "cmdsave: cancel exit save"},
-               {"saved, and changed", "cmdadd; message=  new ; cmdsave; message=newer ; cmdupdate", "",
-                "Admin: (i) Successfully Saved\nAdmin: (i) Updated", "newer ", "sure?| really? |newer ",
-                "cmdupdate" + walking},
-               {"update to nothing", "message= ; cmdupdate", "", "Admin: (i) Can't be left empty", " "},
-               {"emptied", "!delete from locking; cmdfirst; cmdlast; cmdnext; cmdprevious; cmdupdate", "",
-                times(5, nothing), "", ""},
-           });
+    expect("messages", R"(
+cmdsave => not adding => sure? =>  => cmdsave: add cancel exit first last next previous save update
+message=lost; cmdnext; message=lost; cmdcancel =>  =>  really?  =>  => message: add exit first last next previous save update
+cmdadd; message=  ; cmdsave => faults + Message Cannot be left Empty =>    =>  => cmdsave: cancel exit save
+cmdadd; message=  new ; cmdsave; message=newer ; cmdupdate => Admin: (i) Successfully Saved + Admin: (i) Updated => newer  => sure?| really? |newer  => cmdupdate: add exit first last next previous save update
+message= ; cmdupdate => Admin: (i) Can't be left empty
+!delete from locking; cmdfirst; cmdlast; cmdnext; cmdprevious; cmdupdate => no message + no message + no message + no message + no message =>  => empty
+)");
 }
 
 } // namespace admin

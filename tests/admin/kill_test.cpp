@@ -13,9 +13,8 @@ namespace {
 [[noreturn]] void work(Owner& owner, int confirmed)
 {
     owner.open({"addquestions"});
-    owner.dialogs.otherwise = [confirmed](const auto& box) -> QString {
-        if (!(box.text == "Successfully Saved" || box.text == "Record Updated") ||
-            write(confirmed, "", 1) != 1)
+    owner.dialogs.otherwise = [confirmed](const auto&) -> QString {
+        if (write(confirmed, "", 1) != 1)
             _exit(1);
         return {};
     };
@@ -43,7 +42,7 @@ TEST(Killed, WhileSavingNothingIsHalfThereAndWhatWasConfirmedIs)
     std::mt19937 random(20);
     for (int kill = 0; kill < 100; ++kill) {
         Owner owner;
-        const std::string before = owner.questions();
+        const auto before = owner.stored("addquestions").toStdString();
         int pipes[2];
         ASSERT_EQ(pipe(pipes), 0);
         const pid_t child = fork();
@@ -62,7 +61,7 @@ TEST(Killed, WhileSavingNothingIsHalfThereAndWhatWasConfirmedIs)
         close(pipes[0]);
 
         EXPECT_EQ(owner.bank.value("pragma integrity_check"), "ok");
-        const std::string rows = owner.questions();
+        const auto rows = owner.stored("addquestions").toStdString();
         EXPECT_TRUE(rows == before + added(confirmed) || rows == before + added(confirmed + 1))
             << confirmed << " confirmed:\n"
             << rows;

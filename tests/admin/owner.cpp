@@ -6,6 +6,8 @@
 #include "admin/login.h"
 #include "admin/messages.h"
 
+#include <QRegularExpression>
+
 namespace admin {
 
 using support::ScriptedDialogs;
@@ -18,10 +20,52 @@ namespace {
 constexpr const char* content = R"(
 delete from questions; delete from locking;
 insert into questions values (1, 'One?', 'a', 'b', 'c', 'd', 'b', '1', 1, 1, 1, 1),
-    (2, 'Two?', 'e', 'f', null, 'h', 'F', '9', 1, 2, 3, 4), (7, 'Seven?', ' i', 'j', 'k', 'i', 'i', '3', 9, 9, 9, 9);
+    (2, 'Two?', 'e', 'f', null, 'h', 'E', '9', 1, 2, 3, 4), (7, 'Which rivers flow past Delhi in 1947?', ' i', 'j', 'k', 'i', 'i', '3', 9, 9, 9, 9);
 insert into locking values ('sure?'), (' really? ');
 insert into users values ('owner', 'Secret word'), ('twin', 'same'), ('twin', 'same');
 )";
+
+constexpr const char* vocabulary = R"(
+one = 1|One?|a|b|c|d|a,*b,c,d|*1,2,3
+two = 2|Two?|e|f||h|*e,f,,h|1,2,3
+seven = 7|Which rivers flow past Delhi in 1947?| i|j|k|i| i,j,k,*i|1,2,*3
+mine = 1|mine|a|b|c|d|a,*b,c,d|*1,2,3
+new one = 8| New? |w|x| y|z|w,x,* y,z|,1,*2,3
+empty one = |||||||*,1,2,3
+1 = 1|One?|a|b|c|d|b|1|1111
+2 = 2|Two?|e|f|null|h|E|9|1234
+7 = 7|Which rivers flow past Delhi in 1947?| i|j|k|i|i|3|9999
+8 = 8|New?|w|x|y|z|y|2|1111
+empty = 
+update? = Admin: The Current Record has been modified do you wish to Update it?
+delete? = Admin: Are you sure ?
+updated = Admin: (i) Record Updated
+saved = Admin: Successfully Saved
+deleted = Admin: Successfully deleted
+not adding = Admin: You have not added a new record
+faults = Admin: The Following Errors have occured. Please correct them
+no question = Admin: The question bank has no question yet. Press ADD, enter the first one and press SAVE.
+no message = Admin: The question bank has no message yet. Press ADD, enter the first one and press SAVE.
+found = ?Found. F3 goes on.
+found round = ?Found, on from the first one.
+near = ~The bank has one nearly like it, number 7: Which rivers flow past Delhi in 1947?
+not found = ?No question holds this.
+invalid = Admin: Invalid Username/Password
+changed = Admin: Password Changed Successfully
+missing = Admin: Username/Password not entered
+)";
+
+QString meant(const QString& column)
+{
+    QStringList texts = column.split(" + ");
+    for (QString& text : texts) {
+        const auto word = text.endsWith("? y") || text.endsWith("? n") ? text.chopped(2) : text;
+        const auto place = QString(vocabulary).indexOf("\n" + word + " = ");
+        if (place >= 0)
+            text = QString(vocabulary).mid(place + word.size() + 4).section('\n', 0, 0);
+    }
+    return texts.join('\n');
+}
 
 struct Plain final : toolkit::Form
 {
@@ -33,7 +77,7 @@ struct Plain final : toolkit::Form
 Owner::Owner()
 {
     bank.execute(content);
-    const toolkit::Screens::Place inside{.inside = "admin"};
+    const toolkit::Screens::Ties inside{.inside = "admin"};
     screens.add("login", [this] { return std::make_unique<Login>(services); });
     screens.add("admin", [this] { return std::make_unique<Console>(services); });
     screens.add(
@@ -56,43 +100,62 @@ Owner::Owner()
     };
 }
 
-void Owner::open(std::initializer_list<const char*> names)
+void Owner::open(const QStringList& names)
 {
-    screens.show("admin");
-    QApplication::setActiveWindow(&form("admin"));
-    for (const char* name : names)
+    const QString window = names.contains("login") ? "login" : "admin";
+    screens.show(window);
+    QApplication::setActiveWindow(&form(window));
+    for (const QString& name : names)
         screens.show(name);
 }
 
 void Owner::run(const QString& screen, const QString& steps)
 {
     for (const QString& step : steps.split("; ", Qt::SkipEmptyParts)) {
+        const auto parts = step.indexOf(QRegularExpression("[=#]"));
         if (step.startsWith('!')) {
             bank.execute(step.mid(1).toStdString());
-        } else if (const auto equals = step.indexOf('='); equals > 0) {
-            auto& box = control<TextBox>(screen, step.left(equals));
+        } else if (step.startsWith('?')) {
+            find(screen, step.mid(1));
+        } else if (step == "wait") {
+            clock.advance(std::chrono::seconds(1));
+            log_ << "~" + text(screen, "near");
+        } else if (parts < 0) {
+            click(screen, step);
+        } else if (step[parts] == '=') {
+            auto& box = control<TextBox>(screen, step.first(parts));
             box.setFocus(Qt::MouseFocusReason);
             box.selectAll();
-            box.insert(step.mid(equals + 1));
-        } else if (const auto place = step.indexOf('#'); place > 0) {
-            auto& list = control<ChoiceList>(screen, step.left(place));
-            list.setFocus(Qt::MouseFocusReason);
-            list.setCurrentIndex(step.mid(place + 1).toInt());
+            box.insert(step.mid(parts + 1));
         } else {
-            click(screen, step);
+            auto& list = control<ChoiceList>(screen, step.first(parts));
+            list.setFocus(Qt::MouseFocusReason);
+            list.setCurrentIndex(std::min(step.mid(parts + 1).toInt(), list.count() - 1));
         }
     }
 }
 
-std::string Owner::boxes()
+void Owner::find(const QString& screen, const QString& words)
 {
-    return std::exchange(log_, {}).join('\n').toStdString();
+    auto& box = control<TextBox>(screen, "findwords");
+    QTest::keyClick(form(screen).focusWidget(), Qt::Key_F, Qt::ControlModifier);
+    box.insert(words);
+    QTest::keyClick(&box, Qt::Key_Return);
+    clock.advance(std::chrono::seconds(1));
+    log_ << "?" + text(screen, "findresult");
 }
 
-std::string Owner::shown(const QString& screen) const
+QString Owner::told()
+{
+    return std::exchange(log_, {}).join('\n');
+}
+
+QString Owner::shown(const QString& screen) const
 {
     if (screen == "messages")
-        return control<TextBox>(screen, "message").text().toStdString();
+        return control<TextBox>(screen, "message").text();
+    if (screen != "addquestions")
+        return screens.find(screen) ? QString::fromStdString(focused(screen)) : "closed";
     QStringList texts;
     for (const char* box : {"questionid", "question", "answer1", "answer2", "answer3", "answer4"})
         texts << control<TextBox>(screen, box).text();
@@ -103,30 +166,56 @@ std::string Owner::shown(const QString& screen) const
             entries << (i == list.currentIndex() ? "*" : "") + list.itemText(i);
         texts << entries.join(',');
     }
-    return texts.join('|').toStdString();
+    return texts.join('|');
 }
 
-std::string Owner::mode(const QString& screen) const
+QString Owner::mode(const QString& screen) const
 {
     QStringList names;
     for (const auto* button : form(screen).findChildren<toolkit::Button*>())
         if (button->isEnabled())
             names << button->objectName().sliced(3);
     names.sort();
-    return focused(screen) + ": " + names.join(' ').toStdString();
+    return QString::fromStdString(focused(screen)) + ": " + names.join(' ');
 }
 
-std::string Owner::questions() const
+QString Owner::stored(const QString& screen) const
 {
-    return bank.value(
+    const char* const questions =
         "select group_concat(question_id || '|' || question || '|' || answer1 || '|' || answer2 || '|' ||"
         " coalesce(answer3, 'null') || '|' || answer4 || '|' || correct_answer || '|' || Level || '|'"
-        " || a || b || c || d, char(10)) from questions");
+        " || a || b || c || d, char(10)) from questions";
+    return QString::fromStdString(bank.value(screen == "addquestions" ? questions
+                                             : screen == "messages"
+                                                 ? "select group_concat(message, '|') from locking"
+                                                 : "select group_concat(password, '|') from users"));
 }
 
-std::string Owner::messages() const
+void expect(const QString& screen, const char* table)
 {
-    return bank.value("select group_concat(message, '|') from locking");
+    for (const QString& line : QString(table).split('\n', Qt::SkipEmptyParts)) {
+        SCOPED_TRACE(line.toStdString());
+        const QStringList columns = line.split(" => ");
+        Owner owner;
+        owner.open({screen});
+        const QString before = owner.stored(screen);
+        for (const QString& word : columns.value(1).split(" + "))
+            owner.answers += word.endsWith("? y") ? "y" : word.endsWith("? n") ? "n" : "";
+        owner.run(screen, columns[0]);
+        const QString told = owner.told();
+        const QString expected = meant(columns.value(1));
+        EXPECT_TRUE(told == expected || (expected.contains('*') && told.contains(expected.section('*', 1))))
+            << told.toStdString();
+        EXPECT_EQ(owner.answers, "") << "a question was not asked";
+        if (!columns.value(2).isEmpty())
+            EXPECT_EQ(owner.shown(screen).toStdString(), meant(columns[2]).toStdString());
+        const QString stored = columns.value(3);
+        if (stored != "*")
+            EXPECT_EQ(owner.stored(screen).toStdString(),
+                      (stored.isEmpty() ? before : meant(stored)).toStdString());
+        if (!columns.value(4).isEmpty())
+            EXPECT_EQ(owner.mode(screen).toStdString(), columns[4].toStdString());
+    }
 }
 
 } // namespace admin

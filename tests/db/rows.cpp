@@ -1,5 +1,6 @@
 #include "rows.h"
 
+#include <map>
 #include <sstream>
 
 namespace db_test {
@@ -19,6 +20,32 @@ db::Recordset open(const Bank& bank, const db::Query& query)
     return rows;
 }
 
+namespace {
+
+std::string sign(const db::Failure& failure)
+{
+    const std::map<Cause, const char*> names = {{Cause::RowGone, "gone"},
+                                                {Cause::RowChanged, "changed"},
+                                                {Cause::Locked, "locked"},
+                                                {Cause::ReadOnly, "readonly"},
+                                                {Cause::Other, ""}};
+    return std::string("!") + names.at(failure.cause());
+}
+
+void act(db::Recordset& rows, const std::string& move)
+{
+    move == "first"    ? rows.MoveFirst()
+    : move == "last"   ? rows.MoveLast()
+    : move == "new"    ? rows.AddNew()
+    : move == "set"    ? rows.set("answer1", "mine")
+    : move == "number" ? rows.set("Question_ID", 9)
+    : move == "update" ? rows.Update()
+    : move == "delete" ? rows.Delete()
+                       : rows.Move(std::stoll(move));
+}
+
+} // namespace
+
 std::string place(const db::Recordset& rows, const char* field)
 {
     if (rows.Bof() || rows.Eof())
@@ -26,7 +53,7 @@ std::string place(const db::Recordset& rows, const char* field)
     try {
         return rows.text(field).toStdString();
     } catch (const db::Failure& failure) {
-        return failure.cause() == Cause::RowGone ? "!gone" : "!";
+        return sign(failure);
     }
 }
 
@@ -37,16 +64,24 @@ std::string trace(db::Recordset& rows, const std::string& moves, const char* fie
     for (std::string move; words >> move;) {
         places += places.empty() ? "" : " ";
         try {
-            move == "first"    ? rows.MoveFirst()
-            : move == "last"   ? rows.MoveLast()
-            : move == "delete" ? rows.Delete()
-                               : rows.Move(std::stoll(move));
-        } catch (const db::Failure&) {
-            places += "!";
+            act(rows, move);
+        } catch (const db::Failure& failure) {
+            places += sign(failure) + (failure.cause() == Cause::Other ? "" : ":");
         }
         places += place(rows, field);
     }
     return places;
+}
+
+std::string round(const db::Recordset& rows, qint64 most)
+{
+    static constexpr std::array fields = {"question_id"};
+    db::Round round(rows, fields);
+    QStringList passed;
+    for (auto slice = round.next(most); !slice.empty() && passed.size() < 99; slice = round.next(most))
+        for (const db::Passed& row : slice)
+            passed << row.texts.join("") + ",";
+    return passed.join("").toStdString();
 }
 
 db::Failure failureOf(const std::function<void()>& work)

@@ -26,20 +26,13 @@ TEST(Sharing, ACursorReadHalfWayLetsOthersWriteAndSeesIt)
 TEST(Sharing, ARowThatOthersChangedSinceItWasReadIsNotWrittenUntilItIsReadAnew)
 {
     const Bank bank;
-    auto rows = open(bank, allQuestions());
-    const auto seen = rows.text("question");
+    auto rows = open(bank, questionByKey(11));
     bank.execute("update questions set question = 'theirs', a = 5 where question_id = 11");
-    const auto write = [&] { rows.set("answer1", "ours"), rows.Update(); };
-    for (const std::function<void()>& change :
-         {std::function<void()>(write), {[&] { rows.Delete(); }}, {write}}) {
-        EXPECT_EQ(failureOf(change).cause(), Cause::RowChanged);
-        EXPECT_EQ(rows.text("question"), seen);
-    }
-    rows.Move(0);
-    EXPECT_EQ(rows.text("question"), "theirs");
-    bank.execute("update questions set d = 9");
-    write();
-    EXPECT_EQ(bank.value("select question || answer1 || a || d from questions"), "theirsours59");
+    EXPECT_EQ(trace(rows, "set update delete set update", "a"), "1 !changed:1 !changed:1 1 !changed:1");
+    EXPECT_EQ(trace(rows, "0", "question"), "theirs");
+    bank.execute("update questions set d = 9 where question_id = 11");
+    EXPECT_EQ(trace(rows, "set update", "d"), "1 9");
+    EXPECT_EQ(bank.value("select question || answer1 || a || d from questions"), "theirsmine59");
 }
 
 TEST(Sharing, ALockedFileIsReportedAfterTheWaitAndUsableAfterwards)
@@ -47,23 +40,19 @@ TEST(Sharing, ALockedFileIsReportedAfterTheWaitAndUsableAfterwards)
     const Bank bank;
     auto rows = open(bank, allQuestions());
     SQLite::Database other(bank.path().toStdString(), SQLite::OPEN_READWRITE);
-    const auto write = [&] { rows.set("a", 9), rows.Update(); };
     other.exec("begin exclusive");
     const auto begun = std::chrono::steady_clock::now();
-    EXPECT_EQ(failureOf([&] { connect(bank, 40ms); }).cause(), Cause::Locked);
+    const auto message = failureOf([&] { connect(bank, 40ms); }).message();
     EXPECT_GE(std::chrono::steady_clock::now() - begun, 40ms);
-    EXPECT_EQ(failureOf([&] { rows.MoveNext(); }).cause(), Cause::Locked);
-    EXPECT_EQ(failureOf(write).cause(), Cause::Locked);
-    const auto message = failureOf([&] { rows.MoveLast(); }).message();
-    EXPECT_TRUE(message.contains("cannot be read: another program is using it. Wait"));
+    EXPECT_TRUE(message.contains("cannot be opened: another program is using it. Wait"));
+    EXPECT_EQ(trace(rows, "1 set update last"), "!locked:11 11 !locked:11 !locked:11");
     other.exec("update questions set question = 'theirs' where question_id = 11; commit");
-    EXPECT_EQ(failureOf(write).cause(), Cause::RowChanged) << "a move that failed forgets nothing";
-    EXPECT_EQ(trace(rows, "0", "question"), "theirs");
+    EXPECT_EQ(trace(rows, "set update 0"), "11 !changed:11 11") << "a move that failed forgets nothing";
     other.exec("begin; select * from questions");
-    EXPECT_EQ(failureOf(write).cause(), Cause::Locked) << "a reader keeps a write from being finished";
+    EXPECT_EQ(trace(rows, "set update"), "11 !locked:11") << "a reader keeps a write from being finished";
     other.exec("commit");
-    write();
-    EXPECT_EQ(bank.value("select group_concat(question_id) from questions where a = 9"), "11");
+    EXPECT_EQ(trace(rows, "set update"), "11 11");
+    EXPECT_EQ(bank.value("select group_concat(question_id) from questions where answer1 = 'mine'"), "11");
 }
 
 } // namespace db_test

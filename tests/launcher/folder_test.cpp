@@ -7,7 +7,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <functional>
-#include <sstream>
 
 namespace {
 
@@ -19,15 +18,8 @@ protected:
     Start()
     {
         ::setenv("XDG_DATA_HOME", (root / "home/.data").c_str(), 1);
-        ::setenv("XDG_DATA_DIRS", (root / "local").string().append(":relative:").append(root / "usr").c_str(),
-                 1);
+        ::setenv("XDG_DATA_DIRS", (root.string() + "/local:relative:" + root.string() + "/usr").c_str(), 1);
     }
-    ~Start() override
-    {
-        ::unsetenv("XDG_DATA_HOME");
-        ::unsetenv("XDG_DATA_DIRS");
-    }
-
     void write(const fs::path& file, const std::string& content) const
     {
         fs::create_directories((root / file).parent_path());
@@ -36,9 +28,8 @@ protected:
 
     [[nodiscard]] std::string content(const fs::path& file) const
     {
-        std::ostringstream content;
-        content << std::ifstream(root / file).rdbuf();
-        return content.str();
+        std::ifstream stream(root / file);
+        return {std::istreambuf_iterator<char>(stream), {}};
     }
 
     /// What a start tells: "password", "nothing", or why it failed.
@@ -75,20 +66,18 @@ TEST_F(Start, MakesABankOnceAndKeepsIt)
 
 TEST_F(Start, UsesTheBankOfTheAdministratorAsLongAsThereIsOne)
 {
-    write("usr/orvanta/orv.orv", "for all");
-    EXPECT_EQ(start(), "nothing");
-    EXPECT_EQ(content(bank), "for all");
-    fs::remove(root / "usr/orvanta/orv.orv");
-    write("local/orvanta/orv.orv", "also for all");
-    EXPECT_EQ(start(), "nothing");
-    EXPECT_EQ(content(bank), "also for all");
-    fs::remove(root / "local/orvanta/orv.orv");
+    for (const char* folder : {"usr", "local"}) {
+        write(root / folder / "orvanta/orv.orv", folder);
+        EXPECT_EQ(start(), "nothing");
+        EXPECT_EQ(content(bank), folder);
+        fs::remove(root / folder / "orvanta/orv.orv");
+    }
     EXPECT_EQ(start(), "password");
 }
 
 TEST_F(Start, LeavesWhatThePlayerHasPutThere)
 {
-    write("home/.data/orvanta/orv.orv", "mine");
+    write(bank, "mine");
     write("home/.data/orvanta/genie.acs", "my host");
     EXPECT_EQ(start(), "nothing");
     EXPECT_EQ(content(bank) + content("home/.data/orvanta/genie.acs"), "minemy host");
@@ -102,10 +91,7 @@ TEST_F(Start, SaysWhyItCannotBe)
 {
     const std::pair<const char*, std::function<void()>> cases[] = {
         {"this account has no home folder",
-         [] {
-             ::setenv("XDG_DATA_HOME", "", 1);
-             ::setenv("HOME", "not/absolute", 1);
-         }},
+         [] { ::unsetenv("XDG_DATA_HOME"), ::setenv("HOME", "not/absolute", 1); }},
         {"/orvanta, cannot be made: Not a directory", [this] { write("home", ""); }},
         {"/proc/orvanta, cannot be made: ", [] { ::setenv("XDG_DATA_HOME", "/proc", 1); }},
     };

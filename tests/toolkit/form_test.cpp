@@ -6,11 +6,16 @@ using namespace std::chrono_literals;
 
 namespace {
 
+/// A screen whose events are written down as they happen; what it does when it loads is given by the test.
 class Page final : public Form
 {
 public:
-    explicit Page(Services services)
-        : Form({.name = "page", .width = 9030, .height = 6510}, services),
+    using Script = std::function<void()>;
+
+    Page(const QString& name, Services services, QStringList& written, Script atLoad)
+        : Form({.name = name, .width = 9030, .height = 6510}, services),
+          log(written),
+          load(std::move(atLoad)),
           first(button("first", {0, 0, 1500, 300}, "First", {.tab = 1})),
           second(button("second", {0, 600, 1500, 300}, "Second", {.tab = 0})),
           text(label("text", {0, 1200, 1500, 300}, "Text", {})),
@@ -23,42 +28,74 @@ public:
         onClick(first, [this] { log << "first"; });
         onClick(second, [this] { log << "second"; });
         onClick(text, [this] { log << "text"; });
-        onGotFocus(second, [this] { log << "focus"; });
+        onGotFocus(first, [this] { log << "focus"; });
         onTick(beat, [this] { log << "tick"; });
         setDefaultButton(first);
     }
+    ~Page() override { log << name() + " gone"; }
 
     using Form::focus;
     using Form::slide;
 
-    std::string takeLog()
-    {
-        const std::string taken = log.join(" ").toStdString();
-        log.clear();
-        return taken;
-    }
-
-    QStringList log;
+    QStringList& log;
+    Script load;
     Button* first;
     Button* second;
     Label* text;
     Shape* cover;
     Timer* beat;
+
+protected:
+    void Form_Load() override
+    {
+        log << name() + " load";
+        if (load)
+            load();
+        log << name() + " loaded";
+    }
+    void Form_Activate() override { log << name() + " activate"; }
+    void Form_Unload() override { log << name() + " unload"; }
 };
 
-class FormTest : public testing::Test
+class ScreensTest : public testing::Test
+{
+protected:
+    void add(const QString& name, Page::Script load = {}, const QString& behind = {})
+    {
+        stand.screens.add(name, [=, this] { return std::make_unique<Page>(name, stand.services, log, load); },
+                          {.behind = behind});
+    }
+    void run(const QString& steps)
+    {
+        for (const QString& step : steps.split("; ", Qt::SkipEmptyParts))
+            step == "settle"          ? QTest::qWait(0)
+            : step.startsWith("show") ? stand.screens.show(step.mid(5))
+                                      : stand.screens.close(step.mid(6));
+    }
+    std::string after(const QString& steps)
+    {
+        stand.screens.onAllClosed([this] { log << "ended"; });
+        run(steps);
+        return takeLog();
+    }
+    std::string takeLog() { return std::exchange(log, {}).join(", ").toStdString(); }
+
+    QStringList log;
+    support::Stand stand;
+};
+
+class FormTest : public ScreensTest
 {
 protected:
     FormTest()
     {
-        stand.screens.add("page", [this] { return std::make_unique<Page>(stand.services); });
+        add("page");
         stand.screens.show("page");
         page = &static_cast<Page&>(stand.form("page"));
         EXPECT_TRUE(QTest::qWaitForWindowActive(page));
-        page->takeLog();
+        takeLog();
     }
 
-    support::Stand stand;
     Page* page;
 };
 
@@ -66,63 +103,57 @@ protected:
 
 TEST_F(FormTest, GotFocusMeansAMoveOfTheFocusNotAnActivationOfTheWindow)
 {
+    page->focus(page->second);
     page->focus(page->first);
-    page->focus(page->second);
-    page->focus(page->second);
-    EXPECT_EQ(page->takeLog(), "focus");
+    page->focus(page->first);
+    EXPECT_EQ(takeLog(), "focus");
 
     QWidget box(page, Qt::Dialog);
     box.setWindowModality(Qt::ApplicationModal);
     box.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
-    page->focus(page->first);
     page->focus(page->second);
-    EXPECT_EQ(page->takeLog(), "focus") << "told while a box has the keyboard";
+    page->focus(page->first);
+    EXPECT_EQ(takeLog(), "focus") << "told while a box has the keyboard";
     box.close();
     page->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(page));
-    EXPECT_TRUE(page->second->hasFocus());
-    EXPECT_EQ(page->takeLog(), "");
-
-    QTest::keyClick(page->second, Qt::Key_Tab);
     EXPECT_TRUE(page->first->hasFocus());
-    QTest::keyClick(page->first, Qt::Key_Backtab);
-    EXPECT_EQ(page->takeLog(), "focus");
+    EXPECT_EQ(takeLog(), "");
+
+    QTest::keyClick(page->first, Qt::Key_Tab);
+    EXPECT_TRUE(page->second->hasFocus());
+    QTest::keyClick(page->second, Qt::Key_Backtab);
+    EXPECT_EQ(takeLog(), "focus");
 }
 
 TEST_F(FormTest, EnterPressesTheFocusedButtonElseTheDefaultOne)
 {
     page->focus(page->second);
-    page->takeLog();
+    takeLog();
     QTest::keyClick(page->second, Qt::Key_Return);
     page->second->clearFocus();
     QTest::keyClick(page, Qt::Key_Enter);
     page->first->setEnabled(false);
     QTest::keyClick(page, Qt::Key_Enter);
-    EXPECT_EQ(page->takeLog(), "second first");
+    EXPECT_EQ(takeLog(), "second, first");
 }
 
-TEST_F(FormTest, ClicksGoThroughShapesButNotThroughACover)
+TEST_F(FormTest, ClicksGoThroughShapesButNotThroughACoverNorTwice)
 {
     const auto clickAt = [&](QPoint place) {
         QWidget* hit = page->childAt(place);
         QTest::mouseClick(hit, Qt::LeftButton, {}, hit->mapFrom(page, place));
     };
     clickAt({90, 90});
-    EXPECT_EQ(page->takeLog(), "text");
+    EXPECT_EQ(takeLog(), "text");
     clickAt({10, 90});
-    EXPECT_EQ(page->takeLog(), "");
+    EXPECT_EQ(takeLog(), "");
     page->cover->hide();
     clickAt({10, 90});
-    EXPECT_EQ(page->takeLog(), "text");
-}
-
-TEST_F(FormTest, TheSecondPressOfADoubleClickIsNoClickOfALabel)
-{
-    QTest::mouseClick(page->text, Qt::LeftButton);
     QTest::mouseDClick(page->text, Qt::LeftButton);
     QTest::mouseRelease(page->text, Qt::LeftButton);
-    EXPECT_EQ(page->takeLog(), "text");
+    EXPECT_EQ(takeLog(), "text") << "the second press of a double click is none";
 }
 
 TEST_F(FormTest, ASlideComesBackToTheSamePlaceAndLetsNoTickIn)
@@ -130,20 +161,15 @@ TEST_F(FormTest, ASlideComesBackToTheSamePlaceAndLetsNoTickIn)
     const TwipRect before = page->bounds();
     auto& beat = *page->beat;
     page->slide({{570, {.left = -2.5}}, {1140, {.width = 2.5}}});
-    EXPECT_EQ(page->takeLog(), "");
+    EXPECT_EQ(takeLog(), "");
     EXPECT_EQ(page->bounds(), (TwipRect{before.left - 1425, before.top, before.width + 2850, before.height}));
     EXPECT_EQ(page->minimumSize(), page->maximumSize());
     QCoreApplication::processEvents();
-    EXPECT_EQ(page->takeLog(), "tick") << "the tick that fell into the slide comes after it";
+    EXPECT_EQ(takeLog(), "tick") << "the tick that fell into the slide comes after it";
     EXPECT_TRUE(beat.isEnabled());
     page->slide({{1140, {.width = -2.5}}, {570, {.left = 2.5}}});
     EXPECT_EQ(page->bounds(), before);
-}
-
-TEST_F(FormTest, BoundsFollowAWindowThatWasMovedByHand)
-{
-    const TwipRect before = page->bounds();
-    page->move(17, 23);
+    page->move(17, 23); // as by hand
     EXPECT_EQ(page->bounds(), (TwipRect{255, 345, before.width, before.height}));
 }
 
@@ -153,7 +179,50 @@ TEST_F(FormTest, NothingRunsOnceTheFormIsClosed)
     stand.screens.close("page");
     stand.clock.advance(1s);
     first->click();
-    EXPECT_EQ(page->takeLog(), "");
+    EXPECT_EQ(takeLog(), "page unload");
+}
+
+TEST_F(ScreensTest, AScreenIsOpenedOnceAndActivatedWhenAnotherWasActive)
+{
+    add("a");
+    add("b");
+    EXPECT_EQ(after("show a; show a"), "a load, a loaded, a activate");
+    EXPECT_EQ(after("show b; show a"), "b load, b loaded, b activate, a activate");
+    EXPECT_EQ(after("close b; close b; settle"), "b unload, a activate, b gone");
+}
+
+TEST_F(ScreensTest, AScreenThatIsShownWhileItLoadsBecomesVisibleButLoadsOnce)
+{
+    add(
+        "game",
+        [this] {
+            run("show backdrop");
+            EXPECT_TRUE(stand.form("game").isVisible() && stand.form("backdrop").isVisible());
+        },
+        "backdrop");
+    add("backdrop", [this] { run("show game"); });
+    EXPECT_EQ(after("show game"),
+              "game load, backdrop load, game activate, backdrop loaded, backdrop activate, game loaded, "
+              "game activate");
+}
+
+TEST_F(ScreensTest, AScreenThatClosesItselfWhileItLoadsStaysClosed)
+{
+    add("a", [this] { run("close a; show b"); });
+    add("b");
+    EXPECT_EQ(after("show a; settle"), "a load, a unload, b load, b loaded, b activate, a loaded, a gone");
+    EXPECT_TRUE(!stand.screens.find("a") && stand.form("b").isVisible());
+}
+
+TEST_F(ScreensTest, TheProgramEndsWhenNoScreenIsOpenButNotBetweenCloseAndShow)
+{
+    add("a", [] { throw std::runtime_error("The disk is full."); });
+    add("b");
+    stand.dialogs.expectNotice("The disk is full.");
+    EXPECT_EQ(after("show a; settle"), "a load, a activate") << "a failure is told, and the program goes on";
+    EXPECT_EQ(after("close a; show b; settle"), "a unload, b load, b loaded, b activate, a gone");
+    stand.form("b").close(); // as the window manager does
+    EXPECT_EQ(after("settle"), "b unload, ended, b gone");
 }
 
 } // namespace toolkit

@@ -11,7 +11,6 @@
 #include <QProcess>
 
 #include <cerrno>
-#include <cstdio>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -86,11 +85,8 @@ int run()
 
 int main(int argc, char** argv)
 {
-    if (const auto problem = toolkit::prepareDesktop()) {
-        std::fprintf(stderr, "Orvanta cannot start: %s\n", problem->c_str());
+    if (!toolkit::prepareDesktop())
         return 1;
-    }
-    toolkit::silenceLibraryWarnings();
     const QApplication application(argc, argv);
     QApplication::setWindowIcon(QIcon(besidePrograms("icons/hicolor/64x64/apps/orvanta.png")));
     try {
