@@ -42,6 +42,9 @@ Rules::Rules(toolkit::Services services)
     Text1->setReadOnly(true);
     Text1->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     accept->setChecked(true);
+    accept->setAccessibleName("I Accept the Rules");
+    reject->setAccessibleName("I Reject the Rules");
+    Text1->setAccessibleName("The Rules of the Game");
     setDefaultButton(startplay);
 
     onChange(accept, [this] { rules_accept_Click(); });

@@ -1,5 +1,6 @@
 #include "toolkit/form.h"
 
+#include "toolkit/access.h"
 #include "toolkit/choice_list.h"
 #include "toolkit/desktop.h"
 #include "toolkit/text_box.h"
@@ -39,6 +40,7 @@ Form::Form(FormSettings settings, Services services)
     setObjectName(settings_.name);
     setWindowTitle(settings_.caption);
     setMouseTracking(true);
+    describeToReaders();
     if (settings_.background) {
         QPalette changed = palette();
         changed.setColor(QPalette::Window, *settings_.background);
@@ -81,6 +83,17 @@ void Form::setBounds(const TwipRect& bounds)
 {
     bounds_ = bounds;
     setGeometry(pixels(bounds));
+}
+
+void Form::toggleFullScreen()
+{
+    if (isFullScreen()) {
+        setFixedSize(normalGeometry().size());
+    } else {
+        setMinimumSize(0, 0);
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    }
+    setWindowState(windowState() ^ Qt::WindowFullScreen);
 }
 
 void Form::load()
@@ -198,6 +211,7 @@ void Form::focusMoved(QWidget* control)
     if (focused_ == control)
         return;
     const QWidget* const former = std::exchange(focused_, control);
+    mark(control);
     const auto tell = [this](const FocusHandlers& handlers, const QWidget* whose) {
         for (const auto& [watched, handler] : handlers)
             if (watched == whose)
@@ -217,6 +231,7 @@ void Form::slide(std::initializer_list<SlideSteps> stretches)
         total += stretch.steps;
     const int stepsPerFrame = std::max(1, total / frames);
 
+    sliding_ = true;
     std::ranges::for_each(timers_, &Timer::hold);
     setMinimumSize(0, 0);
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
@@ -237,6 +252,7 @@ void Form::slide(std::initializer_list<SlideSteps> stretches)
     setBounds(now);
     setFixedSize(size());
     std::ranges::for_each(timers_, &Timer::release);
+    sliding_ = false;
 }
 
 bool Form::event(QEvent* event)
@@ -271,19 +287,6 @@ void Form::focusInEvent(QFocusEvent* event)
 {
     QWidget::focusInEvent(event);
     run([this] { Form_GotFocus(); });
-}
-
-void Form::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
-        QWidget::keyPressEvent(event);
-        return;
-    }
-    auto* pressed = qobject_cast<QPushButton*>(focusWidget());
-    if (!pressed)
-        pressed = defaultButton_;
-    if (pressed && !event->isAutoRepeat())
-        pressed->click();
 }
 
 void Form::mouseMoveEvent(QMouseEvent*)

@@ -30,13 +30,16 @@ void Form::applyLook(QWidget* control, const Look& look)
     if (control->focusPolicy() == Qt::WheelFocus)
         control->setFocusPolicy(Qt::StrongFocus);
     tabs_.emplace_back(look.tab, control);
-    lifted_.push_back(control);
+    if (!dynamic_cast<Label*>(control))
+        lifted_.push_back(control);
     control->installEventFilter(this);
 }
 
 Label* Form::label(const QString& name, const TwipRect& place, const QString& text, const Look& look)
 {
     auto* control = add(new Label(this), name, place);
+    if (look.tab >= 0)
+        control->setFocusPolicy(Qt::TabFocus);
     applyLook(control, look);
     if (look.colour)
         control->setTextColour(*look.colour);
