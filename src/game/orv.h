@@ -37,6 +37,7 @@ private:
     void addQuestion();
     void fitLadder();
     void connectHandlers();
+    void nameForReaders();
 
     // Start (orv_start.cpp)
     void openBank();
@@ -49,9 +50,20 @@ private:
     void markRung(int n);
     void orv_mws_Click();
 
+    // Keys (orv_keys.cpp)
+    void addKeyTable();
+    void pressLifeline(int i);
+    void markOption(std::array<int, 3> offsets);
+    void repeatQuestion();
+    void fillScreen();
+
     // Question (orv_question.cpp)
     void displayquestion();
     void drawQuestion();
+    void showOption(int i, const QString& answer);
+    void removeOption(int i);
+    [[nodiscard]] QString questionAloud() const;
+    void showPrize(const QString& text);
 
     // Answer and verdict (orv_answer.cpp)
     void orv_option_Click(int k);
@@ -64,6 +76,7 @@ private:
     void announceprize();
     void orv_cmdok_Click();
     [[nodiscard]] static QString answerOf(const toolkit::Label& option);
+    [[nodiscard]] QString optionsForReaders() const;
 
     // Lifelines and their panel (orv_lifelines.cpp)
     void orv_LL_Click();

@@ -35,6 +35,7 @@ void Orv::orv_option_Click(int k)
         return;
     }
     chosen->setOpaque(true);
+    chosen->setAccessibleDescription("chosen");
     state.answered = true;
     state.chosenanswer = answerOf(*chosen);
     lockanswer();
@@ -86,6 +87,7 @@ void Orv::judgeWrong(const QString& correctAnswer)
         if (!label->text().isEmpty() && sameAnswer(answerOf(*label), correctAnswer)) {
             label->setBackground(green);
             label->setOpaque(true);
+            label->setAccessibleDescription("right");
         }
     }
     const QString sorry =
@@ -95,7 +97,7 @@ void Orv::judgeWrong(const QString& correctAnswer)
     notice(sorry, Icon::Exclamation);
     eraseoptions->show();
     LL->setEnabled(false);
-    question->setText("Total Prize Money Rs. " + state.safeamount);
+    showPrize("Total Prize Money Rs. " + state.safeamount);
     random->setEnabled(false);
     cmdokquit->show();
     focus(cmdokquit);
@@ -158,12 +160,12 @@ void Orv::announceprize()
     eraseoptions->show();
     LL->setEnabled(false);
     if (n % questionsPerStep != 0) {
-        question->setText("Total Prize Money Rs. " + prize);
+        showPrize("Total Prize Money Rs. " + prize);
         narrate(Queued, "RestPose", "Total Prize Money Rupees " + amountinwords(prize));
     } else {
         state.safeamount = prize;
-        question->setText("Total Prize Money Rs. " + prize + "\nNow you will definately take away Rs. " +
-                          state.safeamount + " with you.");
+        showPrize("Total Prize Money Rs. " + prize + "\nNow you will definately take away Rs. " +
+                  state.safeamount + " with you.");
         narrate(Queued, "RestPose",
                 "Total Prize Money Rupees " + amountinwords(prize) +
                     ".Now you will definately take away Rupees " + amountinwords(state.safeamount) +
@@ -178,7 +180,7 @@ void Orv::announceprize()
     focus(cmdok);
     leave->setEnabled(false);
     if (n == lastQuestion)
-        question->setText("Congrulations You are now a Tazmir\nTotal Prize Money Rs. " + prize);
+        showPrize("Congrulations You are now a Tazmir\nTotal Prize Money Rs. " + prize);
 }
 
 void Orv::orv_cmdok_Click()

@@ -18,7 +18,7 @@ void Orv::enterClosingState()
 {
     eraseoptions->show();
     LL->setEnabled(false);
-    question->setText("Total Prize Money Rs. " + state.ladder[state.questionnumber - 1]);
+    showPrize("Total Prize Money Rs. " + state.ladder[state.questionnumber - 1]);
     cmdokquit->show();
     focus(cmdokquit);
 }

@@ -22,6 +22,7 @@ void Orv::clearoptions()
     for (auto* label : option) {
         label->setBackground(QColor(255, 128, 128));
         label->setOpaque(false);
+        label->setAccessibleDescription("");
     }
     clock->hide();
     clockback->hide();
@@ -32,9 +33,11 @@ void Orv::clearoptions()
 void Orv::showusedlifelines()
 {
     const std::array used = {state.pollused, state.friendused, state.fiftyused};
-    for (std::size_t i = 0; i < used.size(); ++i)
+    for (std::size_t i = 0; i < used.size(); ++i) {
         for (auto* line : crosses[i])
             line->setVisible(used[i]);
+        lifeline[i]->setAccessibleDescription(used[i] ? "used" : "");
+    }
 }
 
 void Orv::markRung(int n)

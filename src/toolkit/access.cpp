@@ -76,7 +76,8 @@ private:
     }
     [[nodiscard]] bool offersPress() const
     {
-        return (!label_ || label_->onClick) && isInReach(*widget()) && !shownText().isEmpty();
+        const auto* const form = dynamic_cast<const Form*>(widget()->parentWidget());
+        return (!label_ || label_->onClick) && !shownText().isEmpty() && form && form->canPress(*widget());
     }
 
     const Label* label_; ///< null for a button
@@ -110,7 +111,6 @@ public:
         setObjectName("announcement");
         setGeometry(0, 0, 1, 1);
         setAttribute(Qt::WA_TransparentForMouseEvents);
-        show();
     }
 };
 
@@ -191,6 +191,10 @@ void Form::announce(const QString& text)
     if (!announcement)
         announcement = new Announcement(this);
     announcement->setAccessibleName(text);
+    if (announcement->isHidden()) {
+        announcement->show();
+        return;
+    }
     QAccessibleEvent shown(announcement, QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&shown);
 }

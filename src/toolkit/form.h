@@ -77,8 +77,9 @@ public:
     [[nodiscard]] QWidget* lastFocused() const { return focused_; }
     /// Gives the focus back to it, or to the first control in the tab order if it cannot be used.
     void resumeFocus();
-    /// Presses a button or a label as a click on its middle would; nothing where that could not be clicked.
+    /// Presses a button or a label as a click on its middle would; nothing where that cannot be clicked.
     void press(QWidget& control);
+    [[nodiscard]] bool canPress(const QWidget& control) const;
     /// Has the window fill the screen, panels of the desktop and all, or go back to its place.
     void toggleFullScreen();
 

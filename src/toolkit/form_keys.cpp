@@ -31,9 +31,14 @@ void Form::addKeys(const std::vector<KeyRow>& rows)
     }
 }
 
+bool Form::canPress(const QWidget& control) const
+{
+    return !sliding_ && !closed_ && !QApplication::activeModalWidget() && isInReach(control);
+}
+
 void Form::press(QWidget& control)
 {
-    if (sliding_ || closed_ || QApplication::activeModalWidget() || !isInReach(control))
+    if (!canPress(control))
         return;
     if (auto* const button = dynamic_cast<Button*>(&control))
         button->press();

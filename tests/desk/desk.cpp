@@ -69,6 +69,10 @@ void Desk::start(const QString& directory)
     variables.insert("DESK_INSPECTOR", socket);
     variables.insert("DESK_OPENED", room_.filePath("opened"));
     variables.insert("QT_SCALE_FACTOR", settings_.scale);
+    if (settings_.reader) {
+        variables.insert("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+        variables.insert("DBUS_SESSION_BUS_ADDRESS", qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"));
+    }
     program_ = std::make_unique<Process>(DESK_PROGRAM, QStringList(), variables, directory);
     const bool connected = holdsInTime([&] {
         inspector_.connectToServer(socket);
