@@ -196,7 +196,7 @@ private:
     FocusHandlers lostFocus_;
     QWidget* focused_ = nullptr;
     Button* defaultButton_ = nullptr;
-    std::unique_ptr<Shape> mark_; ///< around the label that has the focus
+    std::unique_ptr<Shape> mark_; ///< around what has the focus
     QStringList keyHelp_;
     bool sliding_ = false;
     bool closed_ = false;

@@ -85,21 +85,20 @@ bool Form::focusNextPrevChild(bool next)
     return false;
 }
 
-/// Around a label that has the focus; other controls show it themselves.
+/// On a ground of the screen's own, where what the desktop shows of the focus is lost.
 void Form::mark(const QWidget* control)
 {
     mark_.reset();
-    const auto* const label = dynamic_cast<const Label*>(control);
-    if (!label)
+    if (!settings_.background || !control)
         return;
-    const Shape* const shape = label->backgroundShape();
+    const auto* const label = dynamic_cast<const Label*>(control);
+    const Shape* const shape = label ? label->backgroundShape() : nullptr;
     const Shape::Kind kind = shape ? Shape::Kind::Hexagon : Shape::Kind::Rectangle;
-    const int distance = shape ? 5 : 2;
-    const int width = shape ? 3 : 2;
-    mark_ = std::make_unique<Shape>(Shape::Style{.kind = kind, .outline = Qt::white, .outlineWidth = width},
-                                    this);
+    const int distance = shape ? 5 : 3;
+    mark_ = std::make_unique<Shape>(
+        Shape::Style{.kind = kind, .outline = Qt::white, .outlineWidth = shape ? 3 : 2}, this);
     mark_->setGeometry(
-        (shape ? shape->geometry() : label->geometry()).adjusted(-distance, -distance, distance, distance));
+        (shape ? shape->geometry() : control->geometry()).adjusted(-distance, -distance, distance, distance));
     mark_->show();
 }
 

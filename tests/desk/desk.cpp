@@ -155,6 +155,7 @@ QPoint Desk::aim(const QString& screen, const QString& control)
 void Desk::click(const QString& screen, const QString& control, int times)
 {
     display->click(aim(screen, control), times);
+    display->moveMouse({}); // or a tool tip would come in the way
 }
 
 void Desk::untilKeyboard(Window window)
@@ -175,6 +176,7 @@ ShownWindow Desk::answer(const QString& buttonOrKeys)
     const ShownWindow open = box();
     if (open.controls.contains(buttonOrKeys)) {
         display->click(aim(open.window, buttonOrKeys));
+        display->moveMouse({});
     } else {
         untilKeyboard(open.window);
         display->type(buttonOrKeys);

@@ -39,10 +39,18 @@ void Player::begin(const DeskSettings& settings)
 
 void Player::beyondRules()
 {
-    desk->click("userselect", "contestant");
-    desk->click("mainscreen", "Command1");
-    desk->untilKeyboard(desk->untilFocus("rules", "startplay").at("rules").window);
-    desk->display->type("\r");
+    const std::pair<const char*, const char*> buttons[] = {
+        {"userselect", "contestant"}, {"mainscreen", "Command1"}, {"rules", "startplay"}};
+    for (const auto& [screen, button] : buttons) {
+        desk->untilFocus(screen, button);
+        type(screen, "\r");
+    }
+}
+
+void Player::type(const QString& screen, const QString& keys)
+{
+    desk->untilKeyboard(desk->windowOf(screen));
+    desk->display->type(keys);
 }
 
 void Player::toQuestion(const QString& name)

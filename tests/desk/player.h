@@ -20,6 +20,8 @@ protected:
     void begin(const DeskSettings& settings = {});
     /// Goes on to the rules and beyond them, where the name is asked for.
     void beyondRules();
+    /// Presses keys once the screen has the keyboard.
+    void type(const QString& screen, const QString& keys);
     /// Goes on to question 1.
     void toQuestion(const QString& name = "Guest");
     Scene untilQuestion();

@@ -142,8 +142,9 @@ private:
             target, [&] { QTest::keyClick(focus, keys.key(), keys.keyboardModifiers()); }, box);
         if (key == "R")
             EXPECT_EQ(stand_.hostRequests.filter("Speak Your question is,,").size(), open);
-        if (open && QStringList({"Right", "Left", "Up", "Down"}).contains(key))
-            EXPECT_TRUE(orv()->focusWidget()->objectName().startsWith("option"));
+        if (!QStringList({"Right", "Left", "Up", "Down"}).contains(key))
+            return;
+        EXPECT_TRUE(open ? marked() && !marked()->text().isEmpty() : orv()->focusWidget() == focus);
     }
 
     /// `input` presses the control, which may be of any kind, or none.
@@ -169,7 +170,9 @@ private:
         EXPECT_TRUE(box_.contains(box) && box_.isEmpty() == box.isEmpty())
             << "What is pressed asks what it must and nothing else: " << box_.toStdString();
         if (name.startsWith("lifeline") && box.isEmpty())
-            EXPECT_TRUE(k == 1 ? !shows("hidepoll") : k == 2 ? shows("clock") : blanks() == 2);
+            EXPECT_TRUE(k == 1   ? !shows("hidepoll")
+                        : k == 2 ? shows("clock")
+                                 : blanks() == 2 && !(marked() && marked()->text().isEmpty()));
         if (box != "lock it")
             return;
         EXPECT_EQ(tally(chosenTally()), before + 1) << "Every choice, locked or taken back, is counted";
@@ -302,6 +305,12 @@ private:
         }
     }
 
+    /// The option that has the focus.
+    [[nodiscard]] const toolkit::Label* marked() const
+    {
+        const auto* const label = dynamic_cast<const toolkit::Label*>(orv()->focusWidget());
+        return label && label->objectName().startsWith("option") ? label : nullptr;
+    }
     [[nodiscard]] int blanks() const
     {
         int count = 0;
