@@ -129,6 +129,7 @@ Scene Desk::untilOnly(const std::string& names)
 
 QPoint Desk::aim(Window window, const QString& control)
 {
+    display->moveMouse({}); // which takes away a tool tip that would be in the way
     QPoint point;
     until(control.toStdString() + " in reach", [&](const Scene& scene) {
         const auto shown = std::ranges::find(scene.windows, window, &ShownWindow::window);
@@ -155,7 +156,6 @@ QPoint Desk::aim(const QString& screen, const QString& control)
 void Desk::click(const QString& screen, const QString& control, int times)
 {
     display->click(aim(screen, control), times);
-    display->moveMouse({}); // or a tool tip would come in the way
 }
 
 void Desk::untilKeyboard(Window window)
@@ -176,7 +176,6 @@ ShownWindow Desk::answer(const QString& buttonOrKeys)
     const ShownWindow open = box();
     if (open.controls.contains(buttonOrKeys)) {
         display->click(aim(open.window, buttonOrKeys));
-        display->moveMouse({});
     } else {
         untilKeyboard(open.window);
         display->type(buttonOrKeys);

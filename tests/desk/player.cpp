@@ -60,6 +60,20 @@ void Player::toQuestion(const QString& name)
     untilQuestion();
 }
 
+// Unless a prompt of the host was quicker, the first press only brings the lifelines into view.
+void Player::take(int lifeline)
+{
+    const QString cross = QString("l%1l1").arg(lifeline);
+    const QString key = QChar(f1Key + lifeline - 1);
+    type("orv", key);
+    const Scene open = desk->untilStays("the lifelines", [this](const Scene& scene) {
+        return desk->display->place(scene.at("orv").window).height() == 500;
+    });
+    if (!open.control("orv", cross).visible)
+        type("orv", key);
+    desk->until("the cross", [&](const Scene& scene) { return scene.control("orv", cross).visible; });
+}
+
 Scene Player::untilQuestion()
 {
     return desk->until("a question", [](const Scene& scene) {

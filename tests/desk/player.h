@@ -24,6 +24,8 @@ protected:
     void type(const QString& screen, const QString& keys);
     /// Goes on to question 1.
     void toQuestion(const QString& name = "Guest");
+    /// Takes lifeline 1 to 3 by its key.
+    void take(int lifeline);
     Scene untilQuestion();
 
     /// Which option (1 to 4) of the question on the screen is right, by the bank.

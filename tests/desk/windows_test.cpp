@@ -101,24 +101,6 @@ INSTANTIATE_TEST_SUITE_P(ManagersWithoutAndWithHost, WindowsUnder,
 
 using Windows = Player;
 
-TEST_F(Windows, ChooseNothingByADoubleClickOnOk)
-{
-    begin();
-    toQuestion();
-    const std::string chosen = choice(right());
-    win();
-    // The right end of the button lies over option 2.
-    const QPoint middle = desk->aim("orv", "cmdok");
-    const int width = desk->look().control("orv", "cmdok").place.width();
-    desk->display->click(middle + QPoint(width / 2 - 6, 0), 2);
-    untilQuestion();
-    // Whatever the second click started is older than this one and would be in its way.
-    desk->click("orv", "leave");
-    EXPECT_EQ(desk->answer("Yes").text, "Guest, are you sure you want to leave");
-    EXPECT_EQ(says(), "Total Prize Money Rs. 1,000");
-    EXPECT_EQ(choices(), chosen);
-}
-
 TEST_F(Windows, SlideVisiblyAndBackToTheSamePlace)
 {
     begin();

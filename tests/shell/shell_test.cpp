@@ -10,6 +10,7 @@
 
 #include <QAccessible>
 #include <QCheckBox>
+#include <QScrollBar>
 
 #include <set>
 
@@ -74,6 +75,8 @@ protected:
         EXPECT_TRUE(!name.isEmpty() && role != QAccessible::NoRole && role != QAccessible::Client) << which;
         EXPECT_TRUE(isText || state.disabled || reached.contains(&control)) << which << ": not by Tab";
         EXPECT_TRUE(window.adjusted(-1, -1, 1, 1).contains(control.geometry())) << which << ": cut";
+        for (const auto* bar : control.findChildren<QScrollBar*>())
+            EXPECT_TRUE(bar->isVisible() || bar->maximum() == 0) << which << ": has more to show";
         if (const auto* const label = dynamic_cast<const Label*>(&control)) {
             const int flags = static_cast<int>(label->alignment()) | Qt::TextWordWrap;
             EXPECT_EQ(toolkit::fitted(label->text(), label->font(), label->size(), flags).text,
