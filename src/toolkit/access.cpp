@@ -42,16 +42,17 @@ public:
 
     [[nodiscard]] QStringList actionNames() const override
     {
-        QStringList names;
-        if (offersPress())
-            names << pressAction();
-        return names + QAccessibleWidget::actionNames();
+        if (!isInReach(*widget()))
+            return {};
+        return (offersPress() ? QStringList(pressAction()) : QStringList()) +
+               QAccessibleWidget::actionNames();
     }
 
     void doAction(const QString& name) override
     {
         if (name != pressAction()) {
-            QAccessibleWidget::doAction(name);
+            if (isInReach(*widget()))
+                QAccessibleWidget::doAction(name);
             return;
         }
         // Later, because the reader waits for an answer and what is pressed may open a box.
