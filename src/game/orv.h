@@ -63,7 +63,6 @@ private:
     void showOption(int i, const QString& answer);
     void removeOption(int i);
     [[nodiscard]] QString questionAloud() const;
-    void showPrize(const QString& text);
 
     // Answer and verdict (orv_answer.cpp)
     void orv_option_Click(int k);

@@ -97,7 +97,8 @@ void Orv::judgeWrong(const QString& correctAnswer)
     notice(sorry, Icon::Exclamation);
     eraseoptions->show();
     LL->setEnabled(false);
-    showPrize("Total Prize Money Rs. " + state.safeamount);
+    question->setText("Total Prize Money Rs. " + state.safeamount);
+    announce(question->text());
     random->setEnabled(false);
     cmdokquit->show();
     focus(cmdokquit);
@@ -160,12 +161,12 @@ void Orv::announceprize()
     eraseoptions->show();
     LL->setEnabled(false);
     if (n % questionsPerStep != 0) {
-        showPrize("Total Prize Money Rs. " + prize);
+        question->setText("Total Prize Money Rs. " + prize);
         narrate(Queued, "RestPose", "Total Prize Money Rupees " + amountinwords(prize));
     } else {
         state.safeamount = prize;
-        showPrize("Total Prize Money Rs. " + prize + "\nNow you will definately take away Rs. " +
-                  state.safeamount + " with you.");
+        question->setText("Total Prize Money Rs. " + prize + "\nNow you will definately take away Rs. " +
+                          state.safeamount + " with you.");
         narrate(Queued, "RestPose",
                 "Total Prize Money Rupees " + amountinwords(prize) +
                     ".Now you will definately take away Rupees " + amountinwords(state.safeamount) +
@@ -180,7 +181,8 @@ void Orv::announceprize()
     focus(cmdok);
     leave->setEnabled(false);
     if (n == lastQuestion)
-        showPrize("Congrulations You are now a Tazmir\nTotal Prize Money Rs. " + prize);
+        question->setText("Congrulations You are now a Tazmir\nTotal Prize Money Rs. " + prize);
+    announce(question->text());
 }
 
 void Orv::orv_cmdok_Click()

@@ -18,7 +18,8 @@ void Orv::enterClosingState()
 {
     eraseoptions->show();
     LL->setEnabled(false);
-    showPrize("Total Prize Money Rs. " + state.ladder[state.questionnumber - 1]);
+    question->setText("Total Prize Money Rs. " + state.ladder[state.questionnumber - 1]);
+    announce(question->text());
     cmdokquit->show();
     focus(cmdokquit);
 }

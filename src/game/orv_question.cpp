@@ -76,13 +76,6 @@ QString Orv::optionsForReaders() const
     return names.join("; ");
 }
 
-/// What there is to win or to take home, in the place of the question.
-void Orv::showPrize(const QString& text)
-{
-    question->setText(text);
-    announce(text);
-}
-
 /// Picks a row of the level whose question has not been asked in this game: sets questionindex.
 void Orv::drawQuestion()
 {

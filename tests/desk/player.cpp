@@ -82,12 +82,12 @@ Scene Player::untilQuestion()
     });
 }
 
-int Player::right()
+int Player::right(const QString& question)
 {
     return std::stoi(
         bank.value("select 1 + (lower(correct_answer) = answer2) + 2 * (lower(correct_answer) = "
                    "answer3) + 3 * (lower(correct_answer) = answer4) from questions where question = '" +
-                   says().toStdString() + "'"));
+                   question.toStdString() + "'"));
 }
 
 ShownWindow Player::choose(int k)

@@ -28,9 +28,9 @@ protected:
     void take(int lifeline);
     Scene untilQuestion();
 
-    /// Which option (1 to 4) of the question on the screen is right, by the bank.
-    [[nodiscard]] int right();
-    [[nodiscard]] int wrong() { return right() % 4 + 1; }
+    /// Which option (1 to 4) of a question, or of the one on the screen, is right, by the bank.
+    [[nodiscard]] int right(const QString& question);
+    [[nodiscard]] int right() { return right(says()); }
     /// Clicks option k and waits for a box.
     ShownWindow choose(int k);
     /// Locks the right answer and waits for the prize to be announced.

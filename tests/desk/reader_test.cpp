@@ -45,14 +45,15 @@ void collect(AtspiAccessible* accessible, std::vector<Node>& nodes)
               atspi_state_set_contains(states.get(), ATSPI_STATE_ENABLED) != 0,
               -1,
               std::move(object)};
-    if (const Owned<AtspiAction> action{atspi_accessible_get_action_iface(accessible)})
-        for (int i = atspi_action_get_n_actions(action.get(), nullptr) - 1; i >= 0; --i)
-            if (taken(atspi_action_get_action_name(action.get(), i, nullptr)) == "Press")
-                node.press = i;
+    const Owned<AtspiAction> action(atspi_accessible_get_action_iface(accessible));
+    const int actions = action ? atspi_action_get_n_actions(action.get(), nullptr) : 0;
+    for (int i = 0; i < actions; ++i)
+        if (taken(atspi_action_get_action_name(action.get(), i, nullptr)) == "Press")
+            node.press = i;
     const int children = atspi_accessible_get_child_count(accessible, nullptr);
     const bool layout =
         node.role == ATSPI_ROLE_FILLER || node.role == ATSPI_ROLE_INVALID || node.role == ATSPI_ROLE_UNKNOWN;
-    if (node.name.isEmpty() && (node.press >= 0 || (layout && children == 0)))
+    if (node.name.isEmpty() && (actions > 0 || (layout && children == 0)))
         ADD_FAILURE() << "a nameless "
                       << taken(atspi_accessible_get_role_name(accessible, nullptr)).toStdString();
     nodes.push_back(std::move(node));
@@ -123,11 +124,7 @@ protected:
     [[nodiscard]] QString rightOption(int n)
     {
         const QString start = QString("Question %1 of 15: ").arg(n);
-        const QString question = find(start).name.mid(start.size(), 12);
-        return QString::fromStdString(bank.value(
-            "select substr('ABCD', 1 + (lower(correct_answer) = answer2) + 2 * (lower(correct_answer) = "
-            "answer3) + 3 * (lower(correct_answer) = answer4), 1) || ', ' from questions where question = '" +
-            question.toStdString() + "'"));
+        return QChar('A' + right(find(start).name.mid(start.size(), 12)) - 1) + QString(", ");
     }
 
     /// Answers every box, whose texts begin so, and waits for the last screen.
@@ -167,7 +164,7 @@ TEST_F(ReaderJourney, WinsTheTopPrize)
     }
     leaveBy({"Congrulations!!! Guest", "You have won a crore Rupees!", "Thank you for playing"});
     EXPECT_EQ(spoken.filter("Question ").size(), 15);
-    EXPECT_EQ(spoken.filter("Total Prize Money Rs. ").size(), 15 + 1) << "the last one twice";
+    EXPECT_EQ(spoken.filter("Total Prize Money Rs. ").size(), 15);
 }
 
 TEST_F(ReaderJourney, LosesWithAllLifelines)
