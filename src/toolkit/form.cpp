@@ -87,12 +87,8 @@ void Form::setBounds(const TwipRect& bounds)
 
 void Form::toggleFullScreen()
 {
-    if (isFullScreen()) {
-        setFixedSize(normalGeometry().size());
-    } else {
-        setMinimumSize(0, 0);
-        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    }
+    setMinimumSize(0, 0); // some window managers hold on to a fixed size
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     setWindowState(windowState() ^ Qt::WindowFullScreen);
 }
 

@@ -98,7 +98,8 @@ void Form::mark(const QWidget* control)
     mark_ = std::make_unique<Shape>(
         Shape::Style{.kind = kind, .outline = Qt::white, .outlineWidth = shape ? 3 : 2}, this);
     mark_->setGeometry(
-        (shape ? shape->geometry() : control->geometry()).adjusted(-distance, -distance, distance, distance));
+        (shape ? shape->geometry() : control->geometry()).adjusted(-distance, -distance, distance, distance) &
+        rect());
     mark_->show();
 }
 

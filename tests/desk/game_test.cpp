@@ -12,11 +12,9 @@ TEST_F(GameJourney, GoesUpToTheTopPrizeAndBackToTheStartByKeyboardAlone)
     type("orv", "h");
     EXPECT_TRUE(desk->answer("\r").text.contains("W: withdraw"));
     take(1);
-    QStringList chosen;
     for (int n = 1; n <= 15; ++n) {
         EXPECT_EQ(says().mid(9, 1).toInt(), (n + 4) / 5) << "level of question " << n;
         const int k = right();
-        chosen << QString::fromStdString(choice(k));
         for (int step = 0; n == 1 && step < k; ++step)
             type("orv", QString(rightKey));
         type("orv", n == 1 ? '\r' : QChar((n % 2 ? 'a' : '1') + k - 1));
@@ -38,8 +36,7 @@ TEST_F(GameJourney, GoesUpToTheTopPrizeAndBackToTheStartByKeyboardAlone)
     desk->untilOnly("userselect");
     desk->display->askToClose(desk->windowOf("userselect"));
     EXPECT_EQ(desk->exitCode(), 0);
-    chosen.sort();
-    EXPECT_EQ(choices(), chosen.join(',').toStdString());
+    EXPECT_EQ(choices(), 15);
 }
 
 } // namespace desk

@@ -109,17 +109,9 @@ void Player::next()
     untilQuestion();
 }
 
-std::string Player::choices() const
+int Player::choices() const
 {
-    return bank.value("select group_concat(question || ' ' || (a - 1) || (b - 1) || (c - 1) || (d - 1)) from "
-                      "questions where a + b + c + d > 4");
-}
-
-std::string Player::choice(int k, int times)
-{
-    std::string counts = "0000";
-    counts.at(k - 1) = static_cast<char>('0' + times);
-    return says().toStdString() + " " + counts;
+    return std::stoi(bank.value("select sum(a + b + c + d - 4) from questions"));
 }
 
 } // namespace desk

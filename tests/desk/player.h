@@ -39,10 +39,8 @@ protected:
     void next();
 
     [[nodiscard]] QString says() { return desk->look().control("orv", "question").text; }
-    /// The choices counted in the whole bank, beyond the tallies that it started with: "Question 1.1 0020".
-    [[nodiscard]] std::string choices() const;
-    /// `times` choices of option k of the question on the screen, as choices() puts it.
-    [[nodiscard]] std::string choice(int k, int times = 1);
+    /// Counted in the whole bank, beyond the tallies that it started with.
+    [[nodiscard]] int choices() const;
     [[nodiscard]] std::string names() const;
 
     support::Bank bank;

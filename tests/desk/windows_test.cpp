@@ -77,7 +77,6 @@ TEST_P(WindowsUnder, StayInTheirOrderWhateverIsClicked)
     EXPECT_TRUE(place("back").contains(place("orv").adjusted(-95, -34, 95, 33))) << "with both panels open";
 
     const QPoint option = desk->aim("orv", "option1");
-    const std::string chosen = choice(right(), 2);
     choose(right());
     desk->display->click(option, 2);
     clickAroundAndExpectOrder("box");
@@ -86,7 +85,7 @@ TEST_P(WindowsUnder, StayInTheirOrderWhateverIsClicked)
     choose(right());
     desk->answer("Yes");
     desk->until("the flashing", [](const Scene& scene) { return scene.control("orv", "flash").enabled; });
-    EXPECT_EQ(choices(), chosen);
+    EXPECT_EQ(choices(), 2);
 
     // Asking again and again is the impatient player's way.
     desk->display->askToClose(desk->windowOf("back"));
