@@ -33,7 +33,8 @@ struct Game
 {
     std::map<QString, QObject*> controls;
     toolkit::TwipRect opening{};
-    QStringList asked, row; ///< questions; of the last one its four answers and the right one
+    QStringList asked;
+    QString right; ///< answer to the last one, in small letters
     int won = 0, chosen = 0, farewells = 0;
     bool locked = false, lost = false;
     bool lifelinesOpen = false, ladderOpen = false;
@@ -216,13 +217,10 @@ private:
             << "A question follows only after all before it have been won.";
         EXPECT_TRUE(blanks() == 0 && shows("hidepoll") && !shows("clock"));
         game_.asked << question;
-        game_.row =
-            QString::fromStdString(bank_.value("select answer1 || '|' || answer2 || '|' || answer3 || '|' || "
-                                               "answer4 || '|' || correct_answer from questions"
-                                               " where question = '" +
-                                               question.toStdString() + "' and Level = " +
-                                               std::to_string(1 + game_.won / questionsPerStep)))
-                .split('|');
+        const int level = 1 + game_.won / questionsPerStep;
+        game_.right = QString::fromStdString(
+            bank_.value("select lower(correct_answer) from questions where question = '" +
+                        question.toStdString() + "' and Level = " + std::to_string(level)));
     }
 
     void look()
@@ -251,7 +249,8 @@ private:
         EXPECT_EQ(isEnabled("LL"), !covered);
         EXPECT_TRUE(covered ? (announced && pays(game_.won)) || (quits && pays(kept)) : undecided);
         lookAtLifelines(announced);
-        lookAtOptions();
+        EXPECT_EQ(runs("flash"), game_.locked);
+        EXPECT_TRUE(game_.asked.isEmpty() || isRight(1) || isRight(2) || isRight(3) || isRight(4));
 
         game_.lifelinesOpen |= heard.contains("Try using the lifelines?");
         game_.ladderOpen |=
@@ -277,18 +276,7 @@ private:
         EXPECT_TRUE(shows("clockback") == shows("clock") && runs("lifelinetimer") == shows("clock"));
         EXPECT_TRUE(!shows("clock") || control<toolkit::Label>("clock").text().toInt() < 10);
         EXPECT_FALSE(announced && (effects[0] || effects[1]));
-    }
-
-    void lookAtOptions()
-    {
-        EXPECT_EQ(runs("flash"), game_.locked);
         EXPECT_EQ(blanks() % 2, 0);
-        for (int k = 1; k <= 4 && !game_.row.isEmpty(); ++k) {
-            const auto& label = option(k);
-            EXPECT_TRUE(label.text().isEmpty()
-                            ? !isRight(k)
-                            : label.text() == QChar('A' + k - 1) + ("> " + game_.row[k - 1]));
-        }
     }
 
     /// An option that can be chosen has the focus.
@@ -332,7 +320,7 @@ private:
         const auto& aim = control<QWidget>(name);
         return orv()->childAt(aim.geometry().center()) == &aim;
     }
-    [[nodiscard]] bool isRight(int k) const { return game_.row[k - 1].toLower() == game_.row[4].toLower(); }
+    [[nodiscard]] bool isRight(int k) const { return option(k).text().mid(3).toLower() == game_.right; }
     [[nodiscard]] toolkit::Form* orv() const { return stand_.screens.find("orv"); }
     void note(const QString& action) { actions = actions.mid(actions.size() < 20 ? 0 : 1) << action; }
     int upTo(int last) { return std::uniform_int_distribution(0, last)(engine_); }
