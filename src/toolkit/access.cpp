@@ -166,16 +166,18 @@ private:
 
 QAccessibleInterface* describe(const QString&, QObject* object)
 {
-    if (auto* const form = dynamic_cast<Form*>(object))
+    auto* const widget = qobject_cast<QWidget*>(object);
+    if (!widget)
+        return nullptr;
+    if (auto* const form = dynamic_cast<Form*>(widget))
         return new FormAccess(*form);
-    if (auto* const label = dynamic_cast<Label*>(object))
-        return new ControlAccess(*label, label);
-    if (auto* const button = dynamic_cast<Button*>(object))
-        return new ControlAccess(*button, nullptr);
-    if (auto* const announcement = dynamic_cast<Announcement*>(object))
-        return new QAccessibleWidget(announcement, QAccessible::Notification);
-    if (isDecoration(object) || object->objectName() == "qt_scrollarea_viewport")
-        return new HiddenAccess(qobject_cast<QWidget*>(object));
+    const auto* const label = dynamic_cast<const Label*>(widget);
+    if (label || dynamic_cast<Button*>(widget))
+        return new ControlAccess(*widget, label);
+    if (dynamic_cast<Announcement*>(widget))
+        return new QAccessibleWidget(widget, QAccessible::Notification);
+    if (isDecoration(widget) || widget->objectName() == "qt_scrollarea_viewport")
+        return new HiddenAccess(widget);
     return nullptr;
 }
 
