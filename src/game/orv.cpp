@@ -33,6 +33,8 @@ Orv::Orv(toolkit::Services services, const narrator::CharactersFactory& makeChar
     myagent->setParent(this);
     addControls();
     connectHandlers();
+    addKeyTable();
+    nameForReaders();
 }
 
 // The controls lie in an area of 11280 x 7560; the ladder at its right and the lifelines at its bottom come
@@ -54,9 +56,12 @@ void Orv::addControls()
     addOptions();
     addQuestion();
     label("Label2", {120, 120, 8295, 615}, "ORVANTA", {.font = verdana(24, Weight::Bold), .colour = QColor(0, 255, 255), .centred = true});
-    const Look lifelineLook{.font = verdana(14.25, Weight::Bold), .colour = QColor(0, 0, 128), .background = lilac, .centred = true, .middle = true, .bordered = true};
+    Look lifelineLook{.font = verdana(14.25, Weight::Bold), .colour = QColor(0, 0, 128), .background = lilac, .centred = true, .middle = true, .bordered = true};
+    lifelineLook.tab = 9;
     lifeline[0] = label("lifeline1", {240, 6600, 1695, 735}, "Statitics Poll", lifelineLook);
+    lifelineLook.tab = 10;
     lifeline[1] = label("lifeline2", {3480, 6600, 1695, 735}, "Ask A Friend", lifelineLook);
+    lifelineLook.tab = 11;
     lifeline[2] = label("lifeline3", {6600, 6600, 1815, 735}, "50 : 50", lifelineLook);
     controlsDone();
     fitLadder();
@@ -83,7 +88,7 @@ void Orv::addFrontControls()
 void Orv::addPoll()
 {
     const QFont medium = verdana(9.75, Weight::Bold);
-    hidepoll = shape("hidepoll", {120, 1200, 2655, 2295}, {.fill = ground, .outline = ground});
+    hidepoll = shape("hidepoll", {120, 1200, 2655, 2295}, {.fill = ground, .outline = ground, .cover = true});
     auto* letters = label("Label1", {360, 1200, 2175, 375}, "  A       B        C       D", {.font = medium, .colour = Qt::white});
     letters->setWordsSpread(187.5, 600);
     for (int i = 0; i < options; ++i)
@@ -114,7 +119,7 @@ void Orv::addOptions()
 
     for (int i = options - 1; i >= 0; --i) {
         option[i] = label(QString("option%1").arg(i + 1), places[i], "",
-                          {.font = verdana(9.75, Weight::Bold), .colour = QColor(192, 255, 192), .middle = true});
+                          {.font = verdana(9.75, Weight::Bold), .colour = QColor(192, 255, 192), .middle = true, .tab = 4 + i});
     }
     constexpr double side = 255; // of a sign, which fits into the outline's right point
     for (int i = 0; i < options; ++i) {

@@ -37,6 +37,7 @@ private:
     void addQuestion();
     void fitLadder();
     void connectHandlers();
+    void nameForReaders();
 
     // Start (orv_start.cpp)
     void openBank();
@@ -45,14 +46,24 @@ private:
     // Tools of all handlers (orv_state.cpp)
     void narrate(StopFirst stopfirst, const QString& animation, const QString& text);
     void clearoptions();
-    void showSign(int k, toolkit::Shape::Kind kind);
+    void showSign(int k, toolkit::Shape::Kind kind, const QString& words);
     void showusedlifelines();
     void markRung(int n);
     void orv_mws_Click();
 
+    // Keys (orv_keys.cpp)
+    void addKeyTable();
+    void pressLifeline(int i);
+    void markOption(std::array<int, 3> offsets);
+    void repeatQuestion();
+    void fillScreen();
+
     // Question (orv_question.cpp)
     void displayquestion();
     void drawQuestion();
+    void showOption(int i, const QString& answer);
+    void removeOption(int i);
+    [[nodiscard]] QString questionAloud() const;
 
     // Answer and verdict (orv_answer.cpp)
     void orv_option_Click(int k);
@@ -65,6 +76,7 @@ private:
     void announceprize();
     void orv_cmdok_Click();
     [[nodiscard]] static QString answerOf(const toolkit::Label& option);
+    [[nodiscard]] QString optionsForReaders() const;
 
     // Lifelines and their panel (orv_lifelines.cpp)
     void orv_LL_Click();

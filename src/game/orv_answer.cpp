@@ -36,7 +36,7 @@ void Orv::orv_option_Click(int k)
         return;
     }
     chosen->setOpaque(true);
-    showSign(k, Shape::Kind::Lock);
+    showSign(k, Shape::Kind::Lock, "chosen");
     state.answered = true;
     state.chosenanswer = answerOf(*chosen);
     lockanswer();
@@ -89,9 +89,9 @@ void Orv::judgeWrong(const QString& correctAnswer)
         if (!label->text().isEmpty() && sameAnswer(answerOf(*label), correctAnswer)) {
             label->setBackground(green);
             label->setOpaque(true);
-            showSign(k, Shape::Kind::Tick);
+            showSign(k, Shape::Kind::Tick, "right");
         } else if (label->isOpaque()) {
-            showSign(k, Shape::Kind::Cross);
+            showSign(k, Shape::Kind::Cross, "wrong");
         }
     }
     const QString sorry =
@@ -102,6 +102,7 @@ void Orv::judgeWrong(const QString& correctAnswer)
     eraseoptions->show();
     LL->setEnabled(false);
     question->setText("Total Prize Money Rs. " + state.safeamount);
+    announce(question->text());
     random->setEnabled(false);
     cmdokquit->show();
     focus(cmdokquit);
@@ -138,7 +139,7 @@ void Orv::startflash()
     for (int k = 1; k <= options; ++k) {
         if (option[k - 1]->isOpaque()) {
             state.chosenoption = k;
-            showSign(k, Shape::Kind::Tick);
+            showSign(k, Shape::Kind::Tick, "right");
         }
     }
     flash->setEnabled(true);
@@ -188,6 +189,7 @@ void Orv::announceprize()
     leave->setEnabled(false);
     if (n == lastQuestion)
         question->setText("Congrulations You are now a Tazmir\nTotal Prize Money Rs. " + prize);
+    announce(question->text());
 }
 
 void Orv::orv_cmdok_Click()

@@ -19,6 +19,7 @@ void Orv::enterClosingState()
     eraseoptions->show();
     LL->setEnabled(false);
     question->setText("Total Prize Money Rs. " + state.ladder[state.questionnumber - 1]);
+    announce(question->text());
     cmdokquit->show();
     focus(cmdokquit);
 }

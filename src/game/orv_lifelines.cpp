@@ -16,6 +16,7 @@ void Orv::orv_LL_Click()
     slide({{200, {.top = -change / 2, .height = change}}});
     state.lifelinespanel = open ? Panel::Closed : Panel::Open;
     showusedlifelines();
+    announce(open ? "Lifelines put away" : "Lifelines in view");
 }
 
 // The statistics poll
@@ -37,6 +38,11 @@ void Orv::orv_lifeline1_Click()
     for (int i = 0; i < options; ++i)
         showShare(i, polled[i].shown, percentages[i]);
     hidepoll->hide();
+    QStringList shares;
+    for (const auto* share : pollpercent)
+        if (!share->isHidden())
+            shares << share->accessibleName();
+    announce(shares.join("; "));
     narrate(AtOnce, "Think", "It would now be easier for you to select the answer!");
 }
 
@@ -54,6 +60,7 @@ void Orv::showShare(int i, bool shown, int percent)
     if (percent == 100) // three digits would run into the next bar's share
         pollpercent[i]->setFont(toolkit::verdana(7.5, toolkit::Weight::Bold));
     pollpercent[i]->setText(QString("%1%").arg(percent));
+    pollpercent[i]->setAccessibleName(QString("%1: %2%").arg(QChar('A' + i)).arg(percent));
     pollpercent[i]->move(bar.left(), pollpercent[i]->y());
 }
 
@@ -70,6 +77,7 @@ void Orv::orv_lifeline2_Click()
     state.clockcount = 0;
     clock->show();
     clockback->show();
+    announce("Ten seconds to ask a friend");
     lifelinetimer->setEnabled(true);
 }
 
@@ -104,7 +112,8 @@ void Orv::orv_lifeline3_Click()
     for (int i = 0; i < options; ++i)
         removable[i] = !option[i]->text().isEmpty() && !sameAnswer(answerOf(*option[i]), correctAnswer);
     for (const int k : removedOptions(removable, services().random))
-        option[k - 1]->setText("");
+        removeOption(k - 1);
+    announce(optionsForReaders());
     narrate(AtOnce, "Think", "It would now be easier for you to select the answer!");
 }
 

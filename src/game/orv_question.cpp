@@ -24,15 +24,56 @@ void Orv::displayquestion()
                                 row.text(schema::answers[2]), row.text(schema::answers[3])};
     question->setText(row.text(schema::question));
     for (int i = 0; i < options; ++i)
-        option[i]->setText(QString("%1> ").arg(QChar('A' + i)) + answers[i]);
+        showOption(i, answers[i]);
     state.chosenanswer.clear();
     state.toldOfRemovedQuestion = false;
     state.begun = true;
     clearoptions();
-    narrate(AtOnce, "announce",
-            "Your question is,," + row.text(schema::question) + ",,the four options are,,A," + answers[0] +
-                ",B," + answers[1] + ",C," + answers[2] + ",D," + answers[3]);
+    narrate(AtOnce, "announce", questionAloud());
     narrate(Queued, "think", "");
+    announce(QString("Question %1 of %2: %3 %4")
+                 .arg(state.questionnumber)
+                 .arg(lastQuestion)
+                 .arg(question->text(), optionsForReaders()));
+}
+
+void Orv::showOption(int i, const QString& answer)
+{
+    const QChar letter('A' + i);
+    option[i]->setText(QString("%1> ").arg(letter) + answer);
+    option[i]->setAccessibleName(QString("%1, ").arg(letter) + answer);
+}
+
+void Orv::removeOption(int i)
+{
+    option[i]->setText("");
+    option[i]->setAccessibleName(QString("%1, removed").arg(QChar('A' + i)));
+    if (lastFocused() == option[i])
+        focus(LL);
+}
+
+/// As the host reads it out, with the options that are left.
+QString Orv::questionAloud() const
+{
+    QString listed;
+    int left = 0;
+    for (int i = 0; i < options; ++i) {
+        if (option[i]->text().isEmpty())
+            continue;
+        listed += QString(",%1,").arg(QChar('A' + i)) + answerOf(*option[i]);
+        ++left;
+    }
+    return "Your question is,," + question->text() +
+           (left == options ? ",,the four options are," : ",,the options are,") + listed;
+}
+
+QString Orv::optionsForReaders() const
+{
+    QStringList names;
+    for (const auto* label : option)
+        if (!label->text().isEmpty())
+            names << label->accessibleName();
+    return names.join("; ");
 }
 
 /// Picks a row of the level whose question has not been asked in this game: sets questionindex.

@@ -24,6 +24,7 @@ void Orv::clearoptions()
     for (auto* label : option) {
         label->setBackground(QColor(255, 128, 128));
         label->setOpaque(false);
+        label->setAccessibleDescription("");
     }
     for (auto* shape : sign)
         shape->hide();
@@ -33,18 +34,22 @@ void Orv::clearoptions()
     hidepoll->show();
 }
 
-void Orv::showSign(int k, Shape::Kind kind)
+/// At the option k, in words for those who hear it.
+void Orv::showSign(int k, Shape::Kind kind, const QString& words)
 {
     sign[k - 1]->setKind(kind);
     sign[k - 1]->show();
+    option[k - 1]->setAccessibleDescription(words);
 }
 
 void Orv::showusedlifelines()
 {
     const std::array used = {state.pollused, state.friendused, state.fiftyused};
-    for (std::size_t i = 0; i < used.size(); ++i)
+    for (std::size_t i = 0; i < used.size(); ++i) {
         for (auto* line : crosses[i])
             line->setVisible(used[i]);
+        lifeline[i]->setAccessibleDescription(used[i] ? "used" : "");
+    }
 }
 
 void Orv::markRung(int n)

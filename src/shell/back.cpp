@@ -15,6 +15,7 @@ Back::Back(toolkit::Services services)
             .background = QColor(0, 0, 64)},
            services)
 {
+    setAccessibleName("Backdrop");
     setEnabled(false);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setWindowFlag(Qt::WindowDoesNotAcceptFocus);

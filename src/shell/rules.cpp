@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 
 namespace shell {
 
@@ -42,6 +43,10 @@ Rules::Rules(toolkit::Services services)
     Text1->setReadOnly(true);
     Text1->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     accept->setChecked(true);
+    accept->setAccessibleName("I Accept the Rules");
+    reject->setAccessibleName("I Reject the Rules");
+    Text1->setAccessibleName("The Rules of the Game");
+    Text1->verticalScrollBar()->setAccessibleName("Scroll the rules");
     setDefaultButton(startplay);
 
     onChange(accept, [this] { rules_accept_Click(); });

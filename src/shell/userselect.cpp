@@ -54,9 +54,9 @@ UserSelect::UserSelect(toolkit::Services services)
     label("Label3", {1680, 2280, 3615, 255}, "By " + toolkit::author::name,
           {.font = line, .colour = QColor(255, 255, 0), .centred = true});
     email = label("email", {2160, 2640, 2415, 195}, toolkit::author::email,
-                  {.font = link, .colour = lilac, .centred = true, .sizedToText = true});
+                  {.font = link, .colour = lilac, .centred = true, .sizedToText = true, .tab = 5});
     site = label("site", {2280, 2880, 2265, 195}, toolkit::author::site,
-                 {.font = link, .colour = lilac, .centred = true, .sizedToText = true});
+                 {.font = link, .colour = lilac, .centred = true, .sizedToText = true, .tab = 6});
     Timer1 = timer("Timer1", 10ms, false);
     // clang-format on
     controlsDone();

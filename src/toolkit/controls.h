@@ -29,6 +29,7 @@ public:
     [[nodiscard]] bool isOpaque() const { return opaque_; }
     /// Has the background fill a shape that lies under the label instead of the label's own box.
     void setBackgroundShape(toolkit::Shape* shape);
+    [[nodiscard]] const toolkit::Shape* backgroundShape() const { return backgroundShape_; }
     void setBordered(bool bordered) { bordered_ = bordered; }
     /// Makes the label as large as its text from now on; it grows from its left edge, or from its middle
     /// if its text is centred.
@@ -130,6 +131,7 @@ public:
     void setFill(std::optional<QColor> fill);
     [[nodiscard]] const std::optional<QColor>& fill() const { return style_.fill; }
     void setKind(Kind kind);
+    [[nodiscard]] bool isCover() const { return style_.cover; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -1,5 +1,6 @@
 #include "toolkit/form.h"
 
+#include "toolkit/access.h"
 #include "toolkit/choice_list.h"
 #include "toolkit/desktop.h"
 #include "toolkit/text_box.h"
@@ -39,6 +40,7 @@ Form::Form(FormSettings settings, Services services)
     setObjectName(settings_.name);
     setWindowTitle(settings_.caption);
     setMouseTracking(true);
+    describeToReaders();
     if (settings_.background) {
         QPalette changed = palette();
         changed.setColor(QPalette::Window, *settings_.background);
@@ -81,6 +83,13 @@ void Form::setBounds(const TwipRect& bounds)
 {
     bounds_ = bounds;
     setGeometry(pixels(bounds));
+}
+
+void Form::toggleFullScreen()
+{
+    setMinimumSize(0, 0); // some window managers hold on to a fixed size
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    setWindowState(windowState() ^ Qt::WindowFullScreen);
 }
 
 void Form::load()
@@ -198,12 +207,7 @@ void Form::focusMoved(QWidget* control)
     if (focused_ == control)
         return;
     const QWidget* const former = std::exchange(focused_, control);
-    if (focusRing_) {
-        constexpr int gap = 3;
-        focusRing_->setGeometry(control->geometry().adjusted(-gap, -gap, gap, gap) & rect());
-        focusRing_->setVisible(true);
-        focusRing_->raise();
-    }
+    mark(control);
     const auto tell = [this](const FocusHandlers& handlers, const QWidget* whose) {
         for (const auto& [watched, handler] : handlers)
             if (watched == whose)
@@ -223,6 +227,7 @@ void Form::slide(std::initializer_list<SlideSteps> stretches)
         total += stretch.steps;
     const int stepsPerFrame = animationsWanted() ? std::max(1, total / frames) : total + 1;
 
+    sliding_ = true;
     std::ranges::for_each(timers_, &Timer::hold);
     setMinimumSize(0, 0);
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
@@ -243,6 +248,7 @@ void Form::slide(std::initializer_list<SlideSteps> stretches)
     setBounds(now);
     setFixedSize(size());
     std::ranges::for_each(timers_, &Timer::release);
+    sliding_ = false;
 }
 
 bool Form::event(QEvent* event)
@@ -277,19 +283,6 @@ void Form::focusInEvent(QFocusEvent* event)
 {
     QWidget::focusInEvent(event);
     run([this] { Form_GotFocus(); });
-}
-
-void Form::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
-        QWidget::keyPressEvent(event);
-        return;
-    }
-    auto* pressed = qobject_cast<QPushButton*>(focusWidget());
-    if (!pressed)
-        pressed = defaultButton_;
-    if (pressed && !event->isAutoRepeat())
-        pressed->click();
 }
 
 void Form::mouseMoveEvent(QMouseEvent*)

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <initializer_list>
+#include <memory>
 #include <vector>
 
 class QCheckBox;
@@ -43,7 +44,7 @@ struct Look
     bool sizedToText = false;
     bool bordered = false;
     bool hidden = false;
-    int tab = -1; ///< place in the tab order
+    int tab = -1; ///< place in the tab order; a label without one is passed over
 };
 
 /// What all screens share: geometry kept in twips, a frame and a place, controls under their names, the
@@ -76,6 +77,11 @@ public:
     [[nodiscard]] QWidget* lastFocused() const { return focused_; }
     /// Gives the focus back to it, or to the first control in the tab order if it cannot be used.
     void resumeFocus();
+    /// Presses a button or a label as a click on its middle would; nothing where that cannot be clicked.
+    void press(QWidget& control);
+    [[nodiscard]] bool canPress(const QWidget& control) const;
+    /// Has the window fill the screen, panels of the desktop and all, or go back to its place.
+    void toggleFullScreen();
 
 protected:
     // The events of the screen.
@@ -135,6 +141,20 @@ protected:
     void onGotFocus(QWidget* control, std::function<void()> handler);
     void onLostFocus(QWidget* control, std::function<void()> handler);
     void focus(QWidget* control);
+
+    /// A row of the screen's table of keys. A row with neither control nor action is for the help alone.
+    struct KeyRow
+    {
+        QString keys;                      ///< "F1 Ctrl+1": either of them
+        QWidget* control = nullptr;        ///< what they press
+        QString words;                     ///< what comes of it, for tool tip and help
+        std::function<void()> action = {}; ///< what they do instead of pressing the control
+    };
+    void addKeys(const std::vector<KeyRow>& rows);
+    /// The table as the user reads it, a line a row.
+    [[nodiscard]] QString keyHelp() const { return keyHelp_.join('\n'); }
+    /// Has a screen reader say it as soon as it can.
+    void announce(const QString& text);
     void setDefaultButton(Button* control) { defaultButton_ = control; }
 
     /// A stretch of a slide: `steps` equal changes of the window's bounds, in twips each.
@@ -153,6 +173,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
@@ -161,6 +182,7 @@ private:
     void applyLook(QWidget* control, const Look& look);
     void focusMoved(QWidget* control);
     void focusFirst();
+    void mark(const QWidget* control);
     [[nodiscard]] TwipRect openingBounds() const;
 
     FormSettings settings_;
@@ -173,8 +195,10 @@ private:
     FocusHandlers gotFocus_;
     FocusHandlers lostFocus_;
     QWidget* focused_ = nullptr;
-    Shape* focusRing_ = nullptr; ///< around it; none on a form in the desktop's colours
     Button* defaultButton_ = nullptr;
+    std::unique_ptr<Shape> mark_; ///< around what has the focus
+    QStringList keyHelp_;
+    bool sliding_ = false;
     bool closed_ = false;
 };
 

@@ -30,13 +30,16 @@ void Form::applyLook(QWidget* control, const Look& look)
     if (control->focusPolicy() == Qt::WheelFocus)
         control->setFocusPolicy(Qt::StrongFocus);
     tabs_.emplace_back(look.tab, control);
-    lifted_.push_back(control);
+    if (!dynamic_cast<Label*>(control))
+        lifted_.push_back(control);
     control->installEventFilter(this);
 }
 
 Label* Form::label(const QString& name, const TwipRect& place, const QString& text, const Look& look)
 {
     auto* control = add(new Label(this), name, place);
+    if (look.tab >= 0)
+        control->setFocusPolicy(Qt::TabFocus);
     applyLook(control, look);
     if (look.colour)
         control->setTextColour(*look.colour);
@@ -142,9 +145,6 @@ Timer* Form::timer(const QString& name, std::chrono::milliseconds period, bool e
 void Form::controlsDone()
 {
     std::for_each(lifted_.rbegin(), lifted_.rend(), [](QWidget* control) { control->raise(); });
-    // What the desktop shows of the focus is lost on a ground that it has not chosen.
-    if (settings_.background)
-        focusRing_ = shape("", {}, {.outline = Qt::white, .outlineWidth = 2}, true);
     std::ranges::stable_sort(tabs_, {}, &std::pair<int, QWidget*>::first);
     for (std::size_t place = 1; place < tabs_.size(); ++place)
         setTabOrder(tabs_[place - 1].second, tabs_[place].second);

@@ -21,7 +21,7 @@ protected:
     void logIn(const QString& password)
     {
         desk->untilFocus("userselect", "contestant");
-        type("\t "); // the other button
+        type("\t\t\t "); // past the links to the other button
         desk->untilFocus("login", "username");
         type("owner\t" + password + "\r");
     }

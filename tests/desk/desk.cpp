@@ -69,6 +69,10 @@ void Desk::start(const QString& directory)
     variables.insert("DESK_INSPECTOR", socket);
     variables.insert("DESK_OPENED", room_.filePath("opened"));
     variables.insert("QT_SCALE_FACTOR", settings_.scale);
+    if (settings_.reader) {
+        variables.insert("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+        variables.insert("DBUS_SESSION_BUS_ADDRESS", qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"));
+    }
     program_ = std::make_unique<Process>(DESK_PROGRAM, QStringList(), variables, directory);
     const bool connected = holdsInTime([&] {
         inspector_.connectToServer(socket);
@@ -125,6 +129,7 @@ Scene Desk::untilOnly(const std::string& names)
 
 QPoint Desk::aim(Window window, const QString& control)
 {
+    display->moveMouse({}); // which takes away a tool tip that would be in the way
     QPoint point;
     until(control.toStdString() + " in reach", [&](const Scene& scene) {
         const auto shown = std::ranges::find(scene.windows, window, &ShownWindow::window);

@@ -15,7 +15,8 @@ struct DeskSettings
 {
     QSize screen = {1024, 768};
     QString manager = "openbox";
-    QString scale = {}; ///< the factor that the user asks Qt programs to grow by
+    QString scale = {};  ///< the factor that the user asks Qt programs to grow by
+    bool reader = false; ///< a screen reader on the accessibility bus of the tests looks at the program
 };
 
 /// A desk of its own for one test: an X display, a window manager, and the program in a directory of its

@@ -77,7 +77,7 @@ QByteArray scene()
         const QString name = qobject_cast<const QMessageBox*>(widget)    ? "box"
                              : qobject_cast<const QInputDialog*>(widget) ? "prompt"
                                                                          : widget->objectName();
-        if (widget->isVisible() && !name.isEmpty())
+        if (widget->isVisible() && !name.isEmpty() && widget->windowType() != Qt::ToolTip)
             windows.append(describedWindow(*widget, name));
     }
     return QJsonDocument(windows).toJson(QJsonDocument::Compact) + '\n';

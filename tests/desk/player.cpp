@@ -39,10 +39,18 @@ void Player::begin(const DeskSettings& settings)
 
 void Player::beyondRules()
 {
-    desk->click("userselect", "contestant");
-    desk->click("mainscreen", "Command1");
-    desk->untilKeyboard(desk->untilFocus("rules", "startplay").at("rules").window);
-    desk->display->type("\r");
+    const std::pair<const char*, const char*> buttons[] = {
+        {"userselect", "contestant"}, {"mainscreen", "Command1"}, {"rules", "startplay"}};
+    for (const auto& [screen, button] : buttons) {
+        desk->untilFocus(screen, button);
+        type(screen, "\r");
+    }
+}
+
+void Player::type(const QString& screen, const QString& keys)
+{
+    desk->untilKeyboard(desk->windowOf(screen));
+    desk->display->type(keys);
 }
 
 void Player::toQuestion(const QString& name)
@@ -50,6 +58,20 @@ void Player::toQuestion(const QString& name)
     beyondRules();
     desk->enterName(name);
     untilQuestion();
+}
+
+// Unless a prompt of the host was quicker, the first press only brings the lifelines into view.
+void Player::take(int lifeline)
+{
+    const QString cross = QString("l%1l1").arg(lifeline);
+    const QString key = QChar(f1Key + lifeline - 1);
+    type("orv", key);
+    const Scene open = desk->untilStays("the lifelines", [this](const Scene& scene) {
+        return desk->display->place(scene.at("orv").window).height() == 500;
+    });
+    if (!open.control("orv", cross).visible)
+        type("orv", key);
+    desk->until("the cross", [&](const Scene& scene) { return scene.control("orv", cross).visible; });
 }
 
 Scene Player::untilQuestion()
@@ -60,12 +82,12 @@ Scene Player::untilQuestion()
     });
 }
 
-int Player::right()
+int Player::right(const QString& question)
 {
     return std::stoi(
         bank.value("select 1 + (lower(correct_answer) = answer2) + 2 * (lower(correct_answer) = "
                    "answer3) + 3 * (lower(correct_answer) = answer4) from questions where question = '" +
-                   says().toStdString() + "'"));
+                   question.toStdString() + "'"));
 }
 
 ShownWindow Player::choose(int k)
@@ -87,17 +109,9 @@ void Player::next()
     untilQuestion();
 }
 
-std::string Player::choices() const
+int Player::choices() const
 {
-    return bank.value("select group_concat(question || ' ' || (a - 1) || (b - 1) || (c - 1) || (d - 1)) from "
-                      "questions where a + b + c + d > 4");
-}
-
-std::string Player::choice(int k, int times)
-{
-    std::string counts = "0000";
-    counts.at(k - 1) = static_cast<char>('0' + times);
-    return says().toStdString() + " " + counts;
+    return std::stoi(bank.value("select sum(a + b + c + d - 4) from questions"));
 }
 
 } // namespace desk

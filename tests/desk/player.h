@@ -20,13 +20,17 @@ protected:
     void begin(const DeskSettings& settings = {});
     /// Goes on to the rules and beyond them, where the name is asked for.
     void beyondRules();
+    /// Presses keys once the screen has the keyboard.
+    void type(const QString& screen, const QString& keys);
     /// Goes on to question 1.
     void toQuestion(const QString& name = "Guest");
+    /// Takes lifeline 1 to 3 by its key.
+    void take(int lifeline);
     Scene untilQuestion();
 
-    /// Which option (1 to 4) of the question on the screen is right, by the bank.
-    [[nodiscard]] int right();
-    [[nodiscard]] int wrong() { return right() % 4 + 1; }
+    /// Which option (1 to 4) of a question, or of the one on the screen, is right, by the bank.
+    [[nodiscard]] int right(const QString& question);
+    [[nodiscard]] int right() { return right(says()); }
     /// Clicks option k and waits for a box.
     ShownWindow choose(int k);
     /// Locks the right answer and waits for the prize to be announced.
@@ -35,10 +39,8 @@ protected:
     void next();
 
     [[nodiscard]] QString says() { return desk->look().control("orv", "question").text; }
-    /// The choices counted in the whole bank, beyond the tallies that it started with: "Question 1.1 0020".
-    [[nodiscard]] std::string choices() const;
-    /// `times` choices of option k of the question on the screen, as choices() puts it.
-    [[nodiscard]] std::string choice(int k, int times = 1);
+    /// Counted in the whole bank, beyond the tallies that it started with.
+    [[nodiscard]] int choices() const;
     [[nodiscard]] std::string names() const;
 
     support::Bank bank;

@@ -77,7 +77,6 @@ TEST_P(WindowsUnder, StayInTheirOrderWhateverIsClicked)
     EXPECT_TRUE(place("back").contains(place("orv").adjusted(-95, -34, 95, 33))) << "with both panels open";
 
     const QPoint option = desk->aim("orv", "option1");
-    const std::string chosen = choice(right(), 2);
     choose(right());
     desk->display->click(option, 2);
     clickAroundAndExpectOrder("box");
@@ -86,7 +85,7 @@ TEST_P(WindowsUnder, StayInTheirOrderWhateverIsClicked)
     choose(right());
     desk->answer("Yes");
     desk->until("the flashing", [](const Scene& scene) { return scene.control("orv", "flash").enabled; });
-    EXPECT_EQ(choices(), chosen);
+    EXPECT_EQ(choices(), 2);
 
     // Asking again and again is the impatient player's way.
     desk->display->askToClose(desk->windowOf("back"));
@@ -100,24 +99,6 @@ INSTANTIATE_TEST_SUITE_P(ManagersWithoutAndWithHost, WindowsUnder,
                          testing::Combine(testing::Values("openbox", "icewm"), testing::Bool()));
 
 using Windows = Player;
-
-TEST_F(Windows, ChooseNothingByADoubleClickOnOk)
-{
-    begin();
-    toQuestion();
-    const std::string chosen = choice(right());
-    win();
-    // The right end of the button lies over option 2.
-    const QPoint middle = desk->aim("orv", "cmdok");
-    const int width = desk->look().control("orv", "cmdok").place.width();
-    desk->display->click(middle + QPoint(width / 2 - 6, 0), 2);
-    untilQuestion();
-    // Whatever the second click started is older than this one and would be in its way.
-    desk->click("orv", "leave");
-    EXPECT_EQ(desk->answer("Yes").text, "Guest, are you sure you want to leave");
-    EXPECT_EQ(says(), "Total Prize Money Rs. 1,000");
-    EXPECT_EQ(choices(), chosen);
-}
 
 TEST_F(Windows, SlideVisiblyAndBackToTheSamePlace)
 {

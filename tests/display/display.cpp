@@ -57,6 +57,12 @@ void Display::fake(std::uint8_t type, std::uint8_t detail, QPoint point)
                         static_cast<std::int16_t>(point.x()), static_cast<std::int16_t>(point.y()), 0);
 }
 
+void Display::moveMouse(QPoint point)
+{
+    fake(XCB_MOTION_NOTIFY, 0, point);
+    xcb_flush(connection_);
+}
+
 void Display::click(QPoint point, int times)
 {
     fake(XCB_MOTION_NOTIFY, 0, point);

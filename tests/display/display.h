@@ -15,7 +15,9 @@ using Window = xcb_window_t;
 
 /// Keys without a letter, for Display::type().
 constexpr char16_t endKey = 0xff57;
+constexpr char16_t rightKey = 0xff53;
 constexpr char16_t downKey = 0xff54;
+constexpr char16_t f1Key = 0xffbe; ///< and so on for the next ones
 
 /// The user's side of an X display: hands on mouse and keyboard, eyes on the screen. All positions are in
 /// pixels from the screen's top left corner. What cannot be done throws std::runtime_error.
@@ -29,6 +31,7 @@ public:
 
     /// Moves the mouse to a point and clicks there.
     void click(QPoint point, int times = 1);
+    void moveMouse(QPoint point);
     /// Presses and releases one key after another: letters, digits and blanks; "\r" is Enter, "\t" Tab, "\b"
     /// the key that takes back, "\x1b" Escape; "&" holds Alt down for the key that follows.
     void type(const QString& keys);

@@ -1,10 +1,9 @@
-#include "show.h"
-
 #include "game/draw.h"
 #include "game/ladder.h"
 
-#include <QPlainTextEdit>
-#include <QTextBlock>
+#include <QStringList>
+
+#include <gtest/gtest.h>
 
 namespace game {
 
@@ -29,27 +28,6 @@ TEST(Ladder, MarkingARungKeepsItsAmountAndTheOtherMarks)
             << line.toStdString();
         EXPECT_TRUE(line.trimmed().endsWith(prizeLadder()[n])) << line.toStdString();
         EXPECT_EQ(text.count('X'), n);
-    }
-}
-
-TEST_F(ShowTest, EveryRungStandsWholeOnALineOfItsOwn)
-{
-    start();
-    const auto& stage = stand.control<QPlainTextEdit>("orv", "stage");
-    const double margin = stage.document()->documentMargin();
-    for (int won = 0; won <= lastQuestion; ++won) {
-        double bottom = margin;
-        for (QTextBlock rung = stage.document()->begin(); !rung.text().isEmpty(); rung = rung.next()) {
-            ASSERT_EQ(rung.layout()->lineCount(), 1) << won;
-            const QTextLine line = rung.layout()->lineAt(0);
-            EXPECT_LE(margin + line.naturalTextWidth(), stage.viewport()->width()) << won;
-            bottom += line.height();
-        }
-        EXPECT_LE(bottom, stage.viewport()->height());
-        if (won > 0 && won < lastQuestion)
-            stand.click("orv", "cmdok");
-        if (won < lastQuestion)
-            answerRight();
     }
 }
 

@@ -1,10 +1,18 @@
+#include "game/orv.h"
+#include "shell/back.h"
 #include "shell/mainscreen.h"
 #include "shell/rules.h"
 #include "shell/thank.h"
 #include "shell/userselect.h"
+#include "support/bank.h"
 #include "support/stand.h"
+#include "toolkit/reach.h"
 
+#include <QAccessible>
 #include <QCheckBox>
+#include <QScrollBar>
+
+#include <set>
 
 namespace shell {
 
@@ -39,8 +47,45 @@ protected:
     {
         return stand.control<Label>("userselect", name).palette().windowText().color();
     }
+    /// Goes over all that a screen shows.
+    void walk(const QString& screen)
+    {
+        toolkit::Form& form = stand.form(screen);
+        QAccessibleInterface& root = *QAccessible::queryAccessibleInterface(&form);
+        EXPECT_NE(root.text(QAccessible::Name), "") << screen.toStdString();
+        std::set<const QObject*> reached;
+        for (int tab = 0; tab < 30 && form.focusWidget(); ++tab) {
+            QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
+            reached.insert(form.focusWidget());
+        }
+        for (int i = 0; i < root.childCount(); ++i)
+            lookAt(*root.child(i), form.rect(), reached);
+    }
+    static void lookAt(QAccessibleInterface& told, const QRect& window,
+                       const std::set<const QObject*>& reached)
+    {
+        const auto& control = *qobject_cast<QWidget*>(told.object());
+        const QAccessible::State state = told.state();
+        const QAccessible::Role role = told.role();
+        if (state.invisible || !toolkit::isInView(control))
+            return;
+        const QString name = told.text(QAccessible::Name);
+        const std::string which = (control.objectName() + ' ' + name).toStdString();
+        const bool isText = role == QAccessible::StaticText || role == QAccessible::Notification;
+        EXPECT_TRUE(!name.isEmpty() && role != QAccessible::NoRole && role != QAccessible::Client) << which;
+        EXPECT_TRUE(isText || state.disabled || reached.contains(&control)) << which << ": not by Tab";
+        EXPECT_TRUE(window.adjusted(-1, -1, 1, 1).contains(control.geometry())) << which << ": cut";
+        for (const auto* bar : control.findChildren<QScrollBar*>())
+            EXPECT_TRUE(bar->isVisible() || bar->maximum() == 0) << which << ": has more to show";
+        if (const auto* const label = dynamic_cast<const Label*>(&control)) {
+            const int flags = static_cast<int>(label->alignment()) | Qt::TextWordWrap;
+            EXPECT_EQ(toolkit::fitted(label->text(), label->font(), label->size(), flags).text,
+                      label->text());
+        }
+    }
     void move(const QString& name) { QTest::mouseMove(&stand.control<QWidget>("userselect", name)); }
 
+    support::Bank bank;
     support::Stand stand;
 };
 
@@ -137,6 +182,31 @@ TEST_F(ShellTest, ConsentIsEitherGivenOrRefusedOrOpen)
     EXPECT_EQ(state(), "101");
     stand.dialogs.expectConfirm(question, true);
     reject.click();
+    EXPECT_EQ(stand.open(), "thank");
+}
+
+TEST_F(ShellTest, NothingShownIsNamelessOutOfReachOrCut)
+{
+    for (const char* screen : {"userselect", "mainscreen", "rules", "thank"}) {
+        stand.screens.show(screen);
+        walk(screen);
+        stand.screens.close(screen);
+    }
+    const auto makeHost = [this](QWidget&) {
+        return std::make_unique<support::RecordingHost>(stand.hostRequests, false);
+    };
+    add<Back>("back");
+    stand.screens.add("orv", [&] { return std::make_unique<game::Orv>(stand.services, makeHost); });
+    stand.dialogs.otherwise = [this](const auto&) { return walk("orv"), "Asha"; };
+    stand.screens.show("orv");
+    walk("back");
+    for (const char* control :
+         {"LL", "mws", "lifeline1", "lifeline2", "lifeline3", "option3", "cmdok", "leave", "cmdokquit"}) {
+        stand.click("orv", control);
+        stand.clock.advance(1s);
+        if (stand.open() == "back orv")
+            walk("orv");
+    }
     EXPECT_EQ(stand.open(), "thank");
 }
 
