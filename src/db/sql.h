@@ -32,7 +32,7 @@ extern const char* const durable;
 extern const char* const tableKind;  ///< table -> type, whether it lacks row numbers
 extern const char* const columns;    ///< table -> name, place in the primary key and type of each column
 extern const char* const keyIndexes; ///< table -> one row if its primary key is kept in an index
-extern const std::string strayId; ///< one row if the number of a question is no whole number
+extern const std::string strayId;    ///< one row if the number of a question is no whole number
 extern const std::string largestId;
 
 enum class Direction { Forward, Backward };

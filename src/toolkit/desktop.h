@@ -7,8 +7,8 @@ class QWindow;
 namespace toolkit {
 
 /// To be called before the application object exists: picks the window system and makes sure that it answers,
-/// because the application object would abort the program if it did not. False if the program cannot start, which
-/// has been told on the standard error.
+/// because the application object would abort the program if it did not. False if the program cannot start,
+/// which has been told on the standard error.
 [[nodiscard]] bool prepareDesktop();
 
 /// By how much a program whose largest window takes `largest` device-independent pixels is to be drawn larger

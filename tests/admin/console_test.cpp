@@ -51,12 +51,12 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
 TEST(Console, TabReachesAllByNamesThatCanBeReadAloud)
 {
     const std::pair<const char*, const char*> screens[] = {
-        {"login", "Username:, Password, Login, Exit"},
+        {"login", "Username, Password, Login, Exit"},
         {"addquestions",
-         "Question, Answer1, Answer2, Answer3, Answer4, Correct Answer, Level:, ADD, SAVE, UPDATE, "
-         "DELETE, First, Previous, Next, Last, EXIT, Find:"},
-        {"messages", "Message:, First, Previous, Next, Last, ADD, SAVE, UPDATE, EXIT, CANCEL, Find:"},
-        {"changepassword", "Username:, Password:, New Password:, Retype Password:, Change, Cancel"},
+         "Question, Answer1, Answer2, Answer3, Answer4, Correct Answer, Level, ADD, SAVE, UPDATE, "
+         "DELETE, First, Previous, Next, Last, EXIT, Find"},
+        {"messages", "Message, First, Previous, Next, Last, ADD, SAVE, UPDATE, EXIT, CANCEL, Find"},
+        {"changepassword", "Username, Password, New Password, Retype Password, Change, Cancel"},
     };
     for (const auto& [name, expected] : screens) {
         Owner owner;
@@ -69,7 +69,8 @@ TEST(Console, TabReachesAllByNamesThatCanBeReadAloud)
         do {
             const auto* reader = QAccessible::queryAccessibleInterface(form.focusWidget());
             const auto labels = reader->relations(QAccessible::Label);
-            names << (labels.empty() ? reader : labels.front().first)->text(QAccessible::Name);
+            names << (labels.empty() ? reader->text(QAccessible::Name)
+                                     : form.focusWidget()->accessibleName());
             QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
         } while (form.focusWidget() != first && names.size() < 30);
         EXPECT_EQ(names.join(", ").toStdString(), expected);

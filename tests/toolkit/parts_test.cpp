@@ -128,8 +128,10 @@ TEST(Dialogs, ALongTextIsWholeInABoxThatFitsTheScreen)
         QWidget* const box = QApplication::activeModalWidget();
         EXPECT_TRUE(box->screen()->availableSize().expandedTo(box->frameSize()) ==
                     box->screen()->availableSize());
-        EXPECT_EQ(box->findChild<QPlainTextEdit*>()->toPlainText(), text);
-        EXPECT_EQ(qobject_cast<QMessageBox*>(box)->icon(), QMessageBox::Warning);
+        const auto* page = box->findChild<QPlainTextEdit*>();
+        EXPECT_TRUE(page->toPlainText() == text && page->isReadOnly());
+        const auto* message = qobject_cast<QMessageBox*>(box);
+        EXPECT_TRUE(message->icon() == QMessageBox::Warning && message->textFormat() == Qt::PlainText);
         QTest::keyClick(box, Qt::Key_Return);
     });
     DesktopDialogs().notice(nullptr, "Orvanta", text, Dialogs::Icon::Exclamation);
