@@ -148,7 +148,9 @@ CharacterFile readCharacterFile(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         fail(path, 0, file.errorString());
-    return readCharacter(file.read(maxBytes + 1), path);
+    QByteArray bytes = file.read(maxBytes + 1);
+    bytes.squeeze();
+    return readCharacter(bytes, path);
 }
 
 CharacterFile readCharacter(const QByteArray& bytes, const QString& name)

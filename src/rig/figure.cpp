@@ -9,6 +9,8 @@
 #include <cmath>
 #include <iterator>
 
+#include <malloc.h>
+
 namespace rig {
 
 namespace {
@@ -101,6 +103,7 @@ void Figure::rasterise()
         part.extent = QRectF(QPointF(area.topLeft() + seen.topLeft()) / factor, QSizeF(seen.size()) / factor);
     }
     svg_.reset();
+    malloc_trim(0); // what painting took is much more than what it leaves
 }
 
 void Figure::prepare(double ratio)
