@@ -1,5 +1,7 @@
 #include "voice/sound_threads.h"
 
+#include "voice/text_reader.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -179,7 +181,7 @@ private:
     SoundState& state_;
     std::unique_lock<std::mutex> lock_;
     std::unique_ptr<SoundDevice> device_;
-    Speaker::Ticket ticket_ = 0;
+    Ticket ticket_ = 0;
     SteadyClock::time_point start_; ///< of the text, as all that follows
     bool silent_ = false;
     std::size_t written_ = 0;  ///< samples in all, which are
@@ -206,7 +208,7 @@ void makeSpeech(const std::shared_ptr<SoundState>& state)
         if (state->ended)
             return;
         SpokenText& text = state->text;
-        const Speaker::Ticket ticket = state->current;
+        const Ticket ticket = state->current;
         std::vector<SpokenPiece> pieces;
         if (text.cut)
             pieces.push_back(std::move(text.pieces[text.made.size()]));

@@ -2,6 +2,7 @@
 #include "voice/mouths.h"
 #include "voice/respelling.h"
 #include "voice/spoken_pieces.h"
+#include "voice/text_reader.h"
 
 #include <gtest/gtest.h>
 

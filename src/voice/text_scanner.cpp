@@ -1,7 +1,6 @@
-#include "voice/spoken_words.h"
+#include "voice/text_scanner.h"
 
 #include "voice/respelling.h"
-#include "voice/text_scanner.h"
 
 #include <utility>
 
@@ -234,25 +233,6 @@ Pause Scanner::pauseOf(char c)
     default:
         return Pause::None;
     }
-}
-
-struct TextReader::Knowledge
-{
-    TextFolder folder;
-    NumberSpeller numbers;
-    Patterns patterns;
-};
-
-TextReader::TextReader() : knowledge_(std::make_unique<Knowledge>()) {}
-TextReader::~TextReader() = default;
-
-std::vector<SpokenWord> TextReader::words(const QString& text)
-{
-    const FoldedText folded = knowledge_->folder.fold(text);
-    std::vector<SpokenWord> words = Scanner(folded, knowledge_->patterns, knowledge_->numbers).run();
-    if (!words.empty())
-        words.back().end = text.size();
-    return words;
 }
 
 } // namespace voice
