@@ -20,7 +20,7 @@ void perform(rig::Figure& figure)
         rig::addSines(rig, pose, 700);
         rig::closeLids(rig, pose, 0.5);
         rig::addGlance(rig, pose, {1, -1});
-        rig::shapeMouth(rig, pose, rig::MouthShape::A);
+        rig::shapeMouth(rig, pose, mouth::Shape::A);
         figure.paint(painter, pose, 1);
     }
 }

@@ -133,9 +133,9 @@ void addGlance(const Rig& rig, Pose& pose, const QPointF& sight)
     }
 }
 
-void shapeMouth(const Rig& rig, Pose& pose, MouthShape shape)
+void shapeMouth(const Rig& rig, Pose& pose, mouth::Shape shape)
 {
-    if (shape != MouthShape::Rest)
+    if (shape != mouth::Shape::Rest)
         pose.slots[static_cast<std::size_t>(rig.mouthSlot)] = rig.mouths[static_cast<std::size_t>(shape)];
 }
 

@@ -170,7 +170,7 @@ Rig RigReader::finish(const QSet<QString>& parts, const QRectF& drawing) const
                          drawLines_[i]};
     if (rig_.draws.empty())
         throw Defect{"nothing is drawn", endLine_};
-    for (int shape = 0; shape < static_cast<int>(mouthShapeCount); ++shape)
+    for (int shape = 0; shape < static_cast<int>(mouth::shapeCount); ++shape)
         if (!shapes_.contains(shape))
             throw Defect{QString("the mouth shape \"%1\" is missing").arg(shapeNames[shape]), endLine_};
     for (const QString& name : requiredGestures())

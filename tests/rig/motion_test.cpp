@@ -59,10 +59,10 @@ TEST(Motion, LaysBreathLidsAndMouthOverThePoseAndTurnsBonesAboutTheirPivots)
     EXPECT_NEAR(pose.bones[0][2], 2, 1e-9);
     closeLids(rig, pose, 0.5);
     EXPECT_DOUBLE_EQ(pose.bones[arm][4], 0.75);
-    shapeMouth(rig, pose, MouthShape::A);
-    shapeMouth(rig, pose, MouthShape::Rest); // leaves what there is
+    shapeMouth(rig, pose, mouth::Shape::A);
+    shapeMouth(rig, pose, mouth::Shape::Rest); // leaves what there is
     EXPECT_EQ(visibleDraws(rig, pose), Parts({body, fist, yell}));
-    shapeMouth(rig, pose, MouthShape::U);
+    shapeMouth(rig, pose, mouth::Shape::U);
     pose.bones[arm][3] = -0.005;
     EXPECT_EQ(visibleDraws(rig, pose), Parts({body, lip}));
     pose.bones[0][4] = 0;

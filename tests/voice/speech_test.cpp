@@ -111,7 +111,7 @@ TEST(Speech, BecomesMouths)
     const std::vector<Segment> segments{{"pau", 40ms}, {"p", 120ms},  {"ay", 320ms},
                                         {"sh", 420ms}, {"ow", 620ms}, {"t", 650ms},
                                         {"d", 670ms},  {"v", 690ms},  {"pau", 900ms}};
-    using enum MouthShape;
+    using enum mouth::Shape;
     const std::vector<MouthTime> mouths{{0ms, Rest}, {40ms, M},  {120ms, A}, {230ms, E},   {320ms, S},
                                         {420ms, O},  {530ms, U}, {670ms, F}, {690ms, Rest}};
     EXPECT_EQ(mouthsOf(segments), mouths); // no T: it would be gone at once
@@ -137,6 +137,6 @@ TEST(Speech, IsMadeWithTimesThatFitIt)
         EXPECT_TRUE(std::ranges::is_sorted(speech.times.words, std::ranges::less_equal(), &WordTime::start));
         EXPECT_GT(speech.times.words.back().start, speech.times.length / 2);
         EXPECT_EQ(speech.times.words.back().end, text.size());
-        EXPECT_EQ(speech.times.mouths.back().shape, MouthShape::Rest);
+        EXPECT_EQ(speech.times.mouths.back().shape, mouth::Shape::Rest);
     }
 }

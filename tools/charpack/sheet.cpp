@@ -72,12 +72,12 @@ QImage drawMouths(rig::Figure& figure)
     const rig::Rig& rig = figure.rig();
     const QSize face(rig.size.toSize().width() * 3 / 5, rig.size.toSize().height() / 2);
     const QSize cell = face * zoom;
-    const int rows = (static_cast<int>(rig::mouthShapeCount) + columns - 1) / columns;
+    const int rows = (static_cast<int>(mouth::shapeCount) + columns - 1) / columns;
     QImage sheet(cell.width() * columns, cell.height() * rows, QImage::Format_ARGB32_Premultiplied);
     sheet.fill(background);
-    for (int i = 0; i < static_cast<int>(rig::mouthShapeCount); ++i) {
+    for (int i = 0; i < static_cast<int>(mouth::shapeCount); ++i) {
         rig::Pose pose = rig.rest;
-        rig::shapeMouth(rig, pose, static_cast<rig::MouthShape>(i));
+        rig::shapeMouth(rig, pose, static_cast<mouth::Shape>(i));
         QPainter painter(&sheet);
         painter.setClipRect(QRect(QPoint(i % columns * cell.width(), i / columns * cell.height()), cell));
         painter.translate(painter.clipBoundingRect().topLeft());
