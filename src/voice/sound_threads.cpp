@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+#include <malloc.h>
+
 namespace voice {
 
 using namespace std::chrono_literals;
@@ -204,6 +206,11 @@ void makeSpeech(const std::shared_ptr<SoundState>& state)
     std::unique_ptr<TextReader> reader;
     std::unique_ptr<Synthesiser> synthesiser;
     for (;;) {
+        if (!state->due()) {
+            lock.unlock();
+            malloc_trim(0); // a piece of speech takes megabytes while it is made
+            lock.lock();
+        }
         state->changed.wait(lock, [&] { return state->ended || state->due(); });
         if (state->ended)
             return;
