@@ -22,48 +22,30 @@ constexpr double pictureWidth = 400;
 constexpr double maxReach = 1000; ///< what lies farther out is not painted
 constexpr double maxStrokeWidth = 40;
 
-enum class Kind { Number, Width, Numbers, Share, Paint, Colour, Word, Id, Path, Transform };
+enum class Kind { Number, Width, Numbers, Share, Paint, Colour, Word, Path, Transform };
 
+/// What the value of an attribute must be.
 const QHash<QString, Kind>& kinds()
 {
-    static const QHash<QString, Kind> table{
-        {"id", Kind::Id},
-        {"d", Kind::Path},
-        {"transform", Kind::Transform},
-        {"gradientTransform", Kind::Transform},
-        {"fill", Kind::Paint},
-        {"stroke", Kind::Paint},
-        {"stop-color", Kind::Colour},
-        {"opacity", Kind::Share},
-        {"fill-opacity", Kind::Share},
-        {"stroke-opacity", Kind::Share},
-        {"stop-opacity", Kind::Share},
-        {"offset", Kind::Share},
-        {"viewBox", Kind::Numbers},
-        {"stroke-width", Kind::Width},
-        {"x", Kind::Number},
-        {"y", Kind::Number},
-        {"width", Kind::Number},
-        {"height", Kind::Number},
-        {"x1", Kind::Number},
-        {"y1", Kind::Number},
-        {"x2", Kind::Number},
-        {"y2", Kind::Number},
-        {"cx", Kind::Number},
-        {"cy", Kind::Number},
-        {"r", Kind::Number},
-        {"rx", Kind::Number},
-        {"ry", Kind::Number},
-        {"fx", Kind::Number},
-        {"fy", Kind::Number},
-        {"version", Kind::Word},
-        {"baseProfile", Kind::Word},
-        {"stroke-linejoin", Kind::Word},
-        {"stroke-linecap", Kind::Word},
-        {"fill-rule", Kind::Word},
-        {"gradientUnits", Kind::Word},
-        {"spreadMethod", Kind::Word},
-    };
+    static const QHash<QString, Kind> table = [] {
+        const std::pair<Kind, const char*> rows[]{
+            {Kind::Number, "x y width height x1 y1 x2 y2 cx cy r rx ry fx fy"},
+            {Kind::Width, "stroke-width"},
+            {Kind::Numbers, "viewBox"},
+            {Kind::Share, "opacity fill-opacity stroke-opacity stop-opacity offset"},
+            {Kind::Paint, "fill stroke"},
+            {Kind::Colour, "stop-color"},
+            {Kind::Word, "version baseProfile stroke-linejoin stroke-linecap fill-rule gradientUnits "
+                         "spreadMethod id"},
+            {Kind::Path, "d"},
+            {Kind::Transform, "transform gradientTransform"},
+        };
+        QHash<QString, Kind> kindOfName;
+        for (const auto& [kind, names] : rows)
+            for (const QString& name : QString(names).split(u' '))
+                kindOfName.insert(name, kind);
+        return kindOfName;
+    }();
     return table;
 }
 
@@ -159,7 +141,6 @@ void DrawingRules::attribute(const QString& element, const QString& name, QStrin
         good = isColour(value);
         break;
     case Kind::Word:
-    case Kind::Id:
         good = isWord(value);
         break;
     case Kind::Transform:

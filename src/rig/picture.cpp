@@ -71,15 +71,17 @@ QRegion Picture::show(const Pose& pose)
     if (hold(bones, draws) < visibleMove && draws == draws_)
         return {};
     std::vector<QRect> areas(rig.draws.size());
-    for (const int draw : draws)
-        areas[index(draw)] = bones[figure_.boneOf(draw)].mapRect(figure_.extent(draw)).toAlignedRect();
+    for (const int draw : draws) {
+        const QRectF place = bones[figure_.boneOf(draw)].mapRect(figure_.extent(draw));
+        areas[index(draw)] = (place & QRectF(area())).toAlignedRect();
+    }
     std::vector<QRect> changed;
     for (std::size_t i = 0; i < areas.size(); ++i) {
         const std::size_t bone = index(rig.draws[i].bone);
         const int layer = rig.draws[i].layer;
         if (areas[i] != areas_[i] || bones[bone] != bones_[bone] ||
             (layer >= 0 && pose.layers[index(layer)] != layers_[index(layer)]))
-            add(changed, (areas[i] | areas_[i]) & area());
+            add(changed, areas[i] | areas_[i]);
     }
     draws_ = std::move(draws);
     bones_ = std::move(bones);
