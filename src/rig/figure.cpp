@@ -1,7 +1,5 @@
 #include "rig/figure.h"
 
-#include "rig/motion.h"
-
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -58,7 +56,7 @@ Figure::Figure(CharacterFile file, const QString& name)
         auto part = std::ranges::find(parts_, draw.part, &Part::id);
         if (part == parts_.end()) {
             const QRectF whole = svg_->boundsOnElement(draw.part);
-            part = parts_.insert(part, {whole, whole & reach, draw.part, {}, {}});
+            part = parts_.insert(part, {draw.part, whole, whole & reach, {}, {}});
         }
         partOfDraw_.push_back(static_cast<std::size_t>(part - parts_.begin()));
         // Every draw is painted in each frame, whether it shares its part or not.
@@ -75,14 +73,12 @@ double Figure::scale() const
     return std::min(rig().size.width() / rig().drawing.width(), rig().size.height() / rig().drawing.height());
 }
 
-QTransform Figure::toPixels() const
+void Figure::rasterise(double ratio)
 {
-    const QPointF corner = rig().drawing.topLeft();
-    return QTransform::fromTranslate(-corner.x(), -corner.y()) * QTransform::fromScale(scale(), scale());
-}
-
-void Figure::rasterise()
-{
+    const double density = std::clamp(ratio, leastDensity * std::min(ratio, 1.0), maxDensity);
+    if (density == density_)
+        return;
+    density_ = density;
     if (!svg_)
         svg_ = std::make_unique<QSvgRenderer>(file_.drawing);
     const double factor = scale() * density_;
@@ -106,47 +102,14 @@ void Figure::rasterise()
     malloc_trim(0); // what painting took is much more than what it leaves
 }
 
-void Figure::prepare(double ratio)
-{
-    const double density = std::clamp(ratio, leastDensity * std::min(ratio, 1.0), maxDensity);
-    if (density == density_)
-        return;
-    density_ = density;
-    rasterise();
-}
-
-const Figure::Part& Figure::partOf(int draw) const
-{
-    return parts_[partOfDraw_[static_cast<std::size_t>(draw)]];
-}
-
 std::size_t Figure::boneOf(int draw) const
 {
     return static_cast<std::size_t>(rig().draws[static_cast<std::size_t>(draw)].bone);
 }
 
-const QRectF& Figure::extent(int draw) const
+const Part& Figure::partOf(int draw) const
 {
-    return partOf(draw).extent;
-}
-
-void Figure::paintDraw(QPainter& painter, int draw, const QTransform& place) const
-{
-    const Part& part = partOf(draw);
-    painter.setWorldTransform(place);
-    painter.drawImage(part.extent, part.image);
-}
-
-void Figure::paint(QPainter& painter, const Pose& pose, double ratio)
-{
-    prepare(ratio);
-    painter.save();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    const QTransform base = toPixels() * painter.worldTransform();
-    const std::vector<QTransform> bones = boneTransforms(rig(), pose);
-    for (const int draw : visibleDraws(rig(), pose))
-        paintDraw(painter, draw, bones[boneOf(draw)] * base);
-    painter.restore();
+    return parts_[partOfDraw_[static_cast<std::size_t>(draw)]];
 }
 
 } // namespace rig

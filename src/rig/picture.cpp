@@ -50,7 +50,9 @@ void add(std::vector<QRect>& areas, QRect area)
 
 void Picture::reset(const QSize& size, const QTransform& place, double ratio)
 {
-    place_ = figure_.toPixels() * place;
+    const QPointF corner = figure_.rig().drawing.topLeft();
+    place_ = QTransform::fromTranslate(-corner.x(), -corner.y()) *
+             QTransform::fromScale(figure_.scale(), figure_.scale()) * place;
     ratio_ = ratio;
     density_ = ratio * place.m11();
     image_ = QImage((QSizeF(size) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
@@ -64,7 +66,7 @@ void Picture::reset(const QSize& size, const QTransform& place, double ratio)
 
 QRegion Picture::show(const Pose& pose)
 {
-    figure_.prepare(density_);
+    figure_.rasterise(density_);
     const Rig& rig = figure_.rig();
     std::vector<int> draws = visibleDraws(rig, pose);
     std::vector<QTransform> bones = boneTransforms(rig, pose);
@@ -72,7 +74,7 @@ QRegion Picture::show(const Pose& pose)
         return {};
     std::vector<QRect> areas(rig.draws.size());
     for (const int draw : draws) {
-        const QRectF place = bones[figure_.boneOf(draw)].mapRect(figure_.extent(draw));
+        const QRectF place = bones[figure_.boneOf(draw)].mapRect(figure_.partOf(draw).extent);
         areas[index(draw)] = (place & QRectF(area())).toAlignedRect();
     }
     std::vector<QRect> changed;
@@ -95,7 +97,8 @@ double Picture::hold(std::vector<QTransform>& bones, const std::vector<int>& dra
     std::vector<double> moves(bones.size(), 0); // what hangs on one bone is moved together
     for (const int draw : draws) {
         const std::size_t bone = figure_.boneOf(draw);
-        const double move = distance(figure_.extent(draw), bones_[bone], bones[bone] * place_) * ratio_;
+        const double move =
+            distance(figure_.partOf(draw).extent, bones_[bone], bones[bone] * place_) * ratio_;
         moves[bone] = std::max(moves[bone], move);
     }
     for (std::size_t i = 0; i < bones.size(); ++i)
@@ -116,8 +119,10 @@ QRegion Picture::paint(const std::vector<QRect>& areas)
         painter.fillRect(area, Qt::transparent);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         for (const int draw : draws_)
-            if (area.intersects(areas_[index(draw)]))
-                figure_.paintDraw(painter, draw, bones_[figure_.boneOf(draw)]);
+            if (area.intersects(areas_[index(draw)])) {
+                painter.setWorldTransform(bones_[figure_.boneOf(draw)]);
+                painter.drawImage(figure_.partOf(draw).extent, figure_.partOf(draw).image);
+            }
     }
     return painted;
 }

@@ -117,35 +117,33 @@ private:
 
 void RigReader::start(const QString& name, const QXmlStreamAttributes& attributes, qint64 line)
 {
-    const bool placed = name == u"character" ? inside_ == Inside::Nothing
-                        : name == u"track"   ? inside_ == Inside::Gesture
-                                             : inside_ == Inside::Character;
-    if (!placed || !open_.isEmpty())
-        throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
-    if (name == u"character")
-        return character({attributes, {"version", "name", "size"}, {}});
-    if (name == u"gesture")
-        return gesture({attributes, {"name"}, {"ms", "same"}});
-    open_ = name;
-    const QStringList target{"bone", "ch", "slot", "layer"};
-    if (name == u"bone")
-        bone({attributes, {"id", "at"}, {"parent"}});
-    else if (name == u"draw")
-        draw({attributes, {"part", "bone"}, {"slot", "layer"}}, line);
-    else if (name == u"rest")
-        rest({attributes, {"value"}, target});
-    else if (name == u"idle")
-        idle({attributes, {"bone", "ch", "amp", "ms"}, {"phase"}});
-    else if (name == u"blink")
-        blink({attributes, {"bone", "ch", "value"}, {}});
-    else if (name == u"look")
-        look({attributes, {"bone", "x", "y"}, {}});
-    else if (name == u"mouth")
-        mouth({attributes, {"shape", "part"}, {}});
-    else if (name == u"track")
-        track({attributes, {"keys"}, target});
-    else
-        throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
+    static const QStringList target{"bone", "ch", "slot", "layer"};
+    static const struct
+    {
+        QString name;
+        Inside place;
+        QStringList needed, allowed;
+        void (RigReader::*read)(const Fields&);
+    } table[]{
+        {"character", Inside::Nothing, {"version", "name", "size"}, {}, &RigReader::character},
+        {"bone", Inside::Character, {"id", "at"}, {"parent"}, &RigReader::bone},
+        {"draw", Inside::Character, {"part", "bone"}, {"slot", "layer"}, &RigReader::draw},
+        {"rest", Inside::Character, {"value"}, target, &RigReader::rest},
+        {"idle", Inside::Character, {"bone", "ch", "amp", "ms"}, {"phase"}, &RigReader::idle},
+        {"blink", Inside::Character, {"bone", "ch", "value"}, {}, &RigReader::blink},
+        {"look", Inside::Character, {"bone", "x", "y"}, {}, &RigReader::look},
+        {"mouth", Inside::Character, {"shape", "part"}, {}, &RigReader::mouth},
+        {"gesture", Inside::Character, {"name"}, {"ms", "same"}, &RigReader::gesture},
+        {"track", Inside::Gesture, {"keys"}, target, &RigReader::track},
+    };
+    for (const auto& row : table)
+        if (row.name == name && row.place == inside_ && open_.isEmpty()) {
+            line_ = line;
+            if (name != u"character" && name != u"gesture")
+                open_ = name;
+            return (this->*row.read)({attributes, row.needed, row.allowed});
+        }
+    throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
 }
 
 void RigReader::end(const QString& name, qint64 line)
@@ -204,7 +202,7 @@ void RigReader::bone(const Fields& fields)
     rig_.rest.bones.push_back({0, 0, 0, 1, 1});
 }
 
-void RigReader::draw(const Fields& fields, qint64 line)
+void RigReader::draw(const Fields& fields)
 {
     if (rig_.draws.size() == maxDraws)
         throw Defect{QString("there are more than %1 draws").arg(maxDraws)};
@@ -214,7 +212,7 @@ void RigReader::draw(const Fields& fields, qint64 line)
     if (fields.has("layer"))
         draw.layer = indexOrAdd(rig_.layers, fields.text("layer"));
     rig_.draws.push_back(draw);
-    drawLines_.push_back(line);
+    drawLines_.push_back(line_);
     rig_.rest.slots.resize(rig_.slots.size(), -1);
     rig_.rest.layers.resize(rig_.layers.size(), 0);
 }

@@ -1,9 +1,8 @@
-#include "rig/figure.h"
 #include "rig/motion.h"
+#include "rig/picture.h"
 #include "support/sample.h"
 
 #include <QFile>
-#include <QPainter>
 
 #include <gtest/gtest.h>
 
@@ -168,11 +167,10 @@ TEST(Genie, MovesInAnotherWayForEveryNameAndWavesBesideTheHead)
     }
 
     const auto meanAlpha = [&](const Pose& pose, const QRect& area) {
-        QImage image(rig.size.toSize(), QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        QPainter painter(&image);
-        figure.paint(painter, pose, 1);
-        return qAlpha(image.copy(area).scaled(1, 1, {}, Qt::SmoothTransformation).pixel(0, 0));
+        Picture picture(figure);
+        picture.reset(rig.size.toSize(), {}, 1);
+        picture.show(pose);
+        return qAlpha(picture.image().copy(area).scaled(1, 1, {}, Qt::SmoothTransformation).pixel(0, 0));
     };
     const QRect besideHead(155, 20, 44, 70);
     EXPECT_EQ(meanAlpha(rig.rest, besideHead), 0);
