@@ -1,8 +1,13 @@
 #include "rig/gaze.h"
 #include "rig/motion.h"
+#include "rig/picture.h"
 #include "support/sample.h"
 
+#include <QPainter>
+
 #include <gtest/gtest.h>
+
+#include <random>
 
 using namespace rig;
 
@@ -76,6 +81,47 @@ TEST(Motion, LaysBreathLidsAndMouthOverThePoseAndTurnsBonesAboutTheirPivots)
     const std::vector<QTransform> bones = boneTransforms(rig, pose);
     EXPECT_EQ(bones[0].map(QPointF(30, 22)).toPoint(), QPoint(25, 42));
     EXPECT_EQ(bones[arm].map(QPointF(30, 32)).toPoint(), QPoint(25, 22));
+}
+
+TEST(Picture, IsPaintedAnewOnlyWhereItChangesAndThenLikeANewOne)
+{
+    Figure figure(readCharacter(sample::character(), "sample"), {});
+    const Rig& rig = figure.rig();
+    const auto small = [](const Picture& picture) {
+        return picture.image().scaled(20, 22, {}, Qt::SmoothTransformation);
+    };
+    const auto reset = [](Picture& picture) {
+        picture.reset({200, 220}, QTransform::fromScale(0.75, 0.75), 1);
+    };
+    Picture kept(figure);
+    reset(kept);
+    std::mt19937 numbers(7);
+    const auto random = [&](unsigned below) { return static_cast<int>(numbers() % below); };
+    Pose pose = rig.rest;
+    for (int step = 0; step < 80; ++step) {
+        if (step % 4 == 0) // a leap between small moves
+            pose = poseAt(rig, {rig.gesture("sad"), rig.rest}, random(1000));
+        pose.bones[arm][0] += random(3);
+        pose.bones[0][2] += 0.03; // an eighth of a pixel
+        const QImage before = kept.image().copy();
+        const QRegion changed = kept.show(pose);
+        QImage left = kept.image().copy();
+        QPainter painter(&left);
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        for (const QRect& area : changed)
+            painter.drawImage(area, before, area);
+        painter.end();
+        EXPECT_EQ(left, before) << step;
+        Picture fresh(figure);
+        reset(fresh);
+        fresh.show(pose);
+        const QImage a = small(kept);
+        const QImage b = small(fresh);
+        for (int i = 0; i < 20 * 22; ++i)
+            ASSERT_NEAR(qAlpha(a.pixel(i % 20, i / 20)), qAlpha(b.pixel(i % 20, i / 20)), 24) << step;
+    }
+    pose.bones[0][2] += 0.01;
+    EXPECT_TRUE(kept.show(pose).isEmpty());
 }
 
 TEST(Gaze, WandersToTheQuestionAndThePointerButOnlyAtRest)
