@@ -85,14 +85,20 @@ double lengthOf(const QPainterPath& outline)
 
 } // namespace
 
+Defect defectIn(QStringView quotation, const char* text)
+{
+    constexpr qsizetype longest = 40;
+    return {QString(text).arg(quotation.left(longest))};
+}
+
 void DrawingRules::element(const QString& name, const QXmlStreamAttributes& attributes, int depth,
                            qint64 line)
 {
     if (!elements().contains(name) || (name == u"svg") != (depth == 0))
-        throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
+        throw defectIn(name, "the element \"%1\" does not belong here");
     for (const QXmlStreamAttribute& entry : attributes) {
         if (!entry.namespaceUri().isEmpty())
-            throw Defect{QString("the attribute \"%1\" is not allowed").arg(entry.qualifiedName().left(40))};
+            throw defectIn(entry.qualifiedName(), "the attribute \"%1\" is not allowed");
         attribute(name, entry.name().toString(), entry.value(), line);
     }
     enter(attributes, depth);
@@ -162,7 +168,7 @@ void DrawingRules::paint(QStringView value, qint64 line)
     const bool reference = value.startsWith(u"url(#") && value.endsWith(u')');
     const QStringView id = reference ? value.sliced(5).chopped(1) : QStringView();
     if (!isWord(id))
-        throw Defect{QString("\"%1\" is no colour").arg(value.left(40))};
+        throw defectIn(value, "\"%1\" is no colour");
     if (!references_.contains(id.toString()))
         references_.insert(id.toString(), line);
 }
@@ -175,7 +181,7 @@ void DrawingRules::path(QStringView data)
     QStringView bad;
     const auto outline = outlineOf(data, bad);
     if (!outline)
-        throw Defect{QString("\"%1\" is no part of an outline").arg(bad.left(20))};
+        throw defectIn(bad, "\"%1\" is no part of an outline");
     outline_ = *outline;
 }
 

@@ -34,13 +34,14 @@ const QStringList channelNames{"rot", "x", "y", "sx", "sy"};
 const QStringList easeNames{"lin", "in", "out", "inout", "back", "hold"};
 const QStringList shapeNames{"Rest", "M", "F", "T", "S", "E", "A", "O", "U"};
 
-/// The place of `name` among names that `what` may have.
-int indexOf(const QStringList& names, const QString& name, const QString& what)
+/// The place of `name` among names that something may have.
+template <typename Names>
+int indexOf(const Names& names, const QString& name, const char* otherwise)
 {
-    const auto index = names.indexOf(name);
-    if (index < 0)
-        throw Defect{QString("there is no %1 \"%2\"").arg(what, name.left(40))};
-    return static_cast<int>(index);
+    const auto found = std::ranges::find(names, name);
+    if (found == names.end())
+        throw defectIn(name, otherwise);
+    return static_cast<int>(found - names.begin());
 }
 
 int indexOrAdd(std::vector<QString>& names, const QString& name)
@@ -50,14 +51,6 @@ int indexOrAdd(std::vector<QString>& names, const QString& name)
         return static_cast<int>(found - names.begin());
     names.push_back(name);
     return static_cast<int>(names.size()) - 1;
-}
-
-int indexIn(const std::vector<QString>& names, const QString& name, const QString& what)
-{
-    const auto found = std::ranges::find(names, name);
-    if (found == names.end())
-        throw Defect{QString("there is no %1 \"%2\"").arg(what, name.left(40))};
-    return static_cast<int>(found - names.begin());
 }
 
 double numberOf(const QString& text, const QString& what)
@@ -88,7 +81,7 @@ public:
         for (const QXmlStreamAttribute& entry : attributes) {
             const QString name = entry.qualifiedName().toString();
             if (!needed.contains(name) && !allowed.contains(name))
-                throw Defect{QString("the attribute \"%1\" is not allowed").arg(name.left(40))};
+                throw defectIn(name, "the attribute \"%1\" is not allowed");
         }
         for (const QString& name : needed)
             if (!has(name))
@@ -143,7 +136,7 @@ void RigReader::start(const QString& name, const QXmlStreamAttributes& attribute
                 open_ = name;
             return (this->*row.read)({attributes, row.needed, row.allowed});
         }
-    throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
+    throw defectIn(name, "the element \"%1\" does not belong here");
 }
 
 void RigReader::end(const QString& name, qint64 line)
@@ -196,7 +189,7 @@ void RigReader::bone(const Fields& fields)
     if (rig_.bones.size() == maxBones)
         throw Defect{QString("there are more than %1 bones").arg(maxBones)};
     if (std::ranges::find(rig_.bones, id, &Bone::id) != rig_.bones.end())
-        throw Defect{QString("the bone \"%1\" is there twice").arg(id.left(40))};
+        throw defectIn(id, "the bone \"%1\" is there twice");
     const int parent = fields.has("parent") ? boneNamed(fields.text("parent")) : -1;
     rig_.bones.push_back({id, parent, fields.pair("at")});
     rig_.rest.bones.push_back({0, 0, 0, 1, 1});
@@ -221,7 +214,7 @@ void RigReader::rest(const Fields& fields)
 {
     const QString slotName = "slot";
     if (fields.has(slotName)) {
-        const int slot = indexIn(rig_.slots, fields.text(slotName), slotName);
+        const int slot = indexOf(rig_.slots, fields.text(slotName), R"(there is no slot "%1")");
         rig_.rest.slots[static_cast<std::size_t>(slot)] = drawInSlot(slot, fields.text("value"));
         return;
     }
@@ -257,11 +250,11 @@ void RigReader::look(const Fields& fields)
 
 void RigReader::mouth(const Fields& fields)
 {
-    const int shape = indexOf(shapeNames, fields.text("shape"), "mouth shape");
+    const int shape = indexOf(shapeNames, fields.text("shape"), R"(there is no mouth shape "%1")");
     const QString part = fields.text("part");
     const auto draw = std::ranges::find(rig_.draws, part, &Draw::part);
     if (draw == rig_.draws.end() || draw->slot < 0 || (rig_.mouthSlot >= 0 && draw->slot != rig_.mouthSlot))
-        throw Defect{QString("\"%1\" is not drawn in the slot of the mouth").arg(part.left(40))};
+        throw defectIn(part, "\"%1\" is not drawn in the slot of the mouth");
     rig_.mouthSlot = draw->slot;
     rig_.mouths[static_cast<std::size_t>(shape)] = static_cast<int>(draw - rig_.draws.begin());
     shapes_.insert(shape);
@@ -273,17 +266,15 @@ void RigReader::gesture(const Fields& fields)
     const bool alias = fields.has("same");
     inside_ = alias ? Inside::Alias : Inside::Gesture;
     if (!isWord(name))
-        throw Defect{QString("\"%1\" is no name for a gesture").arg(name.left(40))};
+        throw defectIn(name, "\"%1\" is no name for a gesture");
     if (rig_.gestureOfName.contains(name))
-        throw Defect{QString("the gesture \"%1\" is there twice").arg(name.left(40))};
+        throw defectIn(name, "the gesture \"%1\" is there twice");
     if (static_cast<std::size_t>(rig_.gestureOfName.size()) == maxGestures)
         throw Defect{QString("there are more than %1 gestures").arg(maxGestures)};
     if (alias) {
         const auto same = rig_.gestureOfName.constFind(fields.text("same"));
-        if (same == rig_.gestureOfName.cend()) {
-            throw Defect{
-                QString("there is no gesture \"%1\" before this one").arg(fields.text("same").left(40))};
-        }
+        if (same == rig_.gestureOfName.cend())
+            throw defectIn(fields.text("same"), "there is no gesture \"%1\" before this one");
         const int index = *same; // the entry moves when the table grows
         rig_.gestureOfName.insert(name, index);
         return;
@@ -306,8 +297,8 @@ void RigReader::track(const Fields& fields)
         return;
     }
     Steps track{ofLayer,
-                ofLayer ? indexIn(rig_.layers, fields.text("layer"), "layer")
-                        : indexIn(rig_.slots, fields.text("slot"), "slot"),
+                ofLayer ? indexOf(rig_.layers, fields.text("layer"), R"(there is no layer "%1")")
+                        : indexOf(rig_.slots, fields.text("slot"), R"(there is no slot "%1")"),
                 {}};
     track.steps = steps(track, keyText);
     gesture.steps.push_back(std::move(track));
@@ -317,14 +308,14 @@ int RigReader::boneNamed(const QString& id) const
 {
     const auto found = std::ranges::find(rig_.bones, id, &Bone::id);
     if (found == rig_.bones.end())
-        throw Defect{QString("there is no bone \"%1\" before this place").arg(id.left(40))};
+        throw defectIn(id, "there is no bone \"%1\" before this place");
     return static_cast<int>(found - rig_.bones.begin());
 }
 
 std::pair<int, Channel> RigReader::channelNamed(const Fields& fields) const
 {
     return {boneNamed(fields.text("bone")),
-            static_cast<Channel>(indexOf(channelNames, fields.text("ch"), "channel"))};
+            static_cast<Channel>(indexOf(channelNames, fields.text("ch"), R"(there is no channel "%1")"))};
 }
 
 int RigReader::drawInSlot(int slot, const QString& part) const
@@ -334,7 +325,7 @@ int RigReader::drawInSlot(int slot, const QString& part) const
     for (std::size_t i = 0; i < rig_.draws.size(); ++i)
         if (rig_.draws[i].slot == slot && rig_.draws[i].part == part)
             return static_cast<int>(i);
-    throw Defect{QString("\"%1\" is not drawn in this slot").arg(part.left(40))};
+    throw defectIn(part, "\"%1\" is not drawn in this slot");
 }
 
 QStringList RigReader::keyTexts(const QString& text)
@@ -352,12 +343,12 @@ std::vector<Key> RigReader::keys(const QString& text)
     for (const QString& entry : keyTexts(text)) {
         const QStringList words = entry.simplified().split(u' ');
         if (words.size() < 2 || words.size() > 3)
-            throw Defect{QString("\"%1\" is no key").arg(entry.left(40))};
+            throw defectIn(entry, "\"%1\" is no key");
         Key key{.timeMs = keyTime(words[0], keys.empty() ? -1 : keys.back().timeMs), .value = {}};
         if (words[1] != u"*")
             key.value = numberOf(words[1], "a key");
         if (words.size() == 3)
-            key.ease = static_cast<Ease>(indexOf(easeNames, words[2], "ease"));
+            key.ease = static_cast<Ease>(indexOf(easeNames, words[2], R"(there is no ease "%1")"));
         keys.push_back(key);
     }
     return keys;
@@ -369,7 +360,7 @@ std::vector<Step> RigReader::steps(const Steps& track, const QString& text)
     for (const QString& entry : keyTexts(text)) {
         const QStringList words = entry.simplified().split(u' ');
         if (words.size() != 2)
-            throw Defect{QString("\"%1\" is no key").arg(entry.left(40))};
+            throw defectIn(entry, "\"%1\" is no key");
         Step step{keyTime(words[0], steps.empty() ? -1 : steps.back().timeMs), {}};
         if (words[1] != u"*") {
             step.value = track.ofLayer ? static_cast<int>(numberOf(words[1], "a depth"))

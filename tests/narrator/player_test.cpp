@@ -78,6 +78,22 @@ TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
     }
 }
 
+TEST(Player, KeepsStillButForThePoseOfEachGesture)
+{
+    const rig::Rig rig = sample::rig();
+    voice::Voice voice(nullptr);
+    Player player(rig, voice, middle, 0ms);
+    player.keepStill(true);
+    player.play("Greet", 1s);
+    for (const Milliseconds now : {1000ms, 1500ms, 1990ms})
+        EXPECT_EQ(player.frame(now).pose, rig::poseAt(rig, {rig.gesture("Greet"), rig.rest}, 500));
+    player.speak("Well", 2s);
+    for (const Milliseconds now : {2000ms, 2500ms, 4000ms})
+        EXPECT_EQ(player.frame(now).pose, rig.rest);
+    player.keepStill(false);
+    EXPECT_NE(player.frame(5s).pose, rig.rest);
+}
+
 TEST(Player, GivesEveryTextItsReadingTime)
 {
     const std::pair<QString, Milliseconds> table[]{

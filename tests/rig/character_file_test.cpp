@@ -59,7 +59,8 @@ const Hostile table[]{
     {"M28 22", "M28 inf|l28 22|28 22|L28 22|M28 22 C1|M28 22 Z 1 1 M1 1", 23, "is no part of an outline"},
     {"M28 22", times(8001, "1 "), 23, "the outlines are too long"},
     {"<defs>", times(300, "<rect width='40' height='44'/>"), 21, "takes too long to paint"},
-    {"M28 22", "M0 0 L" + times(150, "0 0 40 44 ") + "L28 22", 23, "takes too long to paint"},
+    {"M28 22", "M0 0 L" + times(150, "0 0 40 44 ") + "|M0 0 C" + times(150, "0 0 40 44 0 0 ") + "M1 1", 23,
+     "takes too long to paint"},
     {"<path d='M28 22",
      "<g stroke='#000'><path/></g><path stroke='#fff' stroke-width='40' d='M1 1" + times(40, " 28 22 1 9"),
      23, "takes too long to paint"},
@@ -115,6 +116,9 @@ const Hostile table[]{
 TEST(CharacterFile, NamesTheFirstDefectAndItsLine)
 {
     ASSERT_EQ(verdict(sample::character()), "fine");
+    const QByteArray slanted =
+        "<g id='body' transform='rotate(45)'>" + times(20, "<rect width='40' height='0.1'/>");
+    EXPECT_EQ(verdict(sample::character().replace("<g id='body'>", slanted)), "fine"); // level they cost more
     EXPECT_EQ(verdict(""), "sample: the file is no UTF-8 text");
     EXPECT_EQ(verdict("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 9 9'/>"),
               "sample, line 1: there is no character in the file");
