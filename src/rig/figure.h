@@ -30,9 +30,6 @@ public:
     /// Throws FileFailure (`name` stands for the file) if the drawing cannot be painted.
     Figure(CharacterFile file, const QString& name);
     ~Figure();
-    Figure(const Figure&) = delete;
-    Figure& operator=(const Figure&) = delete;
-
     [[nodiscard]] const Rig& rig() const { return file_.rig; }
 
     /// Logical pixels to a drawing unit.

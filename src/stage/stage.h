@@ -25,9 +25,6 @@ public:
     /// The form owns the stage; the figure must outlive it or be left alone by a last `leave`.
     Stage(QWidget& form, rig::Figure& figure);
     ~Stage() override;
-    Stage(const Stage&) = delete;
-    Stage& operator=(const Stage&) = delete;
-
     /// From now on the host is to be seen whenever the form is.
     void enter();
     /// Never to be seen or to paint again.

@@ -21,9 +21,6 @@ class AlsaDevice final : public SoundDevice
 public:
     explicit AlsaDevice(snd_pcm_t* pcm) : pcm_(pcm) {}
     ~AlsaDevice() override { snd_pcm_close(pcm_); }
-    AlsaDevice(const AlsaDevice&) = delete;
-    AlsaDevice& operator=(const AlsaDevice&) = delete;
-
     bool write(std::span<const std::int16_t> samples) override
     {
         for (int failures = 0; !samples.empty();) {

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "voice/spoken_word.h"
-
-#include <QString>
-
-#include <memory>
-#include <vector>
+#include "voice/text_scanner.h"
 
 namespace voice {
 
@@ -13,19 +8,22 @@ namespace voice {
 class TextReader
 {
 public:
-    TextReader();
-    ~TextReader();
-    TextReader(const TextReader&) = delete;
-    TextReader& operator=(const TextReader&) = delete;
-
     /// What is to be said for `text`, whatever that holds: amounts, dates and signs in words, the blank of a
     /// question as "blank", abbreviations by their letters, other scripts by their sounds, words of more than
     /// 40 letters cut. Empty if there is nothing to say.
-    [[nodiscard]] std::vector<SpokenWord> words(const QString& text);
+    [[nodiscard]] std::vector<SpokenWord> words(const QString& text)
+    {
+        const FoldedText folded = folder_.fold(text);
+        std::vector<SpokenWord> words = Scanner(folded, patterns_, numbers_).run();
+        if (!words.empty())
+            words.back().end = text.size();
+        return words;
+    }
 
 private:
-    struct Knowledge;
-    std::unique_ptr<Knowledge> knowledge_;
+    TextFolder folder_;
+    NumberSpeller numbers_;
+    Patterns patterns_;
 };
 
 } // namespace voice
