@@ -1,5 +1,5 @@
+#include "rig/figure.h"
 #include "rig/motion.h"
-#include "rig/picture.h"
 #include "support/sample.h"
 
 #include <QFile>
@@ -91,8 +91,6 @@ const Hostile table[]{
     {"'think'", "'Think'", 19, "the gesture 'Think' is there twice"},
     {"same='Greet'", "same='x'", 19, "there is no gesture 'x' before this one"},
     {"name='think'", "name='th/ink'", 19, "is no name for a gesture"},
-    {"<h:blink bone='arm'", "<h:look bone='leg' x='1' y='1'/><h:blink bone='arm'", 12,
-     "there is no bone 'leg'"},
     {"'Greet'/>", "'Greet'><h:track>", 19, "the element 'track' does not belong here"},
     {"ms='1000'", "ms='49'|ms='30001'", 14, "the length must be 50 to 30000"},
     {"600 90;", "200 90;|1001 90;", 15, "the keys must rise in time within the gesture"},
@@ -106,19 +104,35 @@ const Hostile table[]{
                    "</h:gesture>"),
      20, "20000 in all"},
     {"100 open", "100 paw", 16, "'paw' is not drawn in this slot"},
-    {"layer='arm' keys", "layer='leg' keys", 17, "there is no layer 'leg'"},
     {"</h:gesture>", times(198, "<h:track bone='arm' ch='x' keys='0 1'/>"), 18, "more than 200 tracks"},
     {"</h:character>", times(78, "<h:gesture name='g%' same='Greet'/>"), 20, "more than 100 gestures"},
 };
 
 } // namespace
 
+TEST(CharacterFile, IsTakenUpToItsLimits)
+{
+    const std::pair<const char*, QByteArray> table[]{
+        {"r='4'", "r='4' x='10000' y='-10000'|r='4' opacity='0'|r='4' opacity='1'|r='4' stroke-width='40'"},
+        {"r='4'", "r='4' fill='none'|r='4' stroke='#0aF'|r='4' transform='translate(1) rotate(5)'"},
+        {"200 220", "400 50|50 400"},
+        {"ms='4000'", "ms='100'|ms='10000'"},
+        {"ms='1000'", "ms='30000'"},
+        {"1000 * lin", "1000 30000 back"},
+        {"<h:rest bone", times(62, "<h:bone id='b%' at='1 1'/>") + "<h:rest bone"},
+        {"</h:character>", times(77, "<h:gesture name='g%' same='Greet'/>") + "</h:character>"},
+        {"<g id='body'>",
+         "<g id='body' transform='rotate(45)'>" + times(20, "<rect width='40' height='0.1'/>")},
+    }; // the last would cost too much if it lay level
+    for (const auto& [find, replacements] : table)
+        for (const QByteArray& replacement : replacements.split('|'))
+            EXPECT_EQ(verdict(sample::character().replace(find, replacement)), "fine")
+                << replacement.left(99).data();
+}
+
 TEST(CharacterFile, NamesTheFirstDefectAndItsLine)
 {
     ASSERT_EQ(verdict(sample::character()), "fine");
-    const QByteArray slanted =
-        "<g id='body' transform='rotate(45)'>" + times(20, "<rect width='40' height='0.1'/>");
-    EXPECT_EQ(verdict(sample::character().replace("<g id='body'>", slanted)), "fine"); // level they cost more
     EXPECT_EQ(verdict(""), "sample: the file is no UTF-8 text");
     EXPECT_EQ(verdict("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 9 9'/>"),
               "sample, line 1: there is no character in the file");
@@ -147,10 +161,9 @@ TEST(CharacterFile, SurvivesDamageAtAnyPlace)
     }
 }
 
-TEST(Genie, MovesInAnotherWayForEveryNameAndWavesBesideTheHead)
+TEST(Genie, MovesInAnotherWayForEveryNameAndNeverTooFast)
 {
-    Figure figure(readCharacterFile(QString(GENIE)), {});
-    const Rig& rig = figure.rig();
+    const Rig rig = readCharacterFile(QString(GENIE)).rig;
     std::vector<Pose> seen{rig.rest};
     for (const Gesture& gesture : rig.gestures) {
         const Motion motion{&gesture, rig.rest};
@@ -169,15 +182,4 @@ TEST(Genie, MovesInAnotherWayForEveryNameAndWavesBesideTheHead)
             EXPECT_LT(fastest, 60) << gesture.name.toStdString();
         }
     }
-
-    const auto meanAlpha = [&](const Pose& pose, const QRect& area) {
-        Picture picture(figure);
-        picture.reset(rig.size.toSize(), {}, 1);
-        picture.show(pose);
-        return qAlpha(picture.image().copy(area).scaled(1, 1, {}, Qt::SmoothTransformation).pixel(0, 0));
-    };
-    const QRect besideHead(155, 20, 44, 70);
-    EXPECT_EQ(meanAlpha(rig.rest, besideHead), 0);
-    EXPECT_GT(meanAlpha(poseAt(rig, {rig.gesture("Greet"), rig.rest}, 560), besideHead), 25);
-    EXPECT_GT(meanAlpha(rig.rest, QRect(80, 110, 40, 40)), 240);
 }

@@ -126,7 +126,7 @@ TEST(Picture, IsPaintedAnewOnlyWhereItChangesAndThenLikeANewOne)
 
 TEST(Gaze, WandersToTheQuestionAndThePointerButOnlyAtRest)
 {
-    std::vector<double> numbers{0.5, 0.9, 0.5, 0, 0.1}; // used from the back
+    std::vector<double> numbers{0.5, 0.9, 0.5, 0.2, 0.1}; // used from the back
     std::function<double()> random = [&numbers] {
         const double next = numbers.back();
         numbers.pop_back();
@@ -139,13 +139,13 @@ TEST(Gaze, WandersToTheQuestionAndThePointerButOnlyAtRest)
         bool resting;
         QPointF seen;
     } table[]{
-        {2490, true, {0, 0}}, {3300, true, {-1, 0}}, {4190, false, {0, 0}},
-        {4500, true, {0, 0}}, {8990, true, {0, 0}},  {9900, true, {0, 1}},
+        {2490, true, {0, 0}}, {3300, true, {-1, 0}}, {4190, false, {0, 0}}, {4490, true, {-1, 0}},
+        {5000, true, {0, 0}}, {8990, true, {0, 0}},  {9900, true, {0, 1}},
     };
     Gaze gaze(random, Gaze::Milliseconds(0));
     for (const auto& row : table) {
         const QPointF seen = gaze.at(Gaze::Milliseconds(row.timeMs), row.resting, sights);
-        EXPECT_NEAR(seen.x(), row.seen.x(), 0.01) << row.timeMs;
-        EXPECT_NEAR(seen.y(), row.seen.y(), 0.01) << row.timeMs;
+        EXPECT_NEAR(seen.x(), row.seen.x(), 0.02) << row.timeMs;
+        EXPECT_NEAR(seen.y(), row.seen.y(), 0.02) << row.timeMs;
     }
 }

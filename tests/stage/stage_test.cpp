@@ -52,6 +52,8 @@ TEST(Stage, ShowsTheFigureInItsPlaceAndPose)
     // The balloon stands above the middle.
     const QColor paper = stage.grab(QRect(145, 110, 10, 10)).toImage().pixelColor(5, 5);
     EXPECT_GT(paper.lightness(), 200);
+    EXPECT_NEAR(stage.sights().question.x(), -0.6, 0.02); // up and to the left
+    EXPECT_NEAR(stage.sights().question.y(), -0.62, 0.02);
     stage.leave();
     EXPECT_FALSE(stage.isVisible());
 }
