@@ -9,7 +9,7 @@
 namespace voice {
 
 /// Puts numbers in the words that are used for them in India, in thousands, lakhs and crores. The digits
-/// given are nothing but digits. The rules take some 20 ms to be made, when the first number comes.
+/// given are nothing but digits. The rules are made when the first number comes.
 class NumberSpeller
 {
 public:
