@@ -187,7 +187,7 @@ void DrawingRules::path(QStringView data)
 
 void DrawingRules::enter(const QXmlStreamAttributes& attributes, int depth)
 {
-    paints_.resize(static_cast<std::size_t>(depth));
+    paints_.resize(depth);
     Paint paint = paints_.empty() ? Paint() : paints_.back();
     if (const auto box = plainNumbers(attributes.value("viewBox"));
         paints_.empty() && box && box->size() == 4) {

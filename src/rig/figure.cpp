@@ -102,14 +102,4 @@ void Figure::rasterise(double ratio)
     malloc_trim(0); // what painting took is much more than what it leaves
 }
 
-std::size_t Figure::boneOf(int draw) const
-{
-    return static_cast<std::size_t>(rig().draws[static_cast<std::size_t>(draw)].bone);
-}
-
-const Part& Figure::partOf(int draw) const
-{
-    return parts_[partOfDraw_[static_cast<std::size_t>(draw)]];
-}
-
 } // namespace rig

@@ -38,8 +38,8 @@ public:
     /// Makes the images of the parts, for so many device pixels to a logical one.
     void rasterise(double ratio);
 
-    [[nodiscard]] std::size_t boneOf(int draw) const;
-    [[nodiscard]] const Part& partOf(int draw) const;
+    [[nodiscard]] const Part& partOf(int draw) const { return parts_[partOfDraw_[draw]]; }
+    [[nodiscard]] int boneOf(int draw) const { return file_.rig.draws[draw].bone; }
 
 private:
     CharacterFile file_;

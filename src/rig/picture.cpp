@@ -14,11 +14,6 @@ namespace {
 constexpr double visibleMove = 0.5;
 constexpr double leastMove = 0.2; ///< what has moved less then is left as it is
 
-std::size_t index(int i)
-{
-    return static_cast<std::size_t>(i);
-}
-
 /// How far any corner of `extent` is from one place to another.
 double distance(const QRectF& extent, const QTransform& from, const QTransform& to)
 {
@@ -75,14 +70,14 @@ QRegion Picture::show(const Pose& pose)
     std::vector<QRect> areas(rig.draws.size());
     for (const int draw : draws) {
         const QRectF place = bones[figure_.boneOf(draw)].mapRect(figure_.partOf(draw).extent);
-        areas[index(draw)] = (place & QRectF(area())).toAlignedRect();
+        areas[draw] = (place & QRectF(area())).toAlignedRect();
     }
     std::vector<QRect> changed;
     for (std::size_t i = 0; i < areas.size(); ++i) {
-        const std::size_t bone = index(rig.draws[i].bone);
+        const int bone = rig.draws[i].bone;
         const int layer = rig.draws[i].layer;
         if (areas[i] != areas_[i] || bones[bone] != bones_[bone] ||
-            (layer >= 0 && pose.layers[index(layer)] != layers_[index(layer)]))
+            (layer >= 0 && pose.layers[layer] != layers_[layer]))
             add(changed, areas[i] | areas_[i]);
     }
     draws_ = std::move(draws);
@@ -96,7 +91,7 @@ double Picture::hold(std::vector<QTransform>& bones, const std::vector<int>& dra
 {
     std::vector<double> moves(bones.size(), 0); // what hangs on one bone is moved together
     for (const int draw : draws) {
-        const std::size_t bone = figure_.boneOf(draw);
+        const int bone = figure_.boneOf(draw);
         const double move =
             distance(figure_.partOf(draw).extent, bones_[bone], bones[bone] * place_) * ratio_;
         moves[bone] = std::max(moves[bone], move);
@@ -119,7 +114,7 @@ QRegion Picture::paint(const std::vector<QRect>& areas)
         painter.fillRect(area, Qt::transparent);
         painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
         for (const int draw : draws_)
-            if (area.intersects(areas_[index(draw)])) {
+            if (area.intersects(areas_[draw])) {
                 painter.setWorldTransform(bones_[figure_.boneOf(draw)]);
                 painter.drawImage(figure_.partOf(draw).extent, figure_.partOf(draw).image);
             }

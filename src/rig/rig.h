@@ -129,7 +129,7 @@ struct Rig
     [[nodiscard]] const Gesture* gesture(const QString& name) const
     {
         const auto found = gestureOfName.constFind(name);
-        return found == gestureOfName.cend() ? nullptr : &gestures[static_cast<std::size_t>(*found)];
+        return found == gestureOfName.cend() ? nullptr : &gestures[*found];
     }
 };
 

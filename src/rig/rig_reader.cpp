@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t maxBones = 64;
 constexpr std::size_t maxDraws = 200;
-constexpr std::size_t maxGestures = 100;
+constexpr qsizetype maxGestures = 100;
 constexpr std::size_t maxTracks = 200;
 constexpr std::size_t maxSines = 64;
 constexpr qsizetype maxKeys = 64; ///< of a track
@@ -215,12 +215,11 @@ void RigReader::rest(const Fields& fields)
     const QString slotName = "slot";
     if (fields.has(slotName)) {
         const int slot = indexOf(rig_.slots, fields.text(slotName), R"(there is no slot "%1")");
-        rig_.rest.slots[static_cast<std::size_t>(slot)] = drawInSlot(slot, fields.text("value"));
+        rig_.rest.slots[slot] = drawInSlot(slot, fields.text("value"));
         return;
     }
     const auto [bone, channel] = channelNamed(fields);
-    rig_.rest.bones[static_cast<std::size_t>(bone)][static_cast<std::size_t>(channel)] =
-        fields.number("value");
+    rig_.rest.bones[bone][static_cast<std::size_t>(channel)] = fields.number("value");
 }
 
 void RigReader::idle(const Fields& fields)
@@ -256,7 +255,7 @@ void RigReader::mouth(const Fields& fields)
     if (draw == rig_.draws.end() || draw->slot < 0 || (rig_.mouthSlot >= 0 && draw->slot != rig_.mouthSlot))
         throw defectIn(part, "\"%1\" is not drawn in the slot of the mouth");
     rig_.mouthSlot = draw->slot;
-    rig_.mouths[static_cast<std::size_t>(shape)] = static_cast<int>(draw - rig_.draws.begin());
+    rig_.mouths[shape] = static_cast<int>(draw - rig_.draws.begin());
     shapes_.insert(shape);
 }
 
@@ -269,7 +268,7 @@ void RigReader::gesture(const Fields& fields)
         throw defectIn(name, "\"%1\" is no name for a gesture");
     if (rig_.gestureOfName.contains(name))
         throw defectIn(name, "the gesture \"%1\" is there twice");
-    if (static_cast<std::size_t>(rig_.gestureOfName.size()) == maxGestures)
+    if (rig_.gestureOfName.size() == maxGestures)
         throw Defect{QString("there are more than %1 gestures").arg(maxGestures)};
     if (alias) {
         const auto same = rig_.gestureOfName.constFind(fields.text("same"));
