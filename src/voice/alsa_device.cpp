@@ -26,7 +26,7 @@ public:
         for (int failures = 0; !samples.empty();) {
             const snd_pcm_sframes_t written = snd_pcm_writei(pcm_, samples.data(), samples.size());
             if (written > 0)
-                samples = samples.subspan(static_cast<std::size_t>(written));
+                samples = samples.subspan(written);
             else if (++failures > mostFailures || snd_pcm_recover(pcm_, static_cast<int>(written), 1) < 0)
                 return false;
         }

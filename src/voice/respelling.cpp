@@ -79,7 +79,7 @@ std::string soundsOfRespelling(std::string_view respelling)
             respelling.remove_prefix(sign->letters.size());
         }
     }
-    auto stress = std::find_if(sounds.begin() + static_cast<std::ptrdiff_t>(marked), sounds.end(), isVowel);
+    auto stress = std::find_if(sounds.begin() + marked, sounds.end(), isVowel);
     if (marked == 0)
         stress = std::ranges::find_if(sounds, isLong);
     if (stress == sounds.end() || (marked == 0 && stress + 1 == sounds.end()))

@@ -148,7 +148,7 @@ private:
         std::vector<std::int16_t>& samples = text.made[text.piece].samples;
         const std::size_t count = std::min(chunk.size(), samples.size() - text.sample);
         if (!silent_)
-            std::copy_n(samples.begin() + static_cast<std::ptrdiff_t>(text.sample), count, chunk.begin());
+            std::copy_n(samples.begin() + text.sample, count, chunk.begin());
         text.sample += count;
         if (text.sample == samples.size()) {
             std::vector<std::int16_t>().swap(samples);

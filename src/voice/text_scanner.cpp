@@ -36,7 +36,7 @@ void Scanner::step(char c)
 bool Scanner::matches(const QRegularExpression& pattern, std::size_t place)
 {
     // Without the second option each match takes a look at the whole text.
-    match_ = pattern.match(line_, static_cast<qsizetype>(place), QRegularExpression::NormalMatch,
+    match_ = pattern.match(line_, place, QRegularExpression::NormalMatch,
                            QRegularExpression::AnchorAtOffsetMatchOption |
                                QRegularExpression::DontCheckSubjectStringMatchOption);
     return match_.hasMatch();

@@ -71,7 +71,7 @@ private:
     bool matches(const QRegularExpression& pattern, std::size_t place);
 
     [[nodiscard]] std::string part(int index) const { return match_.captured(index).toStdString(); }
-    [[nodiscard]] std::size_t matchEnd() const { return static_cast<std::size_t>(match_.capturedEnd()); }
+    [[nodiscard]] std::size_t matchEnd() const { return match_.capturedEnd(); }
 
     /// Says `said`, which may be several words, for what ends before `end`.
     void say(std::string_view said, std::size_t end);
