@@ -88,7 +88,7 @@ TEST(Player, KeepsStillButForThePoseOfEachGesture)
     for (const Milliseconds now : {1000ms, 1500ms, 1990ms})
         EXPECT_EQ(player.frame(now).pose, rig::poseAt(rig, {rig.gesture("Greet"), rig.rest}, 500));
     player.speak("Well", 2s);
-    for (const Milliseconds now : {2000ms, 2500ms, 4000ms})
+    for (const Milliseconds now : {2000ms, 2150ms, 4000ms})
         EXPECT_EQ(player.frame(now).pose, rig.rest);
     player.keepStill(false);
     EXPECT_NE(player.frame(5s).pose, rig.rest);
