@@ -50,8 +50,6 @@ struct FakeDevice final : SoundDevice
         const std::lock_guard lock(room->mutex);
         ++room->closed;
     }
-    FakeDevice(const FakeDevice&) = delete;
-    FakeDevice& operator=(const FakeDevice&) = delete;
 
     bool write(std::span<const std::int16_t> samples) override
     {
