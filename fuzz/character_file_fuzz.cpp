@@ -1,7 +1,5 @@
-#include "rig/figure.h"
 #include "rig/motion.h"
-
-#include <QPainter>
+#include "rig/picture.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -12,16 +10,16 @@ namespace {
 void perform(rig::Figure& figure)
 {
     const rig::Rig& rig = figure.rig();
-    QImage image(rig.size.toSize(), QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&image);
+    rig::Picture picture(figure);
+    picture.reset(rig.size.toSize(), {}, 1);
     rig::Pose pose = rig.rest;
     for (std::size_t i = 0; i < rig.gestures.size() && i < 3; ++i) {
         pose = rig::poseAt(rig, {&rig.gestures[i], pose}, rig.gestures[i].lengthMs / 2);
         rig::addSines(rig, pose, 700);
         rig::closeLids(rig, pose, 0.5);
         rig::addGlance(rig, pose, {1, -1});
-        rig::shapeMouth(rig, pose, rig::MouthShape::A);
-        figure.paint(painter, pose, 1);
+        rig::shapeMouth(rig, pose, mouth::Shape::A);
+        picture.show(pose);
     }
 }
 

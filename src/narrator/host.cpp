@@ -60,9 +60,6 @@ public:
         }
     }
 
-    Host(const Host&) = delete;
-    Host& operator=(const Host&) = delete;
-
     void Show() override
     {
         if (stage_)

@@ -21,13 +21,6 @@ double sinceMs(std::chrono::milliseconds start, std::chrono::milliseconds now)
     return static_cast<double>((now - start).count());
 }
 
-/// The rig and the voice know the same shapes and not each other.
-rig::MouthShape rigShape(voice::MouthShape shape)
-{
-    static_assert(static_cast<int>(voice::MouthShape::U) == static_cast<int>(rig::MouthShape::U));
-    return static_cast<rig::MouthShape>(shape);
-}
-
 } // namespace
 
 Player::Player(const rig::Rig& rig, voice::Voice& voice, std::function<double()> random, Milliseconds now)
@@ -76,7 +69,7 @@ Frame Player::frame(Milliseconds now)
     if (!text_.isEmpty()) {
         const voice::Moment moment = voice_.at(now);
         if (!still_)
-            rig::shapeMouth(rig_, frame.pose, rigShape(moment.mouth));
+            rig::shapeMouth(rig_, frame.pose, moment.mouth);
         frame.said = moment.said;
     }
     return frame;

@@ -94,10 +94,10 @@ private:
             throw Defect{"the elements are nested too deep"};
         const bool ofRig = xml_.namespaceUri() == rigNamespace;
         if (!ofRig && xml_.namespaceUri() != svgNamespace)
-            throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
+            throw defectIn(name, "the element \"%1\" does not belong here");
         const bool inMetadata = metadataDepth_ > 0 && depth_ > metadataDepth_;
         if (ofRig != inMetadata)
-            throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
+            throw defectIn(name, "the element \"%1\" does not belong here");
         if (ofRig)
             rig_.start(name, xml_.attributes(), line());
         else
@@ -148,7 +148,9 @@ CharacterFile readCharacterFile(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         fail(path, 0, file.errorString());
-    return readCharacter(file.read(maxBytes + 1), path);
+    QByteArray bytes = file.read(maxBytes + 1);
+    bytes.squeeze();
+    return readCharacter(bytes, path);
 }
 
 CharacterFile readCharacter(const QByteArray& bytes, const QString& name)

@@ -22,48 +22,30 @@ constexpr double pictureWidth = 400;
 constexpr double maxReach = 1000; ///< what lies farther out is not painted
 constexpr double maxStrokeWidth = 40;
 
-enum class Kind { Number, Width, Numbers, Share, Paint, Colour, Word, Id, Path, Transform };
+enum class Kind { Number, Width, Numbers, Share, Paint, Colour, Word, Path, Transform };
 
+/// What the value of an attribute must be.
 const QHash<QString, Kind>& kinds()
 {
-    static const QHash<QString, Kind> table{
-        {"id", Kind::Id},
-        {"d", Kind::Path},
-        {"transform", Kind::Transform},
-        {"gradientTransform", Kind::Transform},
-        {"fill", Kind::Paint},
-        {"stroke", Kind::Paint},
-        {"stop-color", Kind::Colour},
-        {"opacity", Kind::Share},
-        {"fill-opacity", Kind::Share},
-        {"stroke-opacity", Kind::Share},
-        {"stop-opacity", Kind::Share},
-        {"offset", Kind::Share},
-        {"viewBox", Kind::Numbers},
-        {"stroke-width", Kind::Width},
-        {"x", Kind::Number},
-        {"y", Kind::Number},
-        {"width", Kind::Number},
-        {"height", Kind::Number},
-        {"x1", Kind::Number},
-        {"y1", Kind::Number},
-        {"x2", Kind::Number},
-        {"y2", Kind::Number},
-        {"cx", Kind::Number},
-        {"cy", Kind::Number},
-        {"r", Kind::Number},
-        {"rx", Kind::Number},
-        {"ry", Kind::Number},
-        {"fx", Kind::Number},
-        {"fy", Kind::Number},
-        {"version", Kind::Word},
-        {"baseProfile", Kind::Word},
-        {"stroke-linejoin", Kind::Word},
-        {"stroke-linecap", Kind::Word},
-        {"fill-rule", Kind::Word},
-        {"gradientUnits", Kind::Word},
-        {"spreadMethod", Kind::Word},
-    };
+    static const QHash<QString, Kind> table = [] {
+        const std::pair<Kind, const char*> rows[]{
+            {Kind::Number, "x y width height x1 y1 x2 y2 cx cy r rx ry fx fy"},
+            {Kind::Width, "stroke-width"},
+            {Kind::Numbers, "viewBox"},
+            {Kind::Share, "opacity fill-opacity stroke-opacity stop-opacity offset"},
+            {Kind::Paint, "fill stroke"},
+            {Kind::Colour, "stop-color"},
+            {Kind::Word, "version baseProfile stroke-linejoin stroke-linecap fill-rule gradientUnits "
+                         "spreadMethod id"},
+            {Kind::Path, "d"},
+            {Kind::Transform, "transform gradientTransform"},
+        };
+        QHash<QString, Kind> kindOfName;
+        for (const auto& [kind, names] : rows)
+            for (const QString& name : QString(names).split(u' '))
+                kindOfName.insert(name, kind);
+        return kindOfName;
+    }();
     return table;
 }
 
@@ -103,14 +85,20 @@ double lengthOf(const QPainterPath& outline)
 
 } // namespace
 
+Defect defectIn(QStringView quotation, const char* text)
+{
+    constexpr qsizetype longest = 40;
+    return {QString(text).arg(quotation.left(longest))};
+}
+
 void DrawingRules::element(const QString& name, const QXmlStreamAttributes& attributes, int depth,
                            qint64 line)
 {
     if (!elements().contains(name) || (name == u"svg") != (depth == 0))
-        throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
+        throw defectIn(name, "the element \"%1\" does not belong here");
     for (const QXmlStreamAttribute& entry : attributes) {
         if (!entry.namespaceUri().isEmpty())
-            throw Defect{QString("the attribute \"%1\" is not allowed").arg(entry.qualifiedName().left(40))};
+            throw defectIn(entry.qualifiedName(), "the attribute \"%1\" is not allowed");
         attribute(name, entry.name().toString(), entry.value(), line);
     }
     enter(attributes, depth);
@@ -159,7 +147,6 @@ void DrawingRules::attribute(const QString& element, const QString& name, QStrin
         good = isColour(value);
         break;
     case Kind::Word:
-    case Kind::Id:
         good = isWord(value);
         break;
     case Kind::Transform:
@@ -181,7 +168,7 @@ void DrawingRules::paint(QStringView value, qint64 line)
     const bool reference = value.startsWith(u"url(#") && value.endsWith(u')');
     const QStringView id = reference ? value.sliced(5).chopped(1) : QStringView();
     if (!isWord(id))
-        throw Defect{QString("\"%1\" is no colour").arg(value.left(40))};
+        throw defectIn(value, "\"%1\" is no colour");
     if (!references_.contains(id.toString()))
         references_.insert(id.toString(), line);
 }
@@ -194,13 +181,13 @@ void DrawingRules::path(QStringView data)
     QStringView bad;
     const auto outline = outlineOf(data, bad);
     if (!outline)
-        throw Defect{QString("\"%1\" is no part of an outline").arg(bad.left(20))};
+        throw defectIn(bad, "\"%1\" is no part of an outline");
     outline_ = *outline;
 }
 
 void DrawingRules::enter(const QXmlStreamAttributes& attributes, int depth)
 {
-    paints_.resize(static_cast<std::size_t>(depth));
+    paints_.resize(depth);
     Paint paint = paints_.empty() ? Paint() : paints_.back();
     if (const auto box = plainNumbers(attributes.value("viewBox"));
         paints_.empty() && box && box->size() == 4) {

@@ -19,6 +19,9 @@ struct Defect
     qint64 line = 0; ///< 0: the line being read
 };
 
+/// A defect that quotes the file: `text` has %1 for it. Long quotations are cut.
+[[nodiscard]] Defect defectIn(QStringView quotation, const char* text);
+
 /// Lets through only those drawing elements that are safe and cheap to paint. Throws Defect.
 class DrawingRules
 {

@@ -1,12 +1,13 @@
 #include "rig/figure.h"
 
-#include "rig/motion.h"
-
 #include <QPainter>
 #include <QSvgRenderer>
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+
+#include <malloc.h>
 
 namespace rig {
 
@@ -20,6 +21,24 @@ constexpr double maxPixels = 2'500'000; ///< of all parts together, at the least
 QRect pixels(const QRectF& bounds, double factor)
 {
     return QRectF(bounds.topLeft() * factor, bounds.size() * factor).toAlignedRect();
+}
+
+/// The part of an image that is not empty, with a pixel around it for smooth edges.
+QRect seenIn(const QImage& image)
+{
+    const auto empty = [](QRgb pixel) { return pixel == 0; };
+    QRect seen;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        const QRgb* end = line + image.width();
+        const QRgb* first = std::find_if_not(line, end, empty);
+        if (first == end)
+            continue;
+        const auto last = std::find_if_not(std::reverse_iterator(end), std::reverse_iterator(first), empty);
+        seen |= QRect(QPoint(static_cast<int>(first - line), y),
+                      QPoint(static_cast<int>(last.base() - line) - 1, y));
+    }
+    return seen.adjusted(-1, -1, 1, 1) & image.rect();
 }
 
 } // namespace
@@ -37,7 +56,7 @@ Figure::Figure(CharacterFile file, const QString& name)
         auto part = std::ranges::find(parts_, draw.part, &Part::id);
         if (part == parts_.end()) {
             const QRectF whole = svg_->boundsOnElement(draw.part);
-            part = parts_.insert(part, {whole, whole & reach, draw.part, {}});
+            part = parts_.insert(part, {draw.part, whole, whole & reach, {}, {}});
         }
         partOfDraw_.push_back(static_cast<std::size_t>(part - parts_.begin()));
         // Every draw is painted in each frame, whether it shares its part or not.
@@ -54,44 +73,33 @@ double Figure::scale() const
     return std::min(rig().size.width() / rig().drawing.width(), rig().size.height() / rig().drawing.height());
 }
 
-void Figure::rasterise(double density)
-{
-    density_ = density;
-    const double factor = scale() * density;
-    for (Part& part : parts_) {
-        const QRect area = pixels(part.bounds, factor);
-        part.image = QImage(area.size(), QImage::Format_ARGB32_Premultiplied);
-        if (!part.image.isNull()) {
-            part.image.fill(Qt::transparent);
-            QPainter painter(&part.image);
-            painter.setRenderHint(QPainter::Antialiasing);
-            painter.translate(-area.topLeft());
-            painter.scale(factor, factor);
-            svg_->render(&painter, part.id, part.whole);
-        }
-    }
-}
-
-void Figure::paint(QPainter& painter, const Pose& pose, double ratio)
+void Figure::rasterise(double ratio)
 {
     const double density = std::clamp(ratio, leastDensity * std::min(ratio, 1.0), maxDensity);
-    if (density != density_)
-        rasterise(density);
-    const double factor = scale() * density;
-    painter.save();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.scale(scale(), scale());
-    painter.translate(-rig().drawing.topLeft());
-    const QTransform base = painter.worldTransform();
-    const std::vector<QTransform> bones = boneTransforms(rig(), pose);
-    for (const int index : visibleDraws(rig(), pose)) {
-        const auto i = static_cast<std::size_t>(index);
-        const Part& part = parts_[partOfDraw_[i]];
-        painter.setWorldTransform(bones[static_cast<std::size_t>(rig().draws[i].bone)] * base);
+    if (density == density_)
+        return;
+    density_ = density;
+    if (!svg_)
+        svg_ = std::make_unique<QSvgRenderer>(file_.drawing);
+    const double factor = scale() * density_;
+    for (Part& part : parts_) {
         const QRect area = pixels(part.bounds, factor);
-        painter.drawImage(QRectF(QPointF(area.topLeft()) / factor, QSizeF(area.size()) / factor), part.image);
+        QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
+        if (image.isNull())
+            continue;
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(-area.topLeft());
+        painter.scale(factor, factor);
+        svg_->render(&painter, part.id, part.whole);
+        painter.end();
+        const QRect seen = seenIn(image);
+        part.image = image.copy(seen);
+        part.extent = QRectF(QPointF(area.topLeft() + seen.topLeft()) / factor, QSizeF(seen.size()) / factor);
     }
-    painter.restore();
+    svg_.reset();
+    malloc_trim(0); // what painting took is much more than what it leaves
 }
 
 } // namespace rig

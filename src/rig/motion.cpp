@@ -14,12 +14,12 @@ constexpr double vanishing = 0.01; ///< a part squeezed below this factor is not
 
 double& channel(Pose& pose, int bone, Channel which)
 {
-    return pose.bones[static_cast<std::size_t>(bone)][static_cast<std::size_t>(which)];
+    return pose.bones[bone][static_cast<std::size_t>(which)];
 }
 
 double channel(const Pose& pose, int bone, Channel which)
 {
-    return pose.bones[static_cast<std::size_t>(bone)][static_cast<std::size_t>(which)];
+    return pose.bones[bone][static_cast<std::size_t>(which)];
 }
 
 Pose towardsRest(const Rig& rig, const Pose& start, double timeMs)
@@ -101,10 +101,11 @@ Pose poseAt(const Rig& rig, const Motion& motion, double timeMs)
                     channel(rig.rest, curve.bone, curve.channel), timeMs);
     }
     for (const Steps& track : motion.gesture->steps) {
-        const auto target = static_cast<std::size_t>(track.target);
-        const auto of = [&](const Pose& p) { return track.ofLayer ? p.layers[target] : p.slots[target]; };
+        const auto of = [&](const Pose& p) {
+            return track.ofLayer ? p.layers[track.target] : p.slots[track.target];
+        };
         const int value = valueAt(track.steps, of(motion.start), of(rig.rest), timeMs);
-        (track.ofLayer ? pose.layers : pose.slots)[target] = value;
+        (track.ofLayer ? pose.layers : pose.slots)[track.target] = value;
     }
     return pose;
 }
@@ -133,10 +134,10 @@ void addGlance(const Rig& rig, Pose& pose, const QPointF& sight)
     }
 }
 
-void shapeMouth(const Rig& rig, Pose& pose, MouthShape shape)
+void shapeMouth(const Rig& rig, Pose& pose, mouth::Shape shape)
 {
-    if (shape != MouthShape::Rest)
-        pose.slots[static_cast<std::size_t>(rig.mouthSlot)] = rig.mouths[static_cast<std::size_t>(shape)];
+    if (shape != mouth::Shape::Rest)
+        pose.slots[rig.mouthSlot] = rig.mouths[static_cast<std::size_t>(shape)];
 }
 
 std::vector<QTransform> boneTransforms(const Rig& rig, const Pose& pose)
@@ -146,8 +147,7 @@ std::vector<QTransform> boneTransforms(const Rig& rig, const Pose& pose)
     for (std::size_t i = 0; i < rig.bones.size(); ++i) {
         const Bone& bone = rig.bones[i];
         const auto& [rotation, x, y, scaleX, scaleY] = pose.bones[i];
-        QTransform transform =
-            bone.parent < 0 ? QTransform() : transforms[static_cast<std::size_t>(bone.parent)];
+        QTransform transform = bone.parent < 0 ? QTransform() : transforms[bone.parent];
         transform.translate(bone.pivot.x() + x, bone.pivot.y() + y);
         transform.rotate(rotation);
         transform.scale(scaleX, scaleY);
@@ -166,19 +166,18 @@ std::vector<int> visibleDraws(const Rig& rig, const Pose& pose)
         const double width = pose.bones[i][static_cast<std::size_t>(Channel::ScaleX)];
         const double height = pose.bones[i][static_cast<std::size_t>(Channel::ScaleY)];
         flat.push_back(std::abs(width) < vanishing || std::abs(height) < vanishing ||
-                       (parent >= 0 && flat[static_cast<std::size_t>(parent)]));
+                       (parent >= 0 && flat[parent]));
     }
     std::vector<int> shown;
     for (std::size_t i = 0; i < rig.draws.size(); ++i) {
         const Draw& draw = rig.draws[i];
-        const bool held =
-            draw.slot < 0 || pose.slots[static_cast<std::size_t>(draw.slot)] == static_cast<int>(i);
-        if (held && !flat[static_cast<std::size_t>(draw.bone)])
+        const bool held = draw.slot < 0 || pose.slots[draw.slot] == static_cast<int>(i);
+        if (held && !flat[draw.bone])
             shown.push_back(static_cast<int>(i));
     }
     const auto depth = [&](int i) {
-        const int layer = rig.draws[static_cast<std::size_t>(i)].layer;
-        return layer < 0 ? 0 : pose.layers[static_cast<std::size_t>(layer)];
+        const int layer = rig.draws[i].layer;
+        return layer < 0 ? 0 : pose.layers[layer];
     };
     std::ranges::stable_sort(shown, {}, depth);
     return shown;

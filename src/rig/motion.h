@@ -30,7 +30,7 @@ void addSines(const Rig& rig, Pose& pose, double timeMs);
 void closeLids(const Rig& rig, Pose& pose, double closed);
 /// Turns towards `sight`: from -1 to 1 to the right and downwards.
 void addGlance(const Rig& rig, Pose& pose, const QPointF& sight);
-void shapeMouth(const Rig& rig, Pose& pose, MouthShape shape);
+void shapeMouth(const Rig& rig, Pose& pose, mouth::Shape shape);
 
 /// From the drawing as it lies in the file to the drawing in this pose, one transform per bone.
 [[nodiscard]] std::vector<QTransform> boneTransforms(const Rig& rig, const Pose& pose);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "mouth/shape.h"
+
 #include <QHash>
 #include <QPointF>
 #include <QRectF>
@@ -16,10 +18,6 @@ namespace rig {
 enum class Channel { Rotation, X, Y, ScaleX, ScaleY };
 inline constexpr std::size_t channelCount = 5;
 using Channels = std::array<double, channelCount>;
-
-/// What the mouth shows while the host speaks; Rest leaves the expression of the face alone.
-enum class MouthShape { Rest, M, F, T, S, E, A, O, U };
-inline constexpr std::size_t mouthShapeCount = 9;
 
 enum class Ease { Linear, In, Out, InOut, Back, Hold };
 
@@ -122,7 +120,7 @@ struct Rig
     std::vector<Sine> sines;
     std::vector<Lid> lids;
     std::vector<Glance> glances;
-    std::array<int, mouthShapeCount> mouths{}; ///< the draw of each shape
+    std::array<int, mouth::shapeCount> mouths{}; ///< the draw of each shape
     int mouthSlot = -1;
     Pose rest;
     std::vector<Gesture> gestures;
@@ -131,7 +129,7 @@ struct Rig
     [[nodiscard]] const Gesture* gesture(const QString& name) const
     {
         const auto found = gestureOfName.constFind(name);
-        return found == gestureOfName.cend() ? nullptr : &gestures[static_cast<std::size_t>(*found)];
+        return found == gestureOfName.cend() ? nullptr : &gestures[*found];
     }
 };
 

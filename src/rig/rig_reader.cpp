@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t maxBones = 64;
 constexpr std::size_t maxDraws = 200;
-constexpr std::size_t maxGestures = 100;
+constexpr qsizetype maxGestures = 100;
 constexpr std::size_t maxTracks = 200;
 constexpr std::size_t maxSines = 64;
 constexpr qsizetype maxKeys = 64; ///< of a track
@@ -34,13 +34,14 @@ const QStringList channelNames{"rot", "x", "y", "sx", "sy"};
 const QStringList easeNames{"lin", "in", "out", "inout", "back", "hold"};
 const QStringList shapeNames{"Rest", "M", "F", "T", "S", "E", "A", "O", "U"};
 
-/// The place of `name` among names that `what` may have.
-int indexOf(const QStringList& names, const QString& name, const QString& what)
+/// The place of `name` among names that something may have.
+template <typename Names>
+int indexOf(const Names& names, const QString& name, const char* otherwise)
 {
-    const auto index = names.indexOf(name);
-    if (index < 0)
-        throw Defect{QString("there is no %1 \"%2\"").arg(what, name.left(40))};
-    return static_cast<int>(index);
+    const auto found = std::ranges::find(names, name);
+    if (found == names.end())
+        throw defectIn(name, otherwise);
+    return static_cast<int>(found - names.begin());
 }
 
 int indexOrAdd(std::vector<QString>& names, const QString& name)
@@ -50,14 +51,6 @@ int indexOrAdd(std::vector<QString>& names, const QString& name)
         return static_cast<int>(found - names.begin());
     names.push_back(name);
     return static_cast<int>(names.size()) - 1;
-}
-
-int indexIn(const std::vector<QString>& names, const QString& name, const QString& what)
-{
-    const auto found = std::ranges::find(names, name);
-    if (found == names.end())
-        throw Defect{QString("there is no %1 \"%2\"").arg(what, name.left(40))};
-    return static_cast<int>(found - names.begin());
 }
 
 double numberOf(const QString& text, const QString& what)
@@ -88,7 +81,7 @@ public:
         for (const QXmlStreamAttribute& entry : attributes) {
             const QString name = entry.qualifiedName().toString();
             if (!needed.contains(name) && !allowed.contains(name))
-                throw Defect{QString("the attribute \"%1\" is not allowed").arg(name.left(40))};
+                throw defectIn(name, "the attribute \"%1\" is not allowed");
         }
         for (const QString& name : needed)
             if (!has(name))
@@ -117,35 +110,33 @@ private:
 
 void RigReader::start(const QString& name, const QXmlStreamAttributes& attributes, qint64 line)
 {
-    const bool placed = name == u"character" ? inside_ == Inside::Nothing
-                        : name == u"track"   ? inside_ == Inside::Gesture
-                                             : inside_ == Inside::Character;
-    if (!placed || !open_.isEmpty())
-        throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
-    if (name == u"character")
-        return character({attributes, {"version", "name", "size"}, {}});
-    if (name == u"gesture")
-        return gesture({attributes, {"name"}, {"ms", "same"}});
-    open_ = name;
-    const QStringList target{"bone", "ch", "slot", "layer"};
-    if (name == u"bone")
-        bone({attributes, {"id", "at"}, {"parent"}});
-    else if (name == u"draw")
-        draw({attributes, {"part", "bone"}, {"slot", "layer"}}, line);
-    else if (name == u"rest")
-        rest({attributes, {"value"}, target});
-    else if (name == u"idle")
-        idle({attributes, {"bone", "ch", "amp", "ms"}, {"phase"}});
-    else if (name == u"blink")
-        blink({attributes, {"bone", "ch", "value"}, {}});
-    else if (name == u"look")
-        look({attributes, {"bone", "x", "y"}, {}});
-    else if (name == u"mouth")
-        mouth({attributes, {"shape", "part"}, {}});
-    else if (name == u"track")
-        track({attributes, {"keys"}, target});
-    else
-        throw Defect{QString("the element \"%1\" does not belong here").arg(name.left(40))};
+    static const QStringList target{"bone", "ch", "slot", "layer"};
+    static const struct
+    {
+        QString name;
+        Inside place;
+        QStringList needed, allowed;
+        void (RigReader::*read)(const Fields&);
+    } table[]{
+        {"character", Inside::Nothing, {"version", "name", "size"}, {}, &RigReader::character},
+        {"bone", Inside::Character, {"id", "at"}, {"parent"}, &RigReader::bone},
+        {"draw", Inside::Character, {"part", "bone"}, {"slot", "layer"}, &RigReader::draw},
+        {"rest", Inside::Character, {"value"}, target, &RigReader::rest},
+        {"idle", Inside::Character, {"bone", "ch", "amp", "ms"}, {"phase"}, &RigReader::idle},
+        {"blink", Inside::Character, {"bone", "ch", "value"}, {}, &RigReader::blink},
+        {"look", Inside::Character, {"bone", "x", "y"}, {}, &RigReader::look},
+        {"mouth", Inside::Character, {"shape", "part"}, {}, &RigReader::mouth},
+        {"gesture", Inside::Character, {"name"}, {"ms", "same"}, &RigReader::gesture},
+        {"track", Inside::Gesture, {"keys"}, target, &RigReader::track},
+    };
+    for (const auto& row : table)
+        if (row.name == name && row.place == inside_ && open_.isEmpty()) {
+            line_ = line;
+            if (name != u"character" && name != u"gesture")
+                open_ = name;
+            return (this->*row.read)({attributes, row.needed, row.allowed});
+        }
+    throw defectIn(name, "the element \"%1\" does not belong here");
 }
 
 void RigReader::end(const QString& name, qint64 line)
@@ -170,7 +161,7 @@ Rig RigReader::finish(const QSet<QString>& parts, const QRectF& drawing) const
                          drawLines_[i]};
     if (rig_.draws.empty())
         throw Defect{"nothing is drawn", endLine_};
-    for (int shape = 0; shape < static_cast<int>(mouthShapeCount); ++shape)
+    for (int shape = 0; shape < static_cast<int>(mouth::shapeCount); ++shape)
         if (!shapes_.contains(shape))
             throw Defect{QString("the mouth shape \"%1\" is missing").arg(shapeNames[shape]), endLine_};
     for (const QString& name : requiredGestures())
@@ -198,13 +189,13 @@ void RigReader::bone(const Fields& fields)
     if (rig_.bones.size() == maxBones)
         throw Defect{QString("there are more than %1 bones").arg(maxBones)};
     if (std::ranges::find(rig_.bones, id, &Bone::id) != rig_.bones.end())
-        throw Defect{QString("the bone \"%1\" is there twice").arg(id.left(40))};
+        throw defectIn(id, "the bone \"%1\" is there twice");
     const int parent = fields.has("parent") ? boneNamed(fields.text("parent")) : -1;
     rig_.bones.push_back({id, parent, fields.pair("at")});
     rig_.rest.bones.push_back({0, 0, 0, 1, 1});
 }
 
-void RigReader::draw(const Fields& fields, qint64 line)
+void RigReader::draw(const Fields& fields)
 {
     if (rig_.draws.size() == maxDraws)
         throw Defect{QString("there are more than %1 draws").arg(maxDraws)};
@@ -214,7 +205,7 @@ void RigReader::draw(const Fields& fields, qint64 line)
     if (fields.has("layer"))
         draw.layer = indexOrAdd(rig_.layers, fields.text("layer"));
     rig_.draws.push_back(draw);
-    drawLines_.push_back(line);
+    drawLines_.push_back(line_);
     rig_.rest.slots.resize(rig_.slots.size(), -1);
     rig_.rest.layers.resize(rig_.layers.size(), 0);
 }
@@ -223,13 +214,12 @@ void RigReader::rest(const Fields& fields)
 {
     const QString slotName = "slot";
     if (fields.has(slotName)) {
-        const int slot = indexIn(rig_.slots, fields.text(slotName), slotName);
-        rig_.rest.slots[static_cast<std::size_t>(slot)] = drawInSlot(slot, fields.text("value"));
+        const int slot = indexOf(rig_.slots, fields.text(slotName), R"(there is no slot "%1")");
+        rig_.rest.slots[slot] = drawInSlot(slot, fields.text("value"));
         return;
     }
     const auto [bone, channel] = channelNamed(fields);
-    rig_.rest.bones[static_cast<std::size_t>(bone)][static_cast<std::size_t>(channel)] =
-        fields.number("value");
+    rig_.rest.bones[bone][static_cast<std::size_t>(channel)] = fields.number("value");
 }
 
 void RigReader::idle(const Fields& fields)
@@ -259,13 +249,13 @@ void RigReader::look(const Fields& fields)
 
 void RigReader::mouth(const Fields& fields)
 {
-    const int shape = indexOf(shapeNames, fields.text("shape"), "mouth shape");
+    const int shape = indexOf(shapeNames, fields.text("shape"), R"(there is no mouth shape "%1")");
     const QString part = fields.text("part");
     const auto draw = std::ranges::find(rig_.draws, part, &Draw::part);
     if (draw == rig_.draws.end() || draw->slot < 0 || (rig_.mouthSlot >= 0 && draw->slot != rig_.mouthSlot))
-        throw Defect{QString("\"%1\" is not drawn in the slot of the mouth").arg(part.left(40))};
+        throw defectIn(part, "\"%1\" is not drawn in the slot of the mouth");
     rig_.mouthSlot = draw->slot;
-    rig_.mouths[static_cast<std::size_t>(shape)] = static_cast<int>(draw - rig_.draws.begin());
+    rig_.mouths[shape] = static_cast<int>(draw - rig_.draws.begin());
     shapes_.insert(shape);
 }
 
@@ -275,17 +265,15 @@ void RigReader::gesture(const Fields& fields)
     const bool alias = fields.has("same");
     inside_ = alias ? Inside::Alias : Inside::Gesture;
     if (!isWord(name))
-        throw Defect{QString("\"%1\" is no name for a gesture").arg(name.left(40))};
+        throw defectIn(name, "\"%1\" is no name for a gesture");
     if (rig_.gestureOfName.contains(name))
-        throw Defect{QString("the gesture \"%1\" is there twice").arg(name.left(40))};
-    if (static_cast<std::size_t>(rig_.gestureOfName.size()) == maxGestures)
+        throw defectIn(name, "the gesture \"%1\" is there twice");
+    if (rig_.gestureOfName.size() == maxGestures)
         throw Defect{QString("there are more than %1 gestures").arg(maxGestures)};
     if (alias) {
         const auto same = rig_.gestureOfName.constFind(fields.text("same"));
-        if (same == rig_.gestureOfName.cend()) {
-            throw Defect{
-                QString("there is no gesture \"%1\" before this one").arg(fields.text("same").left(40))};
-        }
+        if (same == rig_.gestureOfName.cend())
+            throw defectIn(fields.text("same"), "there is no gesture \"%1\" before this one");
         const int index = *same; // the entry moves when the table grows
         rig_.gestureOfName.insert(name, index);
         return;
@@ -308,8 +296,8 @@ void RigReader::track(const Fields& fields)
         return;
     }
     Steps track{ofLayer,
-                ofLayer ? indexIn(rig_.layers, fields.text("layer"), "layer")
-                        : indexIn(rig_.slots, fields.text("slot"), "slot"),
+                ofLayer ? indexOf(rig_.layers, fields.text("layer"), R"(there is no layer "%1")")
+                        : indexOf(rig_.slots, fields.text("slot"), R"(there is no slot "%1")"),
                 {}};
     track.steps = steps(track, keyText);
     gesture.steps.push_back(std::move(track));
@@ -319,14 +307,14 @@ int RigReader::boneNamed(const QString& id) const
 {
     const auto found = std::ranges::find(rig_.bones, id, &Bone::id);
     if (found == rig_.bones.end())
-        throw Defect{QString("there is no bone \"%1\" before this place").arg(id.left(40))};
+        throw defectIn(id, "there is no bone \"%1\" before this place");
     return static_cast<int>(found - rig_.bones.begin());
 }
 
 std::pair<int, Channel> RigReader::channelNamed(const Fields& fields) const
 {
     return {boneNamed(fields.text("bone")),
-            static_cast<Channel>(indexOf(channelNames, fields.text("ch"), "channel"))};
+            static_cast<Channel>(indexOf(channelNames, fields.text("ch"), R"(there is no channel "%1")"))};
 }
 
 int RigReader::drawInSlot(int slot, const QString& part) const
@@ -336,7 +324,7 @@ int RigReader::drawInSlot(int slot, const QString& part) const
     for (std::size_t i = 0; i < rig_.draws.size(); ++i)
         if (rig_.draws[i].slot == slot && rig_.draws[i].part == part)
             return static_cast<int>(i);
-    throw Defect{QString("\"%1\" is not drawn in this slot").arg(part.left(40))};
+    throw defectIn(part, "\"%1\" is not drawn in this slot");
 }
 
 QStringList RigReader::keyTexts(const QString& text)
@@ -354,12 +342,12 @@ std::vector<Key> RigReader::keys(const QString& text)
     for (const QString& entry : keyTexts(text)) {
         const QStringList words = entry.simplified().split(u' ');
         if (words.size() < 2 || words.size() > 3)
-            throw Defect{QString("\"%1\" is no key").arg(entry.left(40))};
+            throw defectIn(entry, "\"%1\" is no key");
         Key key{.timeMs = keyTime(words[0], keys.empty() ? -1 : keys.back().timeMs), .value = {}};
         if (words[1] != u"*")
             key.value = numberOf(words[1], "a key");
         if (words.size() == 3)
-            key.ease = static_cast<Ease>(indexOf(easeNames, words[2], "ease"));
+            key.ease = static_cast<Ease>(indexOf(easeNames, words[2], R"(there is no ease "%1")"));
         keys.push_back(key);
     }
     return keys;
@@ -371,7 +359,7 @@ std::vector<Step> RigReader::steps(const Steps& track, const QString& text)
     for (const QString& entry : keyTexts(text)) {
         const QStringList words = entry.simplified().split(u' ');
         if (words.size() != 2)
-            throw Defect{QString("\"%1\" is no key").arg(entry.left(40))};
+            throw defectIn(entry, "\"%1\" is no key");
         Step step{keyTime(words[0], steps.empty() ? -1 : steps.back().timeMs), {}};
         if (words[1] != u"*") {
             step.value = track.ofLayer ? static_cast<int>(numberOf(words[1], "a depth"))

@@ -29,7 +29,7 @@ private:
 
     void character(const Fields& fields);
     void bone(const Fields& fields);
-    void draw(const Fields& fields, qint64 line);
+    void draw(const Fields& fields);
     void rest(const Fields& fields);
     void idle(const Fields& fields);
     void blink(const Fields& fields);
@@ -53,6 +53,7 @@ private:
     std::vector<qint64> drawLines_;
     QSet<int> shapes_;
     qsizetype keys_ = 0; ///< of all tracks
+    qint64 line_ = 0;    ///< of the element being read
     qint64 endLine_ = 0; ///< of the character
 };
 

@@ -9,34 +9,34 @@ namespace {
 
 constexpr int square = 8; ///< of the rough one, in logical pixels
 
-QRegion regionOf(const QImage& mask)
+/// The area in another size, with a pixel to a place.
+QImage sized(const QImage& image, const QRect& area, const QSize& size, Qt::TransformationMode mode)
 {
-    return {QBitmap::fromImage(mask)};
-}
-
-/// `image` in another size, with a pixel to a place.
-QImage sized(const QImage& image, const QSize& size, Qt::TransformationMode mode)
-{
-    QImage result = image.size() == size ? image : image.scaled(size, Qt::IgnoreAspectRatio, mode);
-    result.setDevicePixelRatio(1);
-    return result;
+    const double ratio = image.devicePixelRatio();
+    QImage part = image.copy(QRect(area.topLeft() * ratio, area.size() * ratio));
+    part.setDevicePixelRatio(1);
+    return part.size() == size ? part : part.scaled(size, Qt::IgnoreAspectRatio, mode);
 }
 
 } // namespace
 
-QRegion exactSilhouette(const QImage& image)
+QRegion exactSilhouette(const QImage& image, const QRect& area)
 {
-    const QSize size = image.deviceIndependentSize().toSize();
-    return regionOf(sized(image, size, Qt::FastTransformation).createAlphaMask(Qt::ThresholdDither));
+    const QImage pixels = sized(image, area, area.size(), Qt::FastTransformation);
+    return QRegion(QBitmap::fromImage(pixels.createAlphaMask(Qt::ThresholdDither)))
+        .translated(area.topLeft());
 }
 
-QRegion roughSilhouette(const QImage& image)
+QRegion roughSilhouette(const QImage& image, const QRect& area)
 {
-    const QSizeF size = image.deviceIndependentSize();
-    const QSize squares = (size / square).toSize();
-    const QImage means = sized(image, squares, Qt::SmoothTransformation);
-    const QRegion seen = regionOf(means.createMaskFromColor(qRgba(0, 0, 0, 0), Qt::MaskInColor));
-    return QTransform::fromScale(size.width() / squares.width(), size.height() / squares.height()).map(seen);
+    const QSize squares((area.width() + square - 1) / square, (area.height() + square - 1) / square);
+    const QImage means = sized(image, area, squares, Qt::SmoothTransformation);
+    const QRegion seen(QBitmap::fromImage(means.createMaskFromColor(qRgba(0, 0, 0, 0), Qt::MaskInColor)));
+    const QTransform toPixels = QTransform::fromTranslate(area.x(), area.y());
+    return (QTransform::fromScale(static_cast<double>(area.width()) / squares.width(),
+                                  static_cast<double>(area.height()) / squares.height()) *
+            toPixels)
+        .map(seen);
 }
 
 QRegion withRim(const QRegion& rough)

@@ -5,11 +5,13 @@
 
 namespace stage {
 
-/// The pixels of `image` that are not faint, in its logical coordinates.
-[[nodiscard]] QRegion exactSilhouette(const QImage& image);
+// Of the part `area` of an image, which is given in logical coordinates, as are the results.
 
-/// The squares of a coarse grid in which anything of `image` is to be seen, in its logical coordinates.
-[[nodiscard]] QRegion roughSilhouette(const QImage& image);
+/// The pixels that are not faint.
+[[nodiscard]] QRegion exactSilhouette(const QImage& image, const QRect& area);
+
+/// The squares of a coarse grid in which anything is to be seen.
+[[nodiscard]] QRegion roughSilhouette(const QImage& image, const QRect& area);
 
 /// A rough silhouette with a rim of squares around it.
 [[nodiscard]] QRegion withRim(const QRegion& rough);

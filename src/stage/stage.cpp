@@ -34,19 +34,13 @@ constexpr double farAside = 250;  ///< from here on the eyes turn no further, in
 constexpr Qt::WindowFlags hostWindowFlags =
     Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint;
 
-/// Of the figure with the room it needs around it, at full size.
-QSize figureArea(const rig::Rig& rig)
-{
-    const QSize figure = rig.size.toSize();
-    return {figure.width() + 2 * sideMargin, headroom + figure.height() + footroom};
-}
-
 } // namespace
 
 Stage::Stage(QWidget& form, rig::Figure& figure)
     : QWidget(&form, toolkit::windowsCanBePlaced() ? hostWindowFlags : Qt::WindowFlags(Qt::Widget)),
       form_(form),
-      figure_(&figure)
+      picture_(figure),
+      area_(figure.rig().size.toSize() + QSize(2 * sideMargin, headroom + footroom))
 {
     setObjectName("host");
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -80,7 +74,7 @@ void Stage::enter()
 void Stage::leave()
 {
     entered_ = false;
-    figure_ = nullptr;
+    left_ = true;
     visibility_ = {};
     skip_ = {};
     if (mute_)
@@ -90,21 +84,26 @@ void Stage::leave()
 
 void Stage::present(const rig::Pose& pose, const QString& text, qsizetype said)
 {
-    const bool reshaped = balloon_->say(text, said);
-    if (reshaped)
+    if (balloon_->say(text, said)) {
         shapeBalloon();
-    const bool moved = pose_ != pose;
-    if (!moved && !reshaped)
-        return;
+        updateShape();
+    }
     pose_ = pose;
-    if (moved)
-        drawFigure();
-    const QRect before = figureShape_.boundingRect();
+    paintFigure();
+}
+
+void Stage::paintFigure()
+{
+    if (!pose_)
+        return;
+    if (picture_.image().devicePixelRatio() != devicePixelRatioF())
+        resetPicture();
+    const QRegion changed = picture_.show(*pose_);
+    if (changed.isEmpty())
+        return;
+    shapeFigure(changed.boundingRect());
     updateShape();
-    if (embedded())
-        update(figurePlace());
-    else if (moved)
-        update(before | figureShape_.boundingRect()); // what is left out is masked
+    update(changed.translated(0, balloonHeight));
 }
 
 void Stage::onMute(std::function<void(bool)> handler)
@@ -134,6 +133,7 @@ void Stage::lookAround()
     composited_ = embedded() || toolkit::compositorRuns();
     figureShape_ = {};
     shapeBalloon();
+    shapeFigure(picture_.area());
     updateShape();
     follow();
 }
@@ -199,7 +199,7 @@ void Stage::joinBoxSoon()
 void Stage::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.drawImage(QPoint(0, balloonHeight), image_);
+    painter.drawImage(QPoint(0, balloonHeight), picture_.image());
 }
 
 // Some window managers put a window that appears late, or is clicked, above an open message box.
@@ -267,7 +267,7 @@ void Stage::showWithForm()
 
 void Stage::follow()
 {
-    if (!figure_)
+    if (left_)
         return;
     if (embedded()) {
         move(form_.width() - width(), form_.height() - height());
@@ -276,7 +276,7 @@ void Stage::follow()
     }
     const QRect available = form_.screen()->availableGeometry();
     const QRect frame = form_.frameGeometry();
-    resizeTo(scaleBeside(frame, figureArea(figure_->rig()).width(), available));
+    resizeTo(scaleBeside(frame, area_.width(), available));
     const QPoint place =
         offset_ ? keptOnScreen(frame.bottomRight() + *offset_ - QPoint(0, height() - 1), size(), available)
                 : besideForm(frame, size(), available);
@@ -298,41 +298,28 @@ void Stage::resizeTo(double scale)
     if (scale == scale_)
         return;
     scale_ = scale;
-    const QSize area = figureArea(figure_->rig()) * scale;
+    const QSize area = area_ * scale;
     setFixedSize(area.width(), balloonHeight + area.height());
     balloon_->setRoom(QRect(2, 2, width() - 4, balloonHeight - 2),
                       std::max(leastLetterPixels, static_cast<int>(letterPixels * scale)));
     placeMute();
-    figureShape_ = {};
+    resetPicture();
     shapeBalloon();
-    drawFigure();
-    updateShape();
+    paintFigure();
     update();
 }
 
-void Stage::drawFigure()
+void Stage::resetPicture()
 {
-    if (!figure_ || !pose_)
-        return;
-    const double ratio = devicePixelRatioF();
-    const QSize area = figurePlace().size();
-    const QSize pixels = (QSizeF(area) * ratio).toSize();
-    if (image_.size() != pixels) {
-        image_ = QImage(pixels, QImage::Format_ARGB32_Premultiplied);
-        image_.setDevicePixelRatio(ratio);
-    }
-    image_.fill(Qt::transparent);
-    QPainter painter(&image_);
-    painter.scale(scale_, scale_);
-    painter.translate(sideMargin, headroom);
-    figure_->paint(painter, *pose_, ratio * scale_);
+    figureShape_ = {};
+    const QTransform margins = QTransform::fromTranslate(sideMargin, headroom);
+    picture_.reset(area_ * scale_, margins * QTransform::fromScale(scale_, scale_), devicePixelRatioF());
 }
 
 void Stage::updateShape()
 {
-    if (embedded() || image_.isNull())
+    if (embedded())
         return;
-    shapeFigure();
     QRegion shape = figureShape_ + balloonShape_;
     shape += QRegion(mute_->geometry(), QRegion::Ellipse);
     if (shape != shape_) {
@@ -352,21 +339,17 @@ void Stage::shapeBalloon()
     balloonShape_ = QRegion(outline.united(grown.createStroke(outline)).toFillPolygon().toPolygon());
 }
 
-void Stage::shapeFigure()
+void Stage::shapeFigure(const QRect& changed)
 {
-    const auto placed = [](const QRegion& seen) { return seen.translated(0, balloonHeight); };
-    if (!composited_) {
-        figureShape_ = placed(exactSilhouette(image_));
+    if (embedded() || changed.isEmpty())
         return;
-    }
-    const QRegion seen = placed(roughSilhouette(image_));
-    if (!(seen - figureShape_).isEmpty())
-        figureShape_ = withRim(seen);
-}
-
-QRect Stage::figurePlace() const
-{
-    return rect().adjusted(0, balloonHeight, 0, 0);
+    const auto seen = [this](const QRect& area, auto silhouette) {
+        return silhouette(picture_.image(), area).translated(0, balloonHeight);
+    };
+    if (!composited_)
+        figureShape_ = figureShape_ - changed.translated(0, balloonHeight) + seen(changed, exactSilhouette);
+    else if (!(seen(changed, roughSilhouette) - figureShape_).isEmpty())
+        figureShape_ = withRim(seen(picture_.area(), roughSilhouette));
 }
 
 } // namespace stage

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "rig/figure.h"
 #include "rig/gaze.h"
+#include "rig/picture.h"
 
 #include <QAbstractButton>
 #include <QEvent>
-#include <QImage>
 #include <QPointer>
 #include <QRegion>
 #include <QWidget>
@@ -26,9 +25,6 @@ public:
     /// The form owns the stage; the figure must outlive it or be left alone by a last `leave`.
     Stage(QWidget& form, rig::Figure& figure);
     ~Stage() override;
-    Stage(const Stage&) = delete;
-    Stage& operator=(const Stage&) = delete;
-
     /// From now on the host is to be seen whenever the form is.
     void enter();
     /// Never to be seen or to paint again.
@@ -72,23 +68,25 @@ private:
     void placeMute();
     /// Gives the figure that share of its full size, and the balloon what then is its room.
     void resizeTo(double scale);
-    void drawFigure();
+    void resetPicture();
+    void paintFigure();
     void updateShape();
     void shapeBalloon();
-    void shapeFigure();
-    [[nodiscard]] QRect figurePlace() const;
+    /// `changed` is where the picture of the figure has changed.
+    void shapeFigure(const QRect& changed);
 
     QWidget& form_;
-    rig::Figure* figure_;
+    rig::Picture picture_; ///< the lower part of the stage, with the figure
+    const QSize area_;     ///< of the figure with the room it needs around it, at full size
     Balloon* balloon_;
     QPointer<QAbstractButton> mute_;
     std::function<void()> visibility_;
     std::function<void()> skip_;
     bool entered_ = false;
+    bool left_ = false; ///< for good
     bool composited_ = true;
     double scale_ = 0; ///< of the full size
     std::optional<rig::Pose> pose_;
-    QImage image_; ///< the lower part of the stage, with the figure as last painted
     QRegion shape_;
     QRegion balloonShape_;
     /// What of the stage belongs to the figure. While windows are blended it has some room around and is kept

@@ -21,15 +21,12 @@ class AlsaDevice final : public SoundDevice
 public:
     explicit AlsaDevice(snd_pcm_t* pcm) : pcm_(pcm) {}
     ~AlsaDevice() override { snd_pcm_close(pcm_); }
-    AlsaDevice(const AlsaDevice&) = delete;
-    AlsaDevice& operator=(const AlsaDevice&) = delete;
-
     bool write(std::span<const std::int16_t> samples) override
     {
         for (int failures = 0; !samples.empty();) {
             const snd_pcm_sframes_t written = snd_pcm_writei(pcm_, samples.data(), samples.size());
             if (written > 0)
-                samples = samples.subspan(static_cast<std::size_t>(written));
+                samples = samples.subspan(written);
             else if (++failures > mostFailures || snd_pcm_recover(pcm_, static_cast<int>(written), 1) < 0)
                 return false;
         }

@@ -1,6 +1,5 @@
 #include "voice/folded_text.h"
 
-#include <unicode/translit.h>
 #include <unicode/uchar.h>
 #include <unicode/uscript.h>
 
@@ -65,14 +64,12 @@ constexpr const char* soundRules = R"(
     :: NFD; [^a-z\\-] > ;
 )";
 
-using Transliterator = std::unique_ptr<icu::Transliterator>;
-
-Transliterator transliterator(const char* rules)
+std::unique_ptr<icu::Transliterator> transliterator(const char* rules)
 {
     UParseError place;
     UErrorCode status = U_ZERO_ERROR;
-    Transliterator made(icu::Transliterator::createFromRules(u"voice", icu::UnicodeString::fromUTF8(rules),
-                                                             UTRANS_FORWARD, place, status));
+    std::unique_ptr<icu::Transliterator> made(icu::Transliterator::createFromRules(
+        u"voice", icu::UnicodeString::fromUTF8(rules), UTRANS_FORWARD, place, status));
     if (U_FAILURE(status))
         throw std::runtime_error("a script has no rules");
     return made;
@@ -115,44 +112,33 @@ bool dropsLastVowel(UChar32 character)
 
 } // namespace
 
-class TextFolder::Rules
+std::string TextFolder::lettersOf(UChar32 character)
 {
-public:
-    std::string character(UChar32 character)
-    {
-        if (const int digit = u_charDigitValue(character); digit >= 0)
-            return std::to_string(digit);
-        if (u_isUWhiteSpace(character))
-            return " ";
-        icu::UnicodeString text(character);
-        if (!latin_)
-            latin_ = transliterator(":: Any-Latin; :: NFKD; :: Latin-ASCII; [:^ASCII:] > ;");
-        latin_->transliterate(text);
-        std::string result = written(text);
-        std::erase_if(result, [](char c) { return c == '#' || c == '$' || c < ' '; });
-        return result;
-    }
+    if (const int digit = u_charDigitValue(character); digit >= 0)
+        return std::to_string(digit);
+    if (u_isUWhiteSpace(character))
+        return " ";
+    icu::UnicodeString text(character);
+    if (!latin_)
+        latin_ = transliterator(":: Any-Latin; :: NFKD; :: Latin-ASCII; [:^ASCII:] > ;");
+    latin_->transliterate(text);
+    std::string result = written(text);
+    std::erase_if(result, [](char c) { return c == '#' || c == '$' || c < ' '; });
+    return result;
+}
 
-    std::string respelled(icu::UnicodeString word)
-    {
-        if (!sounds_)
-            sounds_ = transliterator(soundRules);
-        const bool consonant = u_charType(word.char32At(word.length() - 1)) == U_OTHER_LETTER;
-        const bool drops = consonant && word.countChar32() > 1 && dropsLastVowel(word.char32At(0));
-        sounds_->transliterate(word);
-        std::string result = written(word);
-        if (drops && result.ends_with("aa"))
-            result.resize(result.size() - 2);
-        return result.substr(0, longestForeign);
-    }
-
-private:
-    Transliterator latin_;
-    Transliterator sounds_;
-};
-
-TextFolder::TextFolder() : rules_(std::make_unique<Rules>()) {}
-TextFolder::~TextFolder() = default;
+std::string TextFolder::respelled(icu::UnicodeString word)
+{
+    if (!sounds_)
+        sounds_ = transliterator(soundRules);
+    const bool consonant = u_charType(word.char32At(word.length() - 1)) == U_OTHER_LETTER;
+    const bool drops = consonant && word.countChar32() > 1 && dropsLastVowel(word.char32At(0));
+    sounds_->transliterate(word);
+    std::string result = written(word);
+    if (drops && result.ends_with("aa"))
+        result.resize(result.size() - 2);
+    return result.substr(0, longestForeign);
+}
 
 FoldedText TextFolder::fold(const QString& text)
 {
@@ -172,9 +158,9 @@ FoldedText TextFolder::fold(const QString& text)
             while (next < characters.length() && isOfWord(characters.char32At(next)))
                 next = characters.moveIndex32(next, 1);
             folded.letters += foreignMark;
-            folded.letters += rules_->respelled(characters.tempSubStringBetween(i, next));
+            folded.letters += respelled(characters.tempSubStringBetween(i, next));
         } else {
-            folded.letters += rules_->character(character);
+            folded.letters += lettersOf(character);
         }
         i = next;
         folded.ends.resize(folded.letters.size(), i);

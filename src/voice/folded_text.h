@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <unicode/translit.h>
+
 #include <memory>
 #include <string>
 #include <string_view>
@@ -24,16 +26,16 @@ struct FoldedText
 class TextFolder
 {
 public:
-    TextFolder();
-    ~TextFolder();
-    TextFolder(const TextFolder&) = delete;
-    TextFolder& operator=(const TextFolder&) = delete;
-
     [[nodiscard]] FoldedText fold(const QString& text);
 
 private:
-    class Rules;
-    std::unique_ptr<Rules> rules_;
+    using Transliterator = std::unique_ptr<icu::Transliterator>;
+
+    [[nodiscard]] std::string lettersOf(UChar32 character);
+    [[nodiscard]] std::string respelled(icu::UnicodeString word);
+
+    Transliterator latin_;
+    Transliterator sounds_;
 };
 
 } // namespace voice

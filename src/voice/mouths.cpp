@@ -14,11 +14,11 @@ constexpr int changePercent = 55; ///< of a two-part vowel's time
 struct Phone
 {
     std::string_view name;
-    MouthShape first;
-    std::optional<MouthShape> second = std::nullopt;
+    mouth::Shape first;
+    std::optional<mouth::Shape> second = std::nullopt;
 };
 
-using enum MouthShape;
+using enum mouth::Shape;
 
 constexpr std::array rows = {
     Phone{"pau", Rest}, Phone{"m", M},     Phone{"b", M},       Phone{"p", M},     Phone{"f", F},
@@ -33,7 +33,7 @@ constexpr std::array rows = {
     Phone{"en", T},     Phone{"nx", T},    Phone{"dx", T},      Phone{"hv", E},    Phone{"axr", U},
 };
 
-bool mustShow(MouthShape shape)
+bool mustShow(mouth::Shape shape)
 {
     return shape == M || shape == F || shape == Rest;
 }
@@ -51,7 +51,7 @@ std::optional<SoundShapes> shapesOf(std::string_view segment)
 std::vector<MouthTime> mouthsOf(const std::vector<Segment>& segments)
 {
     std::vector<MouthTime> all;
-    const auto add = [&all](std::chrono::milliseconds start, MouthShape shape) {
+    const auto add = [&all](std::chrono::milliseconds start, mouth::Shape shape) {
         if (all.empty() || all.back().shape != shape)
             all.push_back({start, shape});
     };

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "mouth/shape.h"
+
 #include <chrono>
 #include <optional>
 #include <string_view>
 #include <vector>
 
 namespace voice {
-
-/// What the mouth shows while something is said; Rest is closed lips.
-enum class MouthShape { Rest, M, F, T, S, E, A, O, U };
 
 /// One sound of the voice; it begins where the one before ends.
 struct Segment
@@ -21,7 +20,7 @@ struct Segment
 struct MouthTime
 {
     std::chrono::milliseconds start{0};
-    MouthShape shape = MouthShape::Rest;
+    mouth::Shape shape = mouth::Shape::Rest;
 
     bool operator==(const MouthTime&) const = default;
 };
@@ -30,8 +29,8 @@ struct MouthTime
 /// known.
 struct SoundShapes
 {
-    MouthShape first = MouthShape::E;
-    std::optional<MouthShape> second;
+    mouth::Shape first = mouth::Shape::E;
+    std::optional<mouth::Shape> second;
 };
 [[nodiscard]] std::optional<SoundShapes> shapesOf(std::string_view segment);
 

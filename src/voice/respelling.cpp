@@ -1,6 +1,6 @@
 #include "voice/respelling.h"
 
-#include "respellings.h"
+#include "tables.h"
 
 #include <algorithm>
 #include <array>
@@ -60,17 +60,9 @@ const Sign* firstSign(std::string_view respelling)
 
 } // namespace
 
-std::unordered_map<std::string_view, std::string_view> respellings()
+WordTable respellings()
 {
-    std::unordered_map<std::string_view, std::string_view> all;
-    for (std::string_view rest = respellingTable; !rest.empty();) {
-        const std::string_view line = rest.substr(0, rest.find('\n'));
-        const std::size_t blank = line.find(' ');
-        if (blank != std::string_view::npos && line[0] != '#')
-            all.emplace(line.substr(0, blank), line.substr(blank + 1));
-        rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-    }
-    return all;
+    return wordTable(respellingTable);
 }
 
 std::string soundsOfRespelling(std::string_view respelling)
@@ -87,7 +79,7 @@ std::string soundsOfRespelling(std::string_view respelling)
             respelling.remove_prefix(sign->letters.size());
         }
     }
-    auto stress = std::find_if(sounds.begin() + static_cast<std::ptrdiff_t>(marked), sounds.end(), isVowel);
+    auto stress = std::find_if(sounds.begin() + marked, sounds.end(), isVowel);
     if (marked == 0)
         stress = std::ranges::find_if(sounds, isLong);
     if (stress == sounds.end() || (marked == 0 && stress + 1 == sounds.end()))

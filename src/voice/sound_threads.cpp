@@ -1,8 +1,12 @@
 #include "voice/sound_threads.h"
 
+#include "voice/text_reader.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
+
+#include <malloc.h>
 
 namespace voice {
 
@@ -144,7 +148,7 @@ private:
         std::vector<std::int16_t>& samples = text.made[text.piece].samples;
         const std::size_t count = std::min(chunk.size(), samples.size() - text.sample);
         if (!silent_)
-            std::copy_n(samples.begin() + static_cast<std::ptrdiff_t>(text.sample), count, chunk.begin());
+            std::copy_n(samples.begin() + text.sample, count, chunk.begin());
         text.sample += count;
         if (text.sample == samples.size()) {
             std::vector<std::int16_t>().swap(samples);
@@ -179,7 +183,7 @@ private:
     SoundState& state_;
     std::unique_lock<std::mutex> lock_;
     std::unique_ptr<SoundDevice> device_;
-    Speaker::Ticket ticket_ = 0;
+    Ticket ticket_ = 0;
     SteadyClock::time_point start_; ///< of the text, as all that follows
     bool silent_ = false;
     std::size_t written_ = 0;  ///< samples in all, which are
@@ -202,11 +206,16 @@ void makeSpeech(const std::shared_ptr<SoundState>& state)
     std::unique_ptr<TextReader> reader;
     std::unique_ptr<Synthesiser> synthesiser;
     for (;;) {
+        if (!state->due()) {
+            lock.unlock();
+            malloc_trim(0); // a piece of speech takes megabytes while it is made
+            lock.lock();
+        }
         state->changed.wait(lock, [&] { return state->ended || state->due(); });
         if (state->ended)
             return;
         SpokenText& text = state->text;
-        const Speaker::Ticket ticket = state->current;
+        const Ticket ticket = state->current;
         std::vector<SpokenPiece> pieces;
         if (text.cut)
             pieces.push_back(std::move(text.pieces[text.made.size()]));

@@ -1,13 +1,23 @@
 #pragma once
 
-#include "voice/speaker.h"
+#include "voice/sound_device.h"
+#include "voice/synthesiser.h"
+
+#include <QString>
 
 #include <atomic>
+#include <chrono>
 #include <condition_variable>
+#include <cstdint>
+#include <memory>
 #include <mutex>
 #include <optional>
+#include <vector>
 
 namespace voice {
+
+/// Stands for one text; there is none with the same number.
+using Ticket = std::uint64_t;
 
 /// A text on its way through both threads.
 struct SpokenText
@@ -41,7 +51,7 @@ struct SoundState
 
     std::mutex mutex;
     std::condition_variable changed;
-    std::atomic<Speaker::Ticket> current{0}; ///< of the text
+    std::atomic<Ticket> current{0}; ///< of the text
     SpokenText text;
     bool muted = false;
     bool ended = false;

@@ -43,9 +43,6 @@ public:
         state_->ended = true;
     }
 
-    ThreadedSpeaker(const ThreadedSpeaker&) = delete;
-    ThreadedSpeaker& operator=(const ThreadedSpeaker&) = delete;
-
     /// Nobody ever waits for the threads: a sound server may never answer.
     void startThreads()
     {

@@ -3,6 +3,8 @@
 #include "voice/sound_device.h"
 #include "voice/synthesiser.h"
 
+#include <QString>
+
 #include <chrono>
 #include <cstdint>
 #include <memory>

@@ -1,5 +1,9 @@
 #include "voice/spelling.h"
 
+#include "voice/word_table.h"
+
+#include "tables.h"
+
 #include <algorithm>
 #include <array>
 #include <span>
@@ -26,72 +30,15 @@ const Row* rowOf(std::span<const Row> among, std::string_view written)
     return found == among.end() ? nullptr : &*found;
 }
 
-/// In lower case. A full stop behind them ends no sentence,
-constexpr std::array abbreviations = {
-    Row{"approx", "approximately"},
-    Row{"dept", "department"},
-    Row{"dr", "doctor"},
-    Row{"govt", "government"},
-    Row{"hrs", "hours"},
-    Row{"jr", "junior"},
-    Row{"ltd", "limited"},
-    Row{"mr", "mister"},
-    Row{"mrs", "missus"},
-    Row{"ms", "miz"},
-    Row{"mt", "mount"},
-    Row{"prof", "professor"},
-    Row{"rs", "rupees"},
-    Row{"smt", "shreematee"},
-    Row{"sr", "senior"},
-    Row{"st", "saint"},
-    Row{"vs", "versus"},
-};
-/// they need one to be an abbreviation,
+/// Abbreviations that are one only before a full stop,
 constexpr std::array withStop = {
     Row{"capt", "captain"}, Row{"col", "colonel"},   Row{"fig", "figure"},
     Row{"gen", "general"},  Row{"lt", "lieutenant"}, Row{"v", "versus"},
 };
-/// or it may end a sentence as well.
+/// and those where it may end a sentence as well. In lower case.
 constexpr std::array shortForms = {Row{"etc", "et cetera"}, Row{"phd", "P H D"}, Row{"tv", "T V"},
                                    Row{"www", "W W W"}};
 
-/// Singular; with a blank, the first word changes in the plural.
-constexpr std::array units = {
-    Row{"%", "percent"},
-    Row{"km/h", "kilometre an hour"},
-    Row{"kmph", "kilometre an hour"},
-    Row{"km/s", "kilometre a second"},
-    Row{"m/s", "metre a second"},
-    Row{"mph", "mile an hour"},
-    Row{"km", "kilometre"},
-    Row{"m", "metre"},
-    Row{"cm", "centimetre"},
-    Row{"mm", "millimetre"},
-    Row{"kg", "kilogram"},
-    Row{"g", "gram"},
-    Row{"mg", "milligram"},
-    Row{"l", "litre"},
-    Row{"ml", "millilitre"},
-    Row{"ft", "foot"},
-    Row{"sq", "square"},
-    Row{"kW", "kilowatt"},
-    Row{"MW", "megawatt"},
-    Row{"GW", "gigawatt"},
-    Row{"Hz", "hertz"},
-    Row{"kHz", "kilohertz"},
-    Row{"MHz", "megahertz"},
-    Row{"GHz", "gigahertz"},
-    Row{"kB", "kilobyte"},
-    Row{"MB", "megabyte"},
-    Row{"GB", "gigabyte"},
-    Row{"TB", "terabyte"},
-    Row{"min", "minute"},
-    Row{"sec", "second"},
-    Row{"hr", "hour"},
-    Row{"cr", "crore"},
-    Row{"mn", "million"},
-    Row{"bn", "billion"},
-};
 constexpr auto withoutPlural = std::to_array<std::string_view>(
     {"percent", "square", "hertz", "kilohertz", "megahertz", "gigahertz", "crore", "million", "billion"});
 
@@ -130,23 +77,24 @@ int romanValue(std::string_view numeral)
 Abbreviation abbreviation(std::string_view word, bool stopped)
 {
     const std::string plain = lower(word);
-    const Row* row = rowOf(abbreviations, plain);
-    if (!row && stopped)
-        row = rowOf(withStop, plain);
-    if (row)
+    static const WordTable always = wordTable(abbreviationTable);
+    if (const auto found = always.find(plain); found != always.end())
+        return {found->second, true};
+    if (const Row* row = stopped ? rowOf(withStop, plain) : nullptr)
         return {row->said, true};
-    row = rowOf(shortForms, plain);
+    const Row* row = rowOf(shortForms, plain);
     return {row ? row->said : std::string_view(), false};
 }
 
 std::string unitOfMeasure(std::string_view unit, bool one)
 {
-    const Row* row = rowOf(units, unit);
-    if (!row || one || holds(withoutPlural, row->said))
-        return row ? std::string(row->said) : std::string();
-    if (row->said == "foot")
+    static const WordTable units = wordTable(unitTable);
+    const auto found = units.find(unit);
+    std::string said(found == units.end() ? std::string_view() : found->second);
+    if (said.empty() || one || holds(withoutPlural, said))
+        return said;
+    if (said == "foot")
         return "feet";
-    std::string said(row->said);
     return said.insert(std::min(said.find(' '), said.size()), "s");
 }
 

@@ -68,9 +68,8 @@ std::vector<SpokenPiece> spokenPieces(std::vector<SpokenWord> words)
     std::vector<SpokenPiece> pieces;
     for (std::size_t from = 0; from < words.size();) {
         const std::size_t count = cut(words, from, pieces.empty() ? longestFirst : longestPiece);
-        const auto first = words.begin() + static_cast<std::ptrdiff_t>(from);
-        pieces.push_back({{std::make_move_iterator(first),
-                           std::make_move_iterator(first + static_cast<std::ptrdiff_t>(count))}});
+        const auto first = words.begin() + from;
+        pieces.push_back({{std::make_move_iterator(first), std::make_move_iterator(first + count)}});
         from += count;
     }
     return pieces;

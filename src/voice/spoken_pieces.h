@@ -1,6 +1,6 @@
 #pragma once
 
-#include "voice/spoken_words.h"
+#include "voice/spoken_word.h"
 
 #include <string>
 #include <vector>

@@ -3,7 +3,7 @@
 #include "voice/folded_text.h"
 #include "voice/number_speller.h"
 #include "voice/spelling.h"
-#include "voice/spoken_words.h"
+#include "voice/spoken_word.h"
 
 #include <QRegularExpression>
 
@@ -42,7 +42,7 @@ struct Patterns
 class Scanner
 {
 public:
-    Scanner(const FoldedText& folded, const Patterns& patterns, const NumberSpeller& numbers)
+    Scanner(const FoldedText& folded, const Patterns& patterns, NumberSpeller& numbers)
         : folded_(folded),
           text_(folded.letters),
           line_(QString::fromLatin1(folded.letters)),
@@ -71,7 +71,7 @@ private:
     bool matches(const QRegularExpression& pattern, std::size_t place);
 
     [[nodiscard]] std::string part(int index) const { return match_.captured(index).toStdString(); }
-    [[nodiscard]] std::size_t matchEnd() const { return static_cast<std::size_t>(match_.capturedEnd()); }
+    [[nodiscard]] std::size_t matchEnd() const { return match_.capturedEnd(); }
 
     /// Says `said`, which may be several words, for what ends before `end`.
     void say(std::string_view said, std::size_t end);
@@ -166,7 +166,7 @@ private:
     std::string_view text_;
     QString line_; ///< the same, for the patterns
     const Patterns& patterns_;
-    const NumberSpeller& numbers_;
+    NumberSpeller& numbers_;
     QRegularExpressionMatch match_;
     std::size_t position_ = 0;
     std::size_t shoutEnd_ = 0;

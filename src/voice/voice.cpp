@@ -28,12 +28,12 @@ const Entry* entryAt(const std::vector<Entry>& entries, Milliseconds time)
 /// The times of a text that is read silently, with a mouth that moves along.
 SpeechTimes readingTimes(const QString& text)
 {
-    constexpr std::array shapes = {MouthShape::E, MouthShape::A, MouthShape::T,
-                                   MouthShape::O, MouthShape::E, MouthShape::M};
+    using enum mouth::Shape;
+    constexpr std::array shapes = {E, A, T, O, E, M};
     SpeechTimes times;
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (text[i].isSpace()) {
-            times.mouths.push_back({readingPace(i), MouthShape::Rest});
+            times.mouths.push_back({readingPace(i), Rest});
             continue;
         }
         if (i == 0 || text[i - 1].isSpace())
@@ -80,7 +80,7 @@ Moment Voice::at(Milliseconds now)
     if (course_ == Course::None || course_ == Course::Coming)
         return {};
     if (course_ == Course::Over)
-        return {begun_, over_, text_.size(), MouthShape::Rest};
+        return {begun_, over_, text_.size(), mouth::Shape::Rest};
     Moment moment;
     moment.begun = begun_;
     if (const WordTime* word = entryAt(times_.words, time_ + lead))

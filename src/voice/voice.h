@@ -15,7 +15,7 @@ struct Moment
     std::optional<std::chrono::milliseconds> begun; ///< when the first word was
     std::optional<std::chrono::milliseconds> over;  ///< when the last word was
     qsizetype said = 0; ///< characters of the text, with those of the word being said
-    MouthShape mouth = MouthShape::Rest;
+    mouth::Shape mouth = mouth::Shape::Rest;
 };
 
 /// Says one text at a time for one host. What is heard sets the pace; where nothing can be heard the text

@@ -36,6 +36,7 @@ TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
          " 0:60 1000:idle 6000:- 6100:gesture 7200:- 7500:idle"},
         {0ms, 1h, "60 Greet 11 +1000 / +300 / +1000 / / +500", // not the gesture
          " 0:60 1000:- 1100:gesture 1900:- 2000:11 2300:idle"},
+        {0ms, 0ms, "5 4 @1600 / +500", " 1600:idle"}, // the second, which has begun by then
         {0ms, 0ms, "Greet 60 Greet 60 Greet @9000 +3000 60 think 60 @3600000 +100", // catches up
          " 9000:60 10000:- 10100:gesture 10900:- 11200:idle"},
     };
@@ -76,6 +77,22 @@ TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
         EXPECT_TRUE(player.idle(now));
         EXPECT_FALSE(speaker.speaking);
     }
+}
+
+TEST(Player, KeepsStillButForThePoseOfEachGesture)
+{
+    const rig::Rig rig = sample::rig();
+    voice::Voice voice(nullptr);
+    Player player(rig, voice, middle, 0ms);
+    player.keepStill(true);
+    player.play("Greet", 1s);
+    for (const Milliseconds now : {1000ms, 1500ms, 1990ms})
+        EXPECT_EQ(player.frame(now).pose, rig::poseAt(rig, {rig.gesture("Greet"), rig.rest}, 500));
+    player.speak("Well", 2s);
+    for (const Milliseconds now : {2000ms, 2150ms, 4000ms})
+        EXPECT_EQ(player.frame(now).pose, rig.rest);
+    player.keepStill(false);
+    EXPECT_NE(player.frame(5s).pose, rig.rest);
 }
 
 TEST(Player, GivesEveryTextItsReadingTime)

@@ -3,7 +3,6 @@
 #include "support/sample.h"
 
 #include <QFile>
-#include <QPainter>
 
 #include <gtest/gtest.h>
 
@@ -60,7 +59,8 @@ const Hostile table[]{
     {"M28 22", "M28 inf|l28 22|28 22|L28 22|M28 22 C1|M28 22 Z 1 1 M1 1", 23, "is no part of an outline"},
     {"M28 22", times(8001, "1 "), 23, "the outlines are too long"},
     {"<defs>", times(300, "<rect width='40' height='44'/>"), 21, "takes too long to paint"},
-    {"M28 22", "M0 0 L" + times(150, "0 0 40 44 ") + "L28 22", 23, "takes too long to paint"},
+    {"M28 22", "M0 0 L" + times(150, "0 0 40 44 ") + "|M0 0 C" + times(150, "0 0 40 44 0 0 ") + "M1 1", 23,
+     "takes too long to paint"},
     {"<path d='M28 22",
      "<g stroke='#000'><path/></g><path stroke='#fff' stroke-width='40' d='M1 1" + times(40, " 28 22 1 9"),
      23, "takes too long to paint"},
@@ -91,8 +91,6 @@ const Hostile table[]{
     {"'think'", "'Think'", 19, "the gesture 'Think' is there twice"},
     {"same='Greet'", "same='x'", 19, "there is no gesture 'x' before this one"},
     {"name='think'", "name='th/ink'", 19, "is no name for a gesture"},
-    {"<h:blink bone='arm'", "<h:look bone='leg' x='1' y='1'/><h:blink bone='arm'", 12,
-     "there is no bone 'leg'"},
     {"'Greet'/>", "'Greet'><h:track>", 19, "the element 'track' does not belong here"},
     {"ms='1000'", "ms='49'|ms='30001'", 14, "the length must be 50 to 30000"},
     {"600 90;", "200 90;|1001 90;", 15, "the keys must rise in time within the gesture"},
@@ -106,12 +104,31 @@ const Hostile table[]{
                    "</h:gesture>"),
      20, "20000 in all"},
     {"100 open", "100 paw", 16, "'paw' is not drawn in this slot"},
-    {"layer='arm' keys", "layer='leg' keys", 17, "there is no layer 'leg'"},
     {"</h:gesture>", times(198, "<h:track bone='arm' ch='x' keys='0 1'/>"), 18, "more than 200 tracks"},
     {"</h:character>", times(78, "<h:gesture name='g%' same='Greet'/>"), 20, "more than 100 gestures"},
 };
 
 } // namespace
+
+TEST(CharacterFile, IsTakenUpToItsLimits)
+{
+    const std::pair<const char*, QByteArray> table[]{
+        {"r='4'", "r='4' x='10000' y='-10000'|r='4' opacity='0'|r='4' opacity='1'|r='4' stroke-width='40'"},
+        {"r='4'", "r='4' fill='none'|r='4' stroke='#0aF'|r='4' transform='translate(1) rotate(5)'"},
+        {"200 220", "400 50|50 400"},
+        {"ms='4000'", "ms='100'|ms='10000'"},
+        {"ms='1000'", "ms='30000'"},
+        {"1000 * lin", "1000 30000 back"},
+        {"<h:rest bone", times(62, "<h:bone id='b%' at='1 1'/>") + "<h:rest bone"},
+        {"</h:character>", times(77, "<h:gesture name='g%' same='Greet'/>") + "</h:character>"},
+        {"<g id='body'>",
+         "<g id='body' transform='rotate(45)'>" + times(20, "<rect width='40' height='0.1'/>")},
+    }; // the last would cost too much if it lay level
+    for (const auto& [find, replacements] : table)
+        for (const QByteArray& replacement : replacements.split('|'))
+            EXPECT_EQ(verdict(sample::character().replace(find, replacement)), "fine")
+                << replacement.left(99).data();
+}
 
 TEST(CharacterFile, NamesTheFirstDefectAndItsLine)
 {
@@ -144,10 +161,9 @@ TEST(CharacterFile, SurvivesDamageAtAnyPlace)
     }
 }
 
-TEST(Genie, MovesInAnotherWayForEveryNameAndWavesBesideTheHead)
+TEST(Genie, MovesInAnotherWayForEveryNameAndNeverTooFast)
 {
-    Figure figure(readCharacterFile(QString(GENIE)), {});
-    const Rig& rig = figure.rig();
+    const Rig rig = readCharacterFile(QString(GENIE)).rig;
     std::vector<Pose> seen{rig.rest};
     for (const Gesture& gesture : rig.gestures) {
         const Motion motion{&gesture, rig.rest};
@@ -166,16 +182,4 @@ TEST(Genie, MovesInAnotherWayForEveryNameAndWavesBesideTheHead)
             EXPECT_LT(fastest, 60) << gesture.name.toStdString();
         }
     }
-
-    const auto meanAlpha = [&](const Pose& pose, const QRect& area) {
-        QImage image(rig.size.toSize(), QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        QPainter painter(&image);
-        figure.paint(painter, pose, 1);
-        return qAlpha(image.copy(area).scaled(1, 1, {}, Qt::SmoothTransformation).pixel(0, 0));
-    };
-    const QRect besideHead(155, 20, 44, 70);
-    EXPECT_EQ(meanAlpha(rig.rest, besideHead), 0);
-    EXPECT_GT(meanAlpha(poseAt(rig, {rig.gesture("Greet"), rig.rest}, 560), besideHead), 25);
-    EXPECT_GT(meanAlpha(rig.rest, QRect(80, 110, 40, 40)), 240);
 }

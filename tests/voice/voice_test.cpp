@@ -10,7 +10,7 @@ using Milliseconds = std::chrono::milliseconds;
 namespace {
 
 /// A second of speech, half for each of two words.
-const SpeechTimes twoWords{{{0ms, 3}, {500ms, 7}}, {{0ms, MouthShape::A}, {500ms, MouthShape::O}}, 1s};
+const SpeechTimes twoWords{{{0ms, 3}, {500ms, 7}}, {{0ms, mouth::Shape::A}, {500ms, mouth::Shape::O}}, 1s};
 
 } // namespace
 
@@ -59,7 +59,7 @@ TEST(Voice, KeepsTimeWithEveryKindOfSound)
         EXPECT_EQ(seen[1], row.second) << row.sound;
         EXPECT_EQ(seen[2], row.last) << row.sound;
         EXPECT_NEAR(static_cast<double>((moment.begun.value() - row.first).count()), 0, 10) << row.sound;
-        EXPECT_EQ(moment.mouth, MouthShape::Rest);
+        EXPECT_EQ(moment.mouth, mouth::Shape::Rest);
     }
 }
 
@@ -69,12 +69,12 @@ TEST(Voice, MovesTheLipsAheadAndCatchesUpInSilence)
     speaker.speech = twoWords;
     Voice voice(&speaker);
     voice.say("One two", 0ms);
-    for (const auto& [now, shape] : {std::pair(455ms, MouthShape::A), std::pair(465ms, MouthShape::O)}) {
+    for (const auto& [now, shape] : {std::pair(455ms, mouth::Shape::A), std::pair(465ms, mouth::Shape::O)}) {
         speaker.now = now;
         EXPECT_EQ(voice.at(now).mouth, shape);
     }
     voice.hush();
-    EXPECT_EQ(voice.at(465ms).mouth, MouthShape::Rest);
+    EXPECT_EQ(voice.at(465ms).mouth, mouth::Shape::Rest);
     EXPECT_FALSE(speaker.speaking);
     voice.say("One two", 1s);
     EXPECT_EQ(voice.at(60s).over, 1467ms); // read by then

@@ -1,6 +1,7 @@
 #include "sheet.h"
 
 #include "rig/motion.h"
+#include "rig/picture.h"
 
 #include <QPainter>
 
@@ -10,6 +11,17 @@ constexpr int sideMargin = 36; ///< for spread arms
 constexpr int topMargin = 8;
 const QColor background(0x5a, 0x4a, 0x8a);
 const QColor line(0x3c, 0x2f, 0x66);
+
+/// Paints the figure `zoom` times its size, moved by `margin`, into a cell of a sheet.
+void paintCell(QImage& sheet, const QRect& cell, rig::Figure& figure, const rig::Pose& pose,
+               const QPointF& margin, double zoom)
+{
+    rig::Picture picture(figure);
+    picture.reset(cell.size() * zoom,
+                  QTransform::fromTranslate(margin.x(), margin.y()) * QTransform::fromScale(zoom, zoom), 1);
+    picture.show(pose);
+    QPainter(&sheet).drawImage(QPointF(cell.topLeft()) * zoom, picture.image());
+}
 
 /// An empty sheet of equal cells, ruled, with a painter that counts in logical pixels.
 class Sheet
@@ -32,11 +44,8 @@ public:
 
     void paint(rig::Figure& figure, const rig::Pose& pose, int column, int row)
     {
-        QPainter painter(&image_);
-        painter.scale(zoom_, zoom_);
-        painter.translate(column * cell_.width() + sideMargin, row * cell_.height() + topMargin);
-        painter.setClipRect(QRect(QPoint(-sideMargin, -topMargin), cell_));
-        figure.paint(painter, pose, zoom_);
+        const QRect cell(QPoint(column * cell_.width(), row * cell_.height()), cell_);
+        paintCell(image_, cell, figure, pose, {sideMargin, topMargin}, zoom_);
     }
 
     [[nodiscard]] const QImage& image() const { return image_; }
@@ -72,18 +81,14 @@ QImage drawMouths(rig::Figure& figure)
     const rig::Rig& rig = figure.rig();
     const QSize face(rig.size.toSize().width() * 3 / 5, rig.size.toSize().height() / 2);
     const QSize cell = face * zoom;
-    const int rows = (static_cast<int>(rig::mouthShapeCount) + columns - 1) / columns;
+    const int rows = (static_cast<int>(mouth::shapeCount) + columns - 1) / columns;
     QImage sheet(cell.width() * columns, cell.height() * rows, QImage::Format_ARGB32_Premultiplied);
     sheet.fill(background);
-    for (int i = 0; i < static_cast<int>(rig::mouthShapeCount); ++i) {
+    for (int i = 0; i < static_cast<int>(mouth::shapeCount); ++i) {
         rig::Pose pose = rig.rest;
-        rig::shapeMouth(rig, pose, static_cast<rig::MouthShape>(i));
-        QPainter painter(&sheet);
-        painter.setClipRect(QRect(QPoint(i % columns * cell.width(), i / columns * cell.height()), cell));
-        painter.translate(painter.clipBoundingRect().topLeft());
-        painter.scale(zoom, zoom);
-        painter.translate((face.width() - rig.size.width()) / 2, 0);
-        figure.paint(painter, pose, zoom);
+        rig::shapeMouth(rig, pose, static_cast<mouth::Shape>(i));
+        const QRect place(QPoint(i % columns * face.width(), i / columns * face.height()), face);
+        paintCell(sheet, place, figure, pose, {(face.width() - rig.size.width()) / 2, 0}, zoom);
     }
     return sheet;
 }

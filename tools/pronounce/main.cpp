@@ -3,7 +3,7 @@
 #include "voice/flite_synthesiser.h"
 #include "voice/respelling.h"
 #include "voice/spelling.h"
-#include "voice/spoken_words.h"
+#include "voice/text_reader.h"
 
 #include <CLI/CLI.hpp>
 

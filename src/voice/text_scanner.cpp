@@ -1,7 +1,6 @@
-#include "voice/spoken_words.h"
+#include "voice/text_scanner.h"
 
 #include "voice/respelling.h"
-#include "voice/text_scanner.h"
 
 #include <utility>
 
@@ -37,7 +36,7 @@ void Scanner::step(char c)
 bool Scanner::matches(const QRegularExpression& pattern, std::size_t place)
 {
     // Without the second option each match takes a look at the whole text.
-    match_ = pattern.match(line_, static_cast<qsizetype>(place), QRegularExpression::NormalMatch,
+    match_ = pattern.match(line_, place, QRegularExpression::NormalMatch,
                            QRegularExpression::AnchorAtOffsetMatchOption |
                                QRegularExpression::DontCheckSubjectStringMatchOption);
     return match_.hasMatch();
@@ -234,25 +233,6 @@ Pause Scanner::pauseOf(char c)
     default:
         return Pause::None;
     }
-}
-
-struct TextReader::Knowledge
-{
-    TextFolder folder;
-    NumberSpeller numbers;
-    Patterns patterns;
-};
-
-TextReader::TextReader() : knowledge_(std::make_unique<Knowledge>()) {}
-TextReader::~TextReader() = default;
-
-std::vector<SpokenWord> TextReader::words(const QString& text)
-{
-    const FoldedText folded = knowledge_->folder.fold(text);
-    std::vector<SpokenWord> words = Scanner(folded, knowledge_->patterns, knowledge_->numbers).run();
-    if (!words.empty())
-        words.back().end = text.size();
-    return words;
 }
 
 } // namespace voice
