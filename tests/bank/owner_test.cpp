@@ -184,7 +184,8 @@ TEST_F(Owner, CountsPlays)
            "  words                       5          1          4       75 %\n");
     expect("stats bank.orv", 0,
            "\n  number level  plays  right  question\n       4     1      4   75 %  2 one?\n");
-    expect("stats bank.orv --from none.csv", 1, "none.csv cannot be read");
+    write("bad.csv", "question,A,B,C,D,right,level\nWho?,a,b,c,,A,1\n");
+    expect("stats bank.orv --from bad.csv", 1, "bad.csv:2:12: option D is missing, four are needed\n");
     exec("update questions set a = 2000000000000000000, b = 2000000000000000000; update questions set a = 1, "
          "b = 1, c = 4 where question_id = 5; update questions set a = 1, b = question_id / 2 where "
          "question_id in (6, 8)");

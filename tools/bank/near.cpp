@@ -39,23 +39,27 @@ struct Sketch
     std::vector<std::uint64_t> trigrams;
 };
 
+bool holdsNumber(const QString& text)
+{
+    return std::ranges::any_of(text, [](QChar c) { return c.isNumber(); });
+}
+
 void addWords(Sketch& sketch, const QString& text)
 {
     // A word, with the + and # of some, or a sign that may stand in a calculation.
     static const QRegularExpression part(
         R"(([\p{L}\p{N}\p{M}\x{10000}-\x{10ffff}]+[\p{L}\p{N}\p{M}+#\x{10000}-\x{10ffff}]*)|[\p{Sm}*/^%-])");
-    static const QRegularExpression digit(R"(\p{N})");
     static const QRegularExpression apostrophe("['\u2019]");
     const QString plain = searchable(text).remove(apostrophe);
     // Elsewhere a dash joins or parts words.
-    const bool isArithmetic = plain.contains(digit);
+    const bool isArithmetic = holdsNumber(plain);
     sketch.words = " ";
     for (auto found = part.globalMatch(plain); found.hasNext();) {
         const auto match = found.next();
         const QString word = match.captured(1);
         if (word.isEmpty() && isArithmetic)
             sketch.numbers += match.captured();
-        if (word.contains(digit))
+        if (holdsNumber(word))
             sketch.numbers += word + u' ';
         if (!word.isEmpty() && !littleWords().contains(word))
             sketch.words += word + u' ';
