@@ -103,12 +103,6 @@ void Player::win()
     desk->untilFocus("orv", "cmdok");
 }
 
-void Player::next()
-{
-    desk->click("orv", "cmdok");
-    untilQuestion();
-}
-
 int Player::choices() const
 {
     return std::stoi(bank.value("select sum(a + b + c + d - 4) from questions"));

@@ -35,8 +35,6 @@ protected:
     ShownWindow choose(int k);
     /// Locks the right answer and waits for the prize to be announced.
     void win();
-    /// From won question to next question.
-    void next();
 
     [[nodiscard]] QString says() { return desk->look().control("orv", "question").text; }
     /// Counted in the whole bank, beyond the tallies that it started with.
