@@ -43,6 +43,7 @@ Stage::Stage(QWidget& form, rig::Figure& figure)
       area_(figure.rig().size.toSize() + QSize(2 * sideMargin, headroom + footroom))
 {
     setObjectName("host");
+    setAccessibleName("Host");
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
     setFocusPolicy(Qt::NoFocus);

@@ -164,7 +164,7 @@ private:
     }
 };
 
-QAccessibleInterface* describe(const QString&, QObject* object)
+QAccessibleInterface* describe(const QString& className, QObject* object)
 {
     auto* const widget = qobject_cast<QWidget*>(object);
     if (!widget)
@@ -178,6 +178,8 @@ QAccessibleInterface* describe(const QString&, QObject* object)
         return new QAccessibleWidget(widget, QAccessible::Notification);
     if (isDecoration(widget) || widget->objectName() == "qt_scrollarea_viewport")
         return new HiddenAccess(widget);
+    if (className == "QWidget" && widget->isWindow())
+        return new QAccessibleWidget(widget, QAccessible::Window);
     return nullptr;
 }
 
