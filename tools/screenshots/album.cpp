@@ -101,6 +101,8 @@ QImage Album::atRest(desk::Desk& desk)
         std::this_thread::sleep_for(std::chrono::milliseconds(40));
         const QImage former = std::exchange(picture, seen(desk));
         rests = sameLook(former, picture) ? rests + 1 : 0;
+        if (rests == 1)
+            desk.display->moveMouse({}); // or a tool tip might come
     }
     return picture;
 }

@@ -52,8 +52,10 @@ public:
                     [](const Scene& scene) { return !scene.control("userselect", "Timer1").enabled; });
         album_.take(desk_, "welcome");
         desk_.click("userselect", "contestant");
+        desk_.untilOnly("mainscreen");
         album_.take(desk_, "title");
         desk_.click("mainscreen", "Command1");
+        desk_.untilOnly("rules");
         album_.take(desk_, "rules");
         desk_.click("rules", "startplay");
         untilHeSpeaks();
