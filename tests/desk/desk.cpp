@@ -34,13 +34,8 @@ bool holdsInTime(const Condition& condition)
 
 Desk::Desk(const DeskSettings& settings) : settings_(settings)
 {
-    const QString size = QString("%1x%2x24").arg(settings.screen.width()).arg(settings.screen.height());
-    server_ = std::make_unique<Process>(
-        "Xvfb", QStringList{"-displayfd", "1", "-screen", "0", size, "-nolisten", "tcp", "-noreset"},
-        environment());
-    while (!server_->canReadLine() && server_->waitForReadyRead()) {
-    }
-    displayName_ = ":" + server_->readLine().trimmed();
+    server_ = std::make_unique<Server>(settings.screen, environment());
+    displayName_ = server_->name();
     display = std::make_unique<Display>(displayName_);
     manager_ = std::make_unique<Process>(settings.manager, QStringList(), environment());
     if (!holdsInTime([this] { return display->isManaged(); }))

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "process.h"
 #include "scene.h"
+
+#include "display/process.h"
 
 #include <QLocalSocket>
 #include <QTemporaryDir>
@@ -70,7 +71,7 @@ private:
     QTemporaryDir room_; ///< sockets and notes; nothing of the program's
     DeskSettings settings_;
     QByteArray displayName_;
-    std::unique_ptr<Process> server_;
+    std::unique_ptr<Server> server_;
     std::unique_ptr<Process> manager_;
     std::unique_ptr<Process> program_;
     QLocalSocket inspector_;

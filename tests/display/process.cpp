@@ -1,4 +1,6 @@
-#include "process.h"
+#include "display/process.h"
+
+#include <QSize>
 
 #include <csignal>
 #include <stdexcept>
@@ -26,14 +28,29 @@ Process::Process(const QString& program, const QStringList& arguments, const QPr
 
 Process::~Process()
 {
-    ::kill(static_cast<pid_t>(-group_), SIGKILL);
-    waitForFinished();
+    // An X server that is not asked to end leaves its lock behind.
+    constexpr int patienceMs = 2000;
+    for (const int signal : {SIGTERM, SIGKILL}) {
+        ::kill(static_cast<pid_t>(-group_), signal);
+        waitForFinished(patienceMs);
+    }
 }
 
 QByteArray Process::printed()
 {
     waitForReadyRead(10); // without an event loop nothing else reads the pipes
     return readAllStandardOutput() + readAllStandardError();
+}
+
+Server::Server(QSize screen, const QProcessEnvironment& environment)
+    : Process("Xvfb",
+              {"-displayfd", "1", "-screen", "0",
+               QString("%1x%2x24").arg(screen.width()).arg(screen.height()), "-nolisten", "tcp", "-noreset"},
+              environment)
+{
+    while (!canReadLine() && waitForReadyRead()) {
+    }
+    name_ = ":" + readLine().trimmed();
 }
 
 } // namespace desk

@@ -20,4 +20,17 @@ private:
     qint64 group_ = 0;
 };
 
+/// An X server with one screen of so many pixels.
+class Server : public Process
+{
+public:
+    Server(QSize screen, const QProcessEnvironment& environment);
+
+    /// As DISPLAY names it.
+    [[nodiscard]] QByteArray name() const { return name_; }
+
+private:
+    QByteArray name_;
+};
+
 } // namespace desk
