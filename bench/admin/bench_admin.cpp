@@ -1,7 +1,8 @@
-// Prints what the question editor costs on a small bank and on one of a million questions: opening it, the
-// moves, and a save with the durable write that belongs to it. Each line ends with the ratio of the two.
+// Prints what the question editor costs on a bank of a million questions beside a small one: opening it, the
+// moves, and a save with the durable write that belongs to it.
 
 #include "admin/add_questions.h"
+#include "bench/figure.h"
 #include "bench/measure.h"
 #include "toolkit/desktop.h"
 #include "toolkit/desktop_services.h"
@@ -10,6 +11,7 @@
 #include <QApplication>
 #include <QDir>
 
+#include <algorithm>
 #include <cstdio>
 #include <map>
 
@@ -41,8 +43,8 @@ public:
     float next() override { return 0; }
 };
 
-/// The median times in milliseconds by what was done.
-std::map<std::string, double> measure(toolkit::Services services, const QString& bank)
+/// The times in milliseconds by what was done.
+std::map<std::string, std::vector<double>> measure(toolkit::Services services, const QString& bank)
 {
     QDir::setCurrent(QFileInfo(bank).path());
     QFile::remove("orv.orv");
@@ -73,11 +75,7 @@ std::map<std::string, double> measure(toolkit::Services services, const QString&
         services.screens.close("addquestions");
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    std::map<std::string, double> medians;
-    for (const auto& [what, values] : times)
-        medians[what] = median(values);
-    medians["memory, MiB"] = residentMebibytes();
-    return medians;
+    return times;
 }
 
 } // namespace
@@ -98,10 +96,15 @@ int main(int argc, char** argv)
 
     const QTemporaryDir directory;
     const auto small = measure(services, makeBank(directory.filePath("few"), few));
+    const double memory = residentMebibytes();
     const auto large = measure(services, makeBank(directory.filePath("many"), many));
-    std::printf("%-12s %12s %12s %8s   (ms, the median of %d)\n", "", "300", "1,000,000", "ratio", rounds);
-    for (const auto& [what, value] : small)
-        std::printf("%-12s %12.2f %12.2f %8.2f\n", what.c_str(), value, large.at(what),
-                    large.at(what) / value);
+    printHeading("bench_admin");
+    double slowest = 0;
+    for (const auto& [what, values] : large) {
+        print({"question editor on 1,000,000, against 300: " + what, values, "ms", small.at(what), 1.5});
+        slowest = std::max(slowest, median(values));
+    }
+    print({"its slowest step on 1,000,000", {slowest}, "ms", {}, 50});
+    print({"its memory on 1,000,000, against 300", {residentMebibytes()}, "MiB", {memory}, 1.2});
     return 0;
 }

@@ -1,6 +1,7 @@
-// Prints what drawing, reading and walking questions cost on a small bank and on one of a million
-// questions. The bound of the draw is a ratio to a floor that is measured in the same run.
+// Prints what drawing a question from a million costs beside one pass over the ids of its level, and what
+// reading one costs beside reading it from a small bank.
 
+#include "bench/figure.h"
 #include "bench/measure.h"
 #include "db/recordset.h"
 
@@ -9,12 +10,7 @@
 #include <SQLiteCpp/Database.h>
 #include <sqlite3.h>
 
-#include <algorithm>
-#include <chrono>
-#include <cstdio>
-#include <fstream>
-#include <functional>
-#include <string>
+#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -55,12 +51,11 @@ qint64 draw(db::Connection& connection, double share)
     return rows.number("question_id") == id ? count : -1;
 }
 
-void compareDraw(const char* name, const QString& path)
+void compareDraw(const char* what, const QString& path)
 {
     db::Connection connection;
     connection.Open(path);
     SQLite::Database engine(path.toStdString(), SQLite::OPEN_READONLY);
-    std::vector<double> ratios;
     std::vector<double> floors;
     std::vector<double> draws;
     for (const double share : {0.02, 0.5, 0.98, 0.25, 0.75, 0.1, 0.9, 0.4, 0.6}) {
@@ -68,10 +63,10 @@ void compareDraw(const char* name, const QString& path)
         qint64 drawn = 0;
         floors.push_back(milliseconds([&] { rows = floorPass(engine.getHandle()); }));
         draws.push_back(milliseconds([&] { drawn = draw(connection, share); }));
-        ratios.push_back(rows == drawn ? draws.back() / floors.back() : -1);
+        if (rows != drawn)
+            throw std::runtime_error("what was drawn is not the row that was meant");
     }
-    std::printf("draw, %-16s floor %7.1f ms   draw %7.1f ms   ratio %.2f\n", name, median(floors),
-                median(draws), median(ratios));
+    print({what, draws, "ms", floors, 3});
 }
 
 double readOneRow(const QString& path)
@@ -98,53 +93,7 @@ void compareReading(const QString& small, const QString& large)
         smalls.push_back(readOneRow(small));
         larges.push_back(readOneRow(large));
     }
-    std::printf("read a row       300: %5.1f us   1,000,000: %5.1f us   ratio %.2f\n", median(smalls),
-                median(larges), median(larges) / median(smalls));
-}
-
-void printMoves(const char* name, const QString& path)
-{
-    db::Connection connection;
-    db::Recordset rows;
-    const double opening = milliseconds([&] {
-        connection.Open(path);
-        rows.Open(db::statements::allQuestions(), connection, db::Lock::Optimistic);
-    });
-    std::printf("walk, %-10s open %.2f ms", name, opening);
-    const std::pair<const char*, void (db::Recordset::*)()> moves[] = {
-        {"first", &db::Recordset::MoveFirst},
-        {"next", &db::Recordset::MoveNext},
-        {"last", &db::Recordset::MoveLast},
-        {"previous", &db::Recordset::MovePrevious}};
-    for (const auto& [move, method] : moves) {
-        std::printf("   %s %.2f ms", move, milliseconds([&, method = method] {
-                        (rows.*method)();
-                        (void)rows.text("question");
-                    }));
-    }
-    std::printf("\n");
-}
-
-long kilobytes(const std::string& entry)
-{
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);)
-        if (line.starts_with(entry))
-            return std::stol(line.substr(entry.size()));
-    return 0;
-}
-
-void printMemory(const char* name, const QString& path)
-{
-    std::ofstream("/proc/self/clear_refs") << "5"; // the peak starts anew
-    const long before = kilobytes("VmRSS:");
-    db::Connection connection;
-    connection.Open(path);
-    db::Recordset rows;
-    rows.Open(db::statements::allQuestions(), connection, db::Lock::Optimistic);
-    for (int i = 0; i < 1000 && !rows.Eof(); ++i, rows.MoveNext())
-        (void)rows.text("question");
-    std::printf("memory, %-10s 1000 rows walked: peak growth %ld kB\n", name, kilobytes("VmHWM:") - before);
+    print({"reading a question of 1,000,000, against one of 300", larges, "us", smalls, 1.5});
 }
 
 } // namespace
@@ -154,12 +103,9 @@ int main()
     const QTemporaryDir directory;
     const QString small = makeBank(directory.filePath("small.orv"), few);
     const QString large = makeBank(directory.filePath("large.orv"), many);
-    printMemory("300", small);
-    printMemory("1,000,000", large);
-    printMoves("300", small);
-    printMoves("1,000,000", large);
+    printHeading("bench_db");
+    compareDraw("drawing from 1,000,000, against one walk over their ids", large);
+    compareDraw("the same without an index on Level", makeBank(directory.filePath("bare.orv"), many, false));
     compareReading(small, large);
-    compareDraw("with index", large);
-    compareDraw("without index", makeBank(directory.filePath("bare.orv"), many, false));
     return 0;
 }

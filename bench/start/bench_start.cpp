@@ -1,17 +1,20 @@
 // Prints what the first window of the game costs in time and memory, what a game without its host holds, and
 // what a bank of a million questions changes, as ratios to a bare program of the same libraries in the same
-// run.
+// run; and how it stands beside other games that teach, where they are installed.
 
 #include "display.h"
 
+#include "bench/figure.h"
 #include "bench/measure.h"
-#include "bench/program.h"
 #include "bench/server.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <functional>
 #include <random>
 #include <set>
@@ -23,24 +26,22 @@
 namespace {
 
 using namespace std::chrono_literals;
-using bench::Program;
+using desk::Process;
 using start::Display;
 
 constexpr int runs = 41;
-constexpr int looks = 5;                 // at memory, which hardly varies
-constexpr std::uint32_t navy = 0x000080; // the ground of both first windows
+constexpr int looks = 5; // at memory, which hardly varies
+constexpr int runsBesideOthers = 9;
 
 struct Subject
 {
-    const char* program;
-    const char* title;
-    std::filesystem::path directory;
+    QString program;
+    QString directory;
 };
 
 struct Series
 {
     std::vector<double> milliseconds; // to the first painting
-    std::vector<double> atFirst;      // MiB at that moment
     std::vector<double> settled;      // MiB a second later
     std::vector<double> inGame;       // MiB a second after the first question has come
 };
@@ -59,7 +60,7 @@ void waitFor(const std::string& what, const std::function<bool()>& condition)
 class Desktop
 {
 public:
-    Desktop() : manager_({"openbox"})
+    Desktop()
     {
         waitFor("the window manager", [this] { return display_.isManaged(); });
     }
@@ -68,12 +69,12 @@ public:
 
 private:
     bench::Server server_;
-    Program manager_;
-    Display display_{QByteArray::fromStdString(server_.name())};
+    Process manager_{"openbox", {}, QProcessEnvironment::systemEnvironment()};
+    Display display_{server_.name()};
 };
 
 /// The newest window called `title`, once `count` of that name have come that are not among `known`.
-xcb_window_t newWindow(Display& display, const std::string& title, const std::set<xcb_window_t>& known = {},
+xcb_window_t newWindow(Display& display, const std::string& title, const std::set<xcb_window_t>& known,
                        int count = 1)
 {
     xcb_window_t newest = XCB_NONE;
@@ -91,20 +92,54 @@ xcb_window_t newWindow(Display& display, const std::string& title, const std::se
     return newest;
 }
 
-xcb_window_t firstPaint(Display& display, const Subject& subject)
+/// A program on a desktop that was empty and had come to rest.
+class Run
 {
-    const xcb_window_t window = newWindow(display, subject.title);
-    waitFor("the first painting", [&] { return display.ground(window) == navy; });
-    return window;
-}
+public:
+    Run(Display& display, const Subject& subject) : Run(display, subject, atRest(display)) {}
 
-/// Starts the program on an empty desktop that has come to rest.
-Program launch(Display& display, const Subject& subject)
-{
-    waitFor("an empty desktop", [&] { return display.windows().empty(); });
-    std::this_thread::sleep_for(50ms);
-    return Program({subject.program}, subject.directory);
-}
+    /// The first window, once it is painted.
+    xcb_window_t firstPaint()
+    {
+        const auto isPainted = [this] {
+            const auto windows = display_.windows();
+            return !windows.empty() && display_.isPainted(windows.front());
+        };
+        waitFor("the first painting", isPainted);
+        return display_.windows().front();
+    }
+    [[nodiscard]] double milliseconds() const
+    {
+        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start_).count();
+    }
+    /// In MiB, a second from now.
+    [[nodiscard]] double settledMemory() const
+    {
+        std::this_thread::sleep_for(1s);
+        return bench::residentMebibytes(std::to_string(process_.processId()));
+    }
+
+private:
+    using Time = std::chrono::steady_clock::time_point;
+
+    Run(Display& display, const Subject& subject, Time start)
+        : display_(display),
+          start_(start),
+          process_(subject.program, {}, QProcessEnvironment::systemEnvironment(), subject.directory)
+    {
+    }
+
+    static Time atRest(Display& display)
+    {
+        waitFor("an empty desktop", [&] { return display.windows().empty(); });
+        std::this_thread::sleep_for(50ms);
+        return std::chrono::steady_clock::now();
+    }
+
+    Display& display_;
+    Time start_;
+    Process process_;
+};
 
 /// Presses Return in the window; what was on the desktop just before.
 std::set<xcb_window_t> confirm(Display& display, xcb_window_t window)
@@ -118,116 +153,124 @@ std::set<xcb_window_t> confirm(Display& display, xcb_window_t window)
 
 void measureStart(Display& display, const Subject& subject, Series& series)
 {
-    const Program program = launch(display, subject);
-    firstPaint(display, subject);
-    const std::chrono::duration<double, std::milli> taken =
-        std::chrono::steady_clock::now() - program.started();
-    series.milliseconds.push_back(taken.count());
-    series.atFirst.push_back(program.resident());
+    Run run(display, subject);
+    run.firstPaint();
+    series.milliseconds.push_back(run.milliseconds());
 }
 
 void measureSettled(Display& display, const Subject& subject, Series& series)
 {
-    const Program program = launch(display, subject);
-    firstPaint(display, subject);
-    std::this_thread::sleep_for(1s);
-    series.settled.push_back(program.resident());
+    Run run(display, subject);
+    run.firstPaint();
+    series.settled.push_back(run.settledMemory());
 }
 
 void measureGame(Display& display, const Subject& subject, Series& series)
 {
-    const Program program = launch(display, subject);
-    xcb_window_t window = firstPaint(display, subject);
+    Run run(display, subject);
+    xcb_window_t window = run.firstPaint();
     window = newWindow(display, "Orvanta", confirm(display, window));
     window = newWindow(display, "Orvanta : Rules", confirm(display, window));
-    // The window of the game and, over it, the prompt for the name.
-    const xcb_window_t prompt = newWindow(display, "Orvanta", confirm(display, window), 2);
+    // The backdrop, the game and, over both, the prompt for the name.
+    const xcb_window_t prompt = newWindow(display, "Orvanta", confirm(display, window), 3);
     confirm(display, prompt);
     waitFor("the first question", [&] { return !std::ranges::count(display.windows(), prompt); });
-    std::this_thread::sleep_for(1s);
-    series.inGame.push_back(program.resident());
+    series.inGame.push_back(run.settledMemory());
 }
 
-void print(const Series& floor, const Series& game, const Series& largeGame)
+/// The starts of each subject. What follows another program is slower than what follows itself, so the order
+/// changes.
+std::vector<Series> measureStarts(Display& display, const std::vector<Subject>& subjects, int rounds)
 {
-    struct Line
-    {
-        const char* what;
-        const std::vector<double>& values;
-        const std::vector<double>& floor;
-        const char* bound;
-        const char* unit;
-    };
-    const Line lines[] = {
-        {"start to the first painted window", game.milliseconds, floor.milliseconds, "1.2", "ms"},
-        {"memory at that moment", game.atFirst, floor.atFirst, "1.3", "MiB"},
-        {"memory at the first screen, settled", game.settled, floor.settled, "1.3", "MiB"},
-        {"memory in a game without its host", game.inGame, floor.settled, "1.6", "MiB"},
-        {"start, bank of 1,000,000 beside 300", largeGame.milliseconds, game.milliseconds, "1.0 +- noise",
-         "ms"},
-        {"memory settled, 1,000,000 beside 300", largeGame.settled, game.settled, "1.0 +- noise", "MiB"},
-        {"memory in a game, 1,000,000 beside 300", largeGame.inGame, game.inGame, "", "MiB"},
-    };
-    std::printf("%s build, medians of %d starts and of %d looks at memory\n", START_BUILD, runs, looks);
-    std::printf("%-40s %6s   %-12s   %s\n", "", "ratio", "bound", "value / floor");
-    for (const auto& [what, values, base, bound, unit] : lines) {
-        const double value = bench::median(values);
-        const double beside = bench::median(base);
-        std::printf("%-40s %6.2f   %-12s   %.1f / %.1f %s\n", what, value / beside, bound, value, beside,
-                    unit);
-    }
-}
-
-void measure(const std::filesystem::path& directory)
-{
-    const auto small = directory / "300";
-    const auto large = directory / "1000000";
-    for (const auto& [folder, questions] : {std::pair(small, bench::few), {large, bench::many}}) {
-        std::filesystem::create_directory(folder);
-        bench::makeBank(QString::fromStdString(folder / "orv.orv"), questions);
-    }
-    Desktop desktop;
-    Display& display = desktop.display();
-
-    const Subject subjects[] = {{START_FLOOR, "Floor", small},
-                                {START_PROGRAM, "Welcome to Orvanta", small},
-                                {START_PROGRAM, "Welcome to Orvanta", large}};
-    Series series[std::size(subjects)];
+    std::vector<Series> series(subjects.size());
+    std::minstd_rand random;
+    std::vector<std::size_t> order;
     for (const Subject& subject : subjects) {
         Series warmUp;
         measureStart(display, subject, warmUp);
+        order.push_back(order.size());
     }
-    // What follows another program is slower than what follows itself, so the order changes.
-    std::minstd_rand random;
-    std::vector<std::size_t> order = {0, 1, 2};
-    for (int run = 0; run < runs; ++run) {
+    for (int round = 0; round < rounds; ++round) {
         std::ranges::shuffle(order, random);
         for (const std::size_t i : order)
             measureStart(display, subjects[i], series[i]);
     }
-    for (int look = 0; look < looks; ++look) {
+    for (int look = 0; look < looks; ++look)
         for (const std::size_t i : order)
             measureSettled(display, subjects[i], series[i]);
-        measureGame(display, subjects[1], series[1]);
-        measureGame(display, subjects[2], series[2]);
+    return series;
+}
+
+void compareWithFloor(Display& display, const Subject& small, const Subject& large)
+{
+    auto series = measureStarts(display, {{START_FLOOR, small.directory}, small, large}, runs);
+    Series& floor = series[0];
+    Series& game = series[1];
+    Series& largeGame = series[2];
+    for (int look = 0; look < looks; ++look) {
+        measureGame(display, small, game);
+        measureGame(display, large, largeGame);
     }
-    print(series[0], series[1], series[2]);
+    const auto print = [](const char* what, const char* unit, const std::vector<double>& values,
+                          const std::vector<double>& floors, double atMost) {
+        bench::print({what, values, unit, floors, atMost});
+    };
+    print("start to the first painted window, against a bare program", "ms", game.milliseconds,
+          floor.milliseconds, 1.2);
+    print("memory at the first screen, against the same", "MiB", game.settled, floor.settled, 1.3);
+    print("memory in a game without its host, against the same", "MiB", game.inGame, floor.settled, 1.6);
+    print("start on 1,000,000 questions, against 300", "ms", largeGame.milliseconds, game.milliseconds, 1.1);
+    print("memory in a game on 1,000,000 questions, against 300", "MiB", largeGame.inGame, game.inGame, 1.2);
+}
+
+void compareWithOthers(Display& display, const Subject& game)
+{
+    for (const char* other : {"kbruch", "kgeography", "klettres"}) {
+        std::vector<Series> series(2);
+        if (!QStandardPaths::findExecutable(other).isEmpty())
+            series = measureStarts(display, {game, {other, game.directory}}, runsBesideOthers);
+        bench::print({std::string("start, against ") + other, series[0].milliseconds, "ms",
+                      series[1].milliseconds, 1});
+        bench::print({std::string("memory at the first screen, against ") + other, series[0].settled, "MiB",
+                      series[1].settled, 1});
+    }
+}
+
+void measure(const QTemporaryDir& directory)
+{
+    const auto subject = [&](int questions) {
+        const Subject game{START_PROGRAM, directory.filePath(QString::number(questions))};
+        QDir().mkdir(game.directory);
+        bench::makeBank(game.directory + "/orv.orv", questions);
+        return game;
+    };
+    const Subject small = subject(bench::few);
+    const Subject large = subject(bench::many);
+    Desktop desktop;
+    bench::printHeading("bench_start");
+    compareWithFloor(desktop.display(), small, large);
+    compareWithOthers(desktop.display(), small);
 }
 
 } // namespace
 
-int main()
+int main(int argc, char** argv)
 {
     try {
-        const bench::PrivateDirectory directory;
-        setenv("XDG_RUNTIME_DIR", directory.path().c_str(), 1);
-        setenv("LC_ALL", "C.UTF-8", 1);
-        setenv("ALSA_CONFIG_PATH", "/dev/null", 1); // nobody wants to hear it
-        for (const char* name : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR"})
-            unsetenv(name);
-        measure(directory.path());
+        const QCoreApplication application(argc, argv);
+        const QTemporaryDir directory;
+        for (const char* name : {"HOME", "XDG_RUNTIME_DIR"})
+            qputenv(name, directory.path().toUtf8());
+        qputenv("LC_ALL", "C.UTF-8");
+        qputenv("ALSA_CONFIG_PATH", "/dev/null");         // nobody wants to hear it
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:"); // nor wait for what others start
+        qputenv("QT_SCALE_FACTOR", "1");                  // the game would grow to the screen, others not
+        for (const char* name : {"WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            qunsetenv(name);
+        measure(directory);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "bench_start: %s\n", failure.what());
+        return 1;
     }
     return 0;
 }

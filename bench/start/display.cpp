@@ -37,17 +37,18 @@ std::string Display::title(xcb_window_t window) const
     return property(window, "_NET_WM_NAME");
 }
 
-std::optional<std::uint32_t> Display::ground(xcb_window_t window) const
+bool Display::isPainted(xcb_window_t window) const
 {
-    const QRect area = place(window);
-    std::set<std::uint32_t> colours;
-    for (const QPoint corner : {area.topLeft(), area.topRight(), area.bottomLeft(), area.bottomRight()}) {
-        const QImage pixel = picture({corner, QSize(1, 1)});
-        if (pixel.isNull())
-            return std::nullopt;
-        colours.insert(pixel.pixel(0, 0) & RGB_MASK);
+    constexpr std::size_t blended = 16; // more colours than a frame has; the edges of letters have as many
+    const QImage image = picture(place(window) & area());
+    std::set<QRgb> colours;
+    for (int y = 0; y < image.height() && colours.size() <= blended; ++y) {
+        const auto* pixels = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x)
+            if (x == 0 || pixels[x] != pixels[x - 1])
+                colours.insert(pixels[x]);
     }
-    return colours.size() == 1 ? std::optional(*colours.begin()) : std::nullopt;
+    return colours.size() > blended;
 }
 
 } // namespace start

@@ -1,35 +1,19 @@
 #pragma once
 
-#include "bench/program.h"
+#include "display/process.h"
 
-#include <string>
+#include <QSize>
 
 namespace bench {
 
 /// An X server of its own for this process and what it starts; DISPLAY names it.
-class Server
+class Server : public desk::Server
 {
 public:
-    /// Throws if there can be none.
-    Server();
-
-    [[nodiscard]] const std::string& name() const { return name_; }
-
-private:
-    struct Pipe
+    Server() : desk::Server({1024, 768}, QProcessEnvironment::systemEnvironment())
     {
-        Pipe();
-        ~Pipe();
-        Pipe(const Pipe&) = delete;
-        Pipe& operator=(const Pipe&) = delete;
-        int ends[2] = {};
-    };
-
-    std::string nameFromServer();
-
-    Pipe pipe_;
-    Program server_;
-    std::string name_;
+        qputenv("DISPLAY", name());
+    }
 };
 
 } // namespace bench
