@@ -2,17 +2,17 @@
 // prepared insert, measured in the same run; the check must not cost more per question in a larger bank.
 
 #include "bank/command.h"
+#include "bench/figure.h"
 #include "bench/measure.h"
 
 #include <QTemporaryDir>
 
 #include <sqlite3.h>
 
-#include <algorithm>
 #include <array>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <random>
 #include <sstream>
 #include <stdexcept>
@@ -105,30 +105,26 @@ void compareImport(const std::string& folder)
     };
     std::vector<double> floors;
     std::vector<double> imports;
-    std::vector<double> ratios;
     for (int i = 0; i < runs; ++i) {
         afresh();
         floors.push_back(milliseconds([&] { bareInserts(file, rows); }));
         afresh();
         imports.push_back(milliseconds([&] { orvbank({"import", file.c_str(), csv.c_str()}); }));
-        ratios.push_back(imports.back() / floors.back());
     }
-    std::printf("import of 100,000: bare inserts %.0f ms   orvbank %.0f ms   ratio %.2f (at most 3)\n",
-                median(floors), median(imports), median(ratios));
+    print({"importing 100,000, against bare inserts", imports, "ms", floors, 3});
 }
 
 void compareCheck(const std::string& folder)
 {
-    for (const int count : {10'000, 50'000, 100'000}) {
+    std::map<int, std::vector<double>> times; // microseconds a question
+    for (const int count : {10'000, 100'000}) {
         const std::string file = folder + "/check" + std::to_string(count) + ".orv";
         makeBank(QString::fromStdString(file), 0);
         bareInserts(file, makeRows(count));
-        std::vector<double> times;
         for (int i = 0; i < 3; ++i)
-            times.push_back(milliseconds([&] { orvbank({"check", file.c_str()}); }));
-        std::printf("check of %6d: %5.0f ms, %.1f us a question\n", count, median(times),
-                    1000 * median(times) / count);
+            times[count].push_back(1000.0 / count * milliseconds([&] { orvbank({"check", file.c_str()}); }));
     }
+    print({"checking 100,000, a question, against 10,000", times[100'000], "us", times[10'000], 1.5});
 }
 
 } // namespace
@@ -136,6 +132,7 @@ void compareCheck(const std::string& folder)
 int main()
 {
     const QTemporaryDir folder;
+    printHeading("bench_bank");
     compareImport(folder.path().toStdString());
     compareCheck(folder.path().toStdString());
     return 0;

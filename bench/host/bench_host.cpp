@@ -2,8 +2,8 @@
 // heard and until it is silent, and what it adds to the start and the memory of a game. Sound goes through
 // ALSA to a device that takes it in real time and plays nothing.
 
+#include "bench/figure.h"
 #include "bench/measure.h"
-#include "bench/program.h"
 #include "bench/server.h"
 #include "narrator/host.h"
 #include "toolkit/desktop_services.h"
@@ -20,7 +20,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <functional>
 #include <memory>
@@ -33,6 +32,7 @@
 namespace {
 
 using namespace std::chrono_literals;
+using namespace bench;
 using SteadyClock = std::chrono::steady_clock;
 using Time = SteadyClock::time_point;
 
@@ -80,11 +80,6 @@ private:
     Ear& ear_;
 };
 
-double milliseconds(SteadyClock::duration span)
-{
-    return std::chrono::duration<double, std::milli>(span).count();
-}
-
 double cpuSeconds()
 {
     rusage usage{};
@@ -127,41 +122,14 @@ double serverSeconds()
     return (user + system) / static_cast<double>(sysconf(_SC_CLK_TCK));
 }
 
-/// What no other process could share.
-double ownMebibytes()
-{
-    std::ifstream sums("/proc/self/smaps_rollup");
-    double kilobytes = 0;
-    for (std::string word; word != "Anonymous:" && sums >> word;) {
-    }
-    sums >> kilobytes;
-    return kilobytes / 1024;
-}
-
-void print(const char* what, double value, const char* bound, const char* unit)
-{
-    std::printf("%-52s %7.1f %-3s  %s\n", what, value, unit, bound);
-    std::fflush(stdout);
-}
-
-void printShare(const char* what, std::chrono::milliseconds span, const char* bound)
+void printShare(const std::string& what, std::chrono::milliseconds span, double atMost)
 {
     const double ours = cpuSeconds();
     const double server = serverSeconds();
     pass(span);
     const auto share = [span](double seconds) { return 100 * seconds / (milliseconds(span) / 1000); };
-    const double ofServer = share(serverSeconds() - server);
-    std::printf("%-52s %7.1f %%    %s; the X server's: %.1f\n", what, share(cpuSeconds() - ours), bound,
-                ofServer);
-    std::fflush(stdout);
-}
-
-void printTimes(const char* what, std::vector<double> times, const char* bound)
-{
-    std::ranges::sort(times);
-    std::printf("%-52s %7.1f ms   %s, worst of %zu: %.1f\n", what, times[times.size() / 2], bound,
-                times.size(), times.back());
-    std::fflush(stdout);
+    print({what, {share(cpuSeconds() - ours)}, "%", {}, atMost});
+    print({"the X server's beside it", {share(serverSeconds() - server)}, "%", {}, {}});
 }
 
 /// What is painted of a widget and its window is finished.
@@ -191,9 +159,12 @@ public:
         load();
         shares();
         delays();
-        print("memory with the host, above that without", bench::residentMebibytes() - memoryBefore_,
-              "at most 18", "MiB");
-        print("of it the program's own, not pages of files", ownMebibytes() - ownBefore_, "", "MiB");
+        print({"memory with the host, above that without", {mebibytes() - memoryBefore_}, "MiB", {}, 18});
+        print({"of it the program's own, not pages of files",
+               {mebibytes("Anonymous") - ownBefore_},
+               "MiB",
+               {},
+               {}});
     }
 
 private:
@@ -201,8 +172,8 @@ private:
 
     void load()
     {
-        memoryBefore_ = bench::residentMebibytes();
-        ownBefore_ = ownMebibytes();
+        memoryBefore_ = mebibytes();
+        ownBefore_ = mebibytes("Anonymous");
         FirstPaint paint;
         qApp->installEventFilter(&paint);
         const Time start = SteadyClock::now();
@@ -216,23 +187,24 @@ private:
         characters_->Load(genie, QString(GENIE));
         host().Show();
         until([&] { return paint.painted; });
-        print("loading and first painting", milliseconds(SteadyClock::now() - start), "at most 60", "ms");
+        print(
+            {"loading the host and painting him", {milliseconds(SteadyClock::now() - start)}, "ms", {}, 60});
     }
 
     void shares()
     {
         pass(1s);
-        printShare("share of a core at rest", quietSpan, "at most 1");
+        printShare("the host at rest, share of a core", quietSpan, 1);
         for (int i = 0; i < 9; ++i) {
             host().Play("Explain");
             host().Speak(longText);
         }
         pass(1s);
-        printShare("share of a core, speaking and gesturing", busySpan, "at most 5");
+        printShare("the host speaking and gesturing, share of a core", busySpan, 5);
         host().Stop();
         form_.hide();
         pass(1s);
-        printShare("share of a core, hidden", quietSpan, "0");
+        printShare("the host hidden, share of a core", quietSpan, 0.1);
         form_.show();
         pass(1s);
     }
@@ -256,9 +228,9 @@ private:
             until([&] { return ear_.silence.load() > stopped; });
             silences.push_back(milliseconds(ear_.silence.load() - stopped));
         }
-        printTimes("Speak of 300 characters to the first word", words, "at most 100");
-        printTimes("Speak of 300 characters to the first sound", sounds, "at most 100");
-        printTimes("Stop to silence", silences, "at most 50");
+        print({"Speak of 300 characters to the first word", words, "ms", {}, 100});
+        print({"Speak of 300 characters to the first sound", sounds, "ms", {}, 100});
+        print({"Stop to silence", silences, "ms", {}, 50});
     }
 
     toolkit::SystemClock clock_;
@@ -275,18 +247,19 @@ private:
 int main(int argc, char** argv)
 {
     try {
-        const bench::PrivateDirectory directory;
-        const auto configuration = directory.path() / "sound.conf";
-        std::ofstream(configuration) << "pcm.default { type null }\n";
-        setenv("ALSA_CONFIG_PATH", configuration.c_str(), 1);
-        setenv("XDG_RUNTIME_DIR", directory.path().c_str(), 1);
-        setenv("QT_QPA_PLATFORM", "xcb", 1);
-        const bench::Server server;
+        const QTemporaryDir directory;
+        const QByteArray configuration = directory.filePath("sound.conf").toUtf8();
+        std::ofstream(configuration.constData()) << "pcm.default { type null }\n";
+        qputenv("ALSA_CONFIG_PATH", configuration);
+        qputenv("XDG_RUNTIME_DIR", directory.path().toUtf8());
+        qputenv("QT_QPA_PLATFORM", "xcb");
+        const Server server;
         const QApplication application(argc, argv);
-        std::printf("%s build, text of %d characters\n", HOST_BUILD, static_cast<int>(longText.size()));
+        printHeading("bench_host");
         Show().measure();
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "bench_host: %s\n", failure.what());
+        return 1;
     }
     return 0;
 }

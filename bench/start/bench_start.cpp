@@ -110,13 +110,13 @@ public:
     }
     [[nodiscard]] double milliseconds() const
     {
-        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start_).count();
+        return bench::milliseconds(std::chrono::steady_clock::now() - start_);
     }
     /// In MiB, a second from now.
     [[nodiscard]] double settledMemory() const
     {
         std::this_thread::sleep_for(1s);
-        return bench::residentMebibytes(std::to_string(process_.processId()));
+        return bench::mebibytes("Rss", std::to_string(process_.processId()));
     }
 
 private:

@@ -3,16 +3,20 @@
 #include <SQLiteCpp/Database.h>
 
 #include <algorithm>
-#include <chrono>
 #include <fstream>
 
 namespace bench {
+
+double milliseconds(std::chrono::steady_clock::duration span)
+{
+    return std::chrono::duration<double, std::milli>(span).count();
+}
 
 double milliseconds(const std::function<void()>& work)
 {
     const auto start = std::chrono::steady_clock::now();
     work();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+    return milliseconds(std::chrono::steady_clock::now() - start);
 }
 
 double median(std::vector<double> values)
@@ -21,12 +25,12 @@ double median(std::vector<double> values)
     return values[values.size() / 2];
 }
 
-double residentMebibytes(const std::string& process)
+double mebibytes(const std::string& kind, const std::string& process)
 {
     std::ifstream sums("/proc/" + process + "/smaps_rollup");
     for (std::string word; sums >> word;) {
         double kilobytes = 0;
-        if (word == "Rss:" && sums >> kilobytes)
+        if (word == kind + ":" && sums >> kilobytes)
             return kilobytes / 1024;
     }
     return 0;
