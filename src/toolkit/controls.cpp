@@ -208,8 +208,12 @@ void Button::paintEvent(QPaintEvent*)
     painter.setFont(fit.font);
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
-    drawText(painter, rect().translated(0, isDown() ? 1 : 0), fit.flags | Qt::TextDontClip, fit.text,
-             palette().color(QPalette::Button));
+    const QRect box = rect().translated(0, isDown() ? 1 : 0);
+    const int drawn = fit.flags | Qt::TextDontClip;
+    if (isEnabled())
+        drawText(painter, box, drawn, fit.text, palette().color(QPalette::Button));
+    else
+        painter.drawText(box, drawn, fit.text); // what the desktop greys out is to look so
 }
 
 // Painted here because the desktop's styles mix the colour with their own.
