@@ -3,6 +3,7 @@
 #include "db/cursor.h"
 #include "db/row_access.h"
 
+#include <algorithm>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -202,14 +203,15 @@ void Recordset::goTo(const Bookmark& place)
 std::vector<Passed> Recordset::behind(const Bookmark& place, qint64 most, Fields fields) const
 {
     std::vector<FieldIndex> indexes;
+    indexes.reserve(fields.size());
     for (const char* field : fields)
         indexes.push_back(state().access.indexOf(field));
     const auto places = state().cursor->behind(place, most);
-    std::vector<qint64> keys;
-    for (const Bookmark& each : places)
-        keys.push_back(each.key);
+    std::vector<qint64> keys(places.size());
+    std::ranges::transform(places, keys.begin(), &Bookmark::key);
     const auto texts = state().access.texts(keys, indexes);
     std::vector<Passed> rows;
+    rows.reserve(places.size());
     for (std::size_t i = 0; i < places.size(); ++i)
         rows.push_back({places[i], texts[i]});
     return rows;

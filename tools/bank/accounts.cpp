@@ -60,7 +60,7 @@ QString askHidden(const char* prompt, const Command& command)
 
 QString askedPassword(const Command& command)
 {
-    const QString password = askHidden("New password: ", command);
+    QString password = askHidden("New password: ", command);
     requireNone(passwordFault(password), command);
     requireNone(askHidden("The same again: ", command) == password ? "" : "the two entries differ", command);
     return password;

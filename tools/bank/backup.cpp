@@ -120,7 +120,7 @@ fs::path restore(const fs::path& file, const fs::path& backup, Progress& progres
     std::error_code ignored;
     if (fs::equivalent(file, backup, ignored))
         throw Failure(QString("%1 is that file itself").arg(nameOf(backup)));
-    const fs::path aside = fs::exists(file, ignored) ? nameAside(file) : fs::path();
+    fs::path aside = fs::exists(file, ignored) ? nameAside(file) : fs::path();
     if (!aside.empty() && keepAside(file, aside, progress))
         attempting(db::Attempt::Change, file, [&] { copyInto(file, backup, progress); });
     else
