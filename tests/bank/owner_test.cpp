@@ -105,6 +105,15 @@ TEST_F(Owner, FindsAndMendsAQuestion)
         value("select sum(correct_answer = 'the two') || (sum(answer2 = 'the two') < 15) from questions",
               "empty.orv"),
         "151");
+    exec("update questions set b = 5");
+    expect("export bank.orv all.csv", 0, "");
+    expect("import empty.orv all.csv --replace --shuffle", 0, "");
+    EXPECT_EQ(
+        value("select min(case correct_answer when answer1 then a when answer2 then b when answer3 then c"
+              " else d end) from questions where correct_answer = 'the two'",
+              "empty.orv"),
+        "5")
+        << "A tally goes where its option goes.";
     EXPECT_EQ(content("prompts.txt"), "Shall I?\n");
     EXPECT_EQ(content("quiz.pdf").substr(0, 5), "%PDF-");
 }
