@@ -87,9 +87,12 @@ void Form::setBounds(const TwipRect& bounds)
 
 void Form::toggleFullScreen()
 {
-    setMinimumSize(0, 0); // some window managers hold on to a fixed size
-    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    setWindowState(windowState() ^ Qt::WindowFullScreen);
+    // By its size alone, and a line more: some window managers lift a window that asks for the whole screen,
+    // or has just its size, over the windows that are to stay above it.
+    const QRect former = std::exchange(beforeFullScreen_, beforeFullScreen_.isNull() ? geometry() : QRect());
+    const QRect place = former.isNull() ? screen()->geometry().adjusted(0, 0, 0, 1) : former;
+    setFixedSize(place.size());
+    move(place.topLeft());
 }
 
 void Form::load()

@@ -196,6 +196,7 @@ private:
     FocusHandlers lostFocus_;
     QWidget* focused_ = nullptr;
     Button* defaultButton_ = nullptr;
+    QRect beforeFullScreen_;      ///< where it was; null if it does not fill the screen
     std::unique_ptr<Shape> mark_; ///< around what has the focus
     QStringList keyHelp_;
     bool sliding_ = false;
