@@ -1,5 +1,7 @@
 #include "owner.h"
 
+#include "support/seed.h"
+
 #include <QRegularExpression>
 
 #include <random>
@@ -139,8 +141,8 @@ private:
 
 TEST(RandomOwner, ChangesOnlyWhatWasAskedFor)
 {
-    const int actions = qEnvironmentVariable("ORVANTA_OWNER_ACTIONS", "8000").toInt();
-    const int seed = qEnvironmentVariable("ORVANTA_OWNER_SEED", "0").toInt();
+    constexpr int actions = 8000;
+    const int seed = support::seed(0);
     RandomOwner owner(static_cast<unsigned>(seed));
     for (int action = 0; action < actions; ++action) {
         owner.act();

@@ -1,6 +1,7 @@
 #include "show.h"
 
 #include "game/ladder.h"
+#include "support/seed.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -340,7 +341,7 @@ private:
 
 TEST(RandomPlayer, MeetsAGameInOrderWhateverIsDone)
 {
-    const int seed = qEnvironmentVariable("ORVANTA_PLAYER_SEED", "20").toInt();
+    const int seed = support::seed(20);
     // Thousands of durable writes take minutes on a disk.
     const QByteArray temporary = qgetenv("TMPDIR");
     qputenv("TMPDIR", QFileInfo("/dev/shm").isWritable() ? "/dev/shm" : temporary);
@@ -348,7 +349,7 @@ TEST(RandomPlayer, MeetsAGameInOrderWhateverIsDone)
     qputenv("TMPDIR", temporary);
     for (int action = 0; action < 20'000 && !testing::Test::HasFailure(); ++action)
         player.act();
-    EXPECT_FALSE(testing::Test::HasFailure()) << "ORVANTA_PLAYER_SEED=" << seed << ", the last actions:\n"
+    EXPECT_FALSE(testing::Test::HasFailure()) << "--seed " << seed << ", the last actions:\n"
                                               << player.actions.join('\n').toStdString();
     for (const char* what : rare)
         EXPECT_GT(player.seen[what], 0) << "this player never met: " << what;
