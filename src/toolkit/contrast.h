@@ -18,8 +18,7 @@ namespace toolkit {
 [[nodiscard]] QColor haloOf(const QColor& text, const QColor& ground, int pixelSize);
 
 /// Where a text is drawn in the colour of its halo, in relation to its own place.
-inline constexpr QPoint haloOffsets[] = {{-1, -1}, {0, -1}, {1, -1}, {-1, 0},
-                                         {1, 0},   {-1, 1}, {0, 1},  {1, 1}};
+inline constexpr QPoint haloOffsets[] = {{-1, -1}, {1, -1}, {-1, 1}, {1, 1}};
 
 /// The colour that a control without a ground of its own is seen on.
 [[nodiscard]] QColor groundBelow(const QWidget& control);

@@ -28,6 +28,7 @@ QColor disabledText(const QColor& ground)
 Label::Label(QWidget* parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
+    setTextInteractionFlags(Qt::NoTextInteraction); // or each text would be a document
     setAlignment(Qt::AlignLeft | Qt::AlignTop);
     setMouseTracking(true);
 }
