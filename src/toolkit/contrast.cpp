@@ -1,9 +1,6 @@
 #include "toolkit/contrast.h"
 
-#include "toolkit/controls.h"
-
 #include <QPainter>
-#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
@@ -52,21 +49,6 @@ QColor haloOf(const QColor& text, const QColor& ground, int pixelSize)
     while (percent < 100 && contrast(text, mixed(ground, end, percent)) < wanted)
         percent += step;
     return mixed(ground, end, percent);
-}
-
-QColor groundBelow(const QWidget& control)
-{
-    const QWidget& parent = *control.parentWidget();
-    QColor ground = parent.palette().color(QPalette::Window);
-    for (const QObject* child : parent.children()) { // from the lowest to the highest
-        if (child == &control)
-            break;
-        const auto* shape = dynamic_cast<const Shape*>(child);
-        if (shape && shape->fill() && !shape->isHidden() &&
-            shape->geometry().contains(control.geometry().center()))
-            ground = *shape->fill();
-    }
-    return ground;
 }
 
 void drawText(QPainter& painter, const QRect& box, int flags, const QString& text, const QColor& ground)

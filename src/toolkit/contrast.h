@@ -6,7 +6,6 @@
 #include <QString>
 
 class QPainter;
-class QWidget;
 
 namespace toolkit {
 
@@ -19,9 +18,6 @@ namespace toolkit {
 
 /// Where a text is drawn in the colour of its halo, in relation to its own place.
 inline constexpr QPoint haloOffsets[] = {{-1, -1}, {1, -1}, {-1, 1}, {1, 1}};
-
-/// The colour that a control without a ground of its own is seen on.
-[[nodiscard]] QColor groundBelow(const QWidget& control);
 
 /// Draws with the painter's pen and font, and a halo around the letters where the ground asks for one.
 void drawText(QPainter& painter, const QRect& box, int flags, const QString& text, const QColor& ground);

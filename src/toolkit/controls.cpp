@@ -23,6 +23,22 @@ QColor disabledText(const QColor& ground)
     return ground.lighter(150);
 }
 
+/// The colour that a control without a ground of its own is seen on.
+QColor groundBelow(const QWidget& control)
+{
+    const QWidget& parent = *control.parentWidget();
+    QColor ground = parent.palette().color(QPalette::Window);
+    for (const QObject* child : parent.children()) { // from the lowest to the highest
+        if (child == &control)
+            break;
+        const auto* shape = dynamic_cast<const Shape*>(child);
+        if (shape && shape->fill() && !shape->isHidden() &&
+            shape->geometry().contains(control.geometry().center()))
+            ground = *shape->fill();
+    }
+    return ground;
+}
+
 } // namespace
 
 Label::Label(QWidget* parent) : QLabel(parent)
