@@ -23,6 +23,12 @@ QColor disabledText(const QColor& ground)
     return ground.lighter(150);
 }
 
+/// The colour of a role, the same whether the window is the active one or not.
+QColor colourOf(const QWidget& control, QPalette::ColorRole role)
+{
+    return control.palette().color(control.isEnabled() ? QPalette::Active : QPalette::Disabled, role);
+}
+
 /// The colour that a control without a ground of its own is seen on.
 QColor groundBelow(const QWidget& control)
 {
@@ -32,8 +38,7 @@ QColor groundBelow(const QWidget& control)
         if (child == &control)
             break;
         const auto* shape = dynamic_cast<const Shape*>(child);
-        if (shape && shape->fill() && !shape->isHidden() &&
-            shape->geometry().contains(control.geometry().center()))
+        if (shape && shape->fill() && shape->isShownAt(control.geometry().center()))
             ground = *shape->fill();
     }
     return ground;
@@ -124,10 +129,11 @@ void Label::paintSpread(QPainter& painter) const
 {
     const QStringList words = text().split(QChar::Space, Qt::SkipEmptyParts);
     const int distance = pixels(wordDistance_);
+    const QColor behind = ground();
     for (int place = 0; place < words.size(); ++place) {
         const QRect box(pixels(firstWord_) + place * distance - distance / 2, 0, distance, height());
         drawText(painter, box, Qt::AlignHCenter | static_cast<int>(alignment() & Qt::AlignVertical_Mask),
-                 words[place], ground());
+                 words[place], behind);
     }
 }
 
@@ -136,8 +142,7 @@ void Label::paintEvent(QPaintEvent*)
     QPainter painter(this);
     if (opaque_ && !backgroundShape_)
         painter.fillRect(rect(), palette().color(QPalette::Window));
-    painter.setPen(
-        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    painter.setPen(colourOf(*this, QPalette::WindowText));
     if (bordered_)
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     if (wordDistance_ > 0) {
@@ -223,8 +228,7 @@ void Button::paintEvent(QPaintEvent*)
     const int flags = Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic;
     const FittedText fit = fitted(shown, font(), rect().adjusted(2, 1, -2, -1).size(), flags);
     painter.setFont(fit.font);
-    painter.setPen(
-        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
+    painter.setPen(colourOf(*this, QPalette::ButtonText));
     const QRect box = rect().translated(0, isDown() ? 1 : 0);
     const int drawn = fit.flags | Qt::TextDontClip;
     if (isEnabled())
@@ -237,12 +241,10 @@ void Button::paintEvent(QPaintEvent*)
 void Button::paintFace(QPainter& painter) const
 {
     constexpr double radius = 3;
-    const QColor face =
-        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Button);
+    const QColor face = colourOf(*this, QPalette::Button);
     const QRectF area = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     // What is written on a dark face is what stands out from it.
-    const QColor written =
-        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText);
+    const QColor written = colourOf(*this, QPalette::ButtonText);
     const bool dark = face.lightness() < written.lightness();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(dark ? written : face.darker(170));

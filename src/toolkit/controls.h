@@ -131,6 +131,8 @@ public:
     void setFill(std::optional<QColor> fill);
     [[nodiscard]] const std::optional<QColor>& fill() const { return style_.fill; }
     void setKind(Kind kind);
+    /// It is not hidden, and `point` of its form lies within its box.
+    [[nodiscard]] bool isShownAt(QPoint point) const { return !isHidden() && geometry().contains(point); }
     [[nodiscard]] bool isCover() const { return style_.cover; }
 
 protected:

@@ -109,19 +109,19 @@ QSize screenSize(xcb_connection_t* x11, const xcb_screen_t& screen)
 /// The factor by which Qt draws larger of itself on this desktop.
 double desktopScale(xcb_connection_t* x11, const xcb_screen_t& screen)
 {
-    constexpr double usualDpi = 96;
+    const auto atDpi = [](double dpi) { return std::max(1.0, dpi / 96); }; // fewer make nothing smaller
     const QByteArray given = qgetenv("QT_SCREEN_SCALE_FACTORS");
     if (const double factor = given.mid(given.lastIndexOf('=') + 1).toDouble(); factor > 0)
         return factor;
     if (const double dpi = qgetenv("QT_FONT_DPI").toDouble(); dpi > 0)
-        return std::max(1.0, dpi / usualDpi);
+        return atDpi(dpi);
     constexpr double unit = 1024;
     if (const int dpi = desktopSetting(x11, "Xft/DPI").value_or(0); dpi > 0)
-        return std::max(1.0, dpi / unit / usualDpi);
+        return atDpi(dpi / unit);
     const QByteArray resources = '\n' + property(x11, screen.root, XCB_ATOM_RESOURCE_MANAGER);
     const QByteArray name("\nXft.dpi:");
     if (const qsizetype place = resources.indexOf(name); place >= 0)
-        return std::max(1.0, resources.mid(place + name.size()).split('\n').front().toDouble() / usualDpi);
+        return atDpi(resources.mid(place + name.size()).split('\n').front().toDouble());
     return 1;
 }
 

@@ -80,7 +80,7 @@ public:
     /// Presses a button or a label as a click on its middle would; nothing where that cannot be clicked.
     void press(QWidget& control);
     [[nodiscard]] bool canPress(const QWidget& control) const;
-    /// Has the window fill the screen, panels of the desktop and all, or go back to its place.
+    /// Has the window fill the screen, or go back to its place.
     void toggleFullScreen();
 
 protected:

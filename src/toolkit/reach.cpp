@@ -12,8 +12,7 @@ bool isCovered(const QWidget& control)
     const QObjectList& siblings = control.parentWidget()->children();
     return std::any_of(std::ranges::find(siblings, &control), siblings.end(), [&](const QObject* sibling) {
         const auto* const shape = dynamic_cast<const Shape*>(sibling);
-        return shape && shape->isCover() && !shape->isHidden() &&
-               shape->geometry().contains(control.geometry().center());
+        return shape && shape->isCover() && shape->isShownAt(control.geometry().center());
     });
 }
 
