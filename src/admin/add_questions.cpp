@@ -1,6 +1,6 @@
 #include "admin/add_questions.h"
 
-#include "admin/matching.h"
+#include "admin/nearness.h"
 #include "toolkit/screens.h"
 
 namespace admin {
@@ -148,7 +148,7 @@ void AddQuestions::compare(const char* field, const QString& shown)
 
 void AddQuestions::lookForNear()
 {
-    const Likeness asked(question->text());
+    const Nearness asked(question->text());
     if (!asked.isTelling())
         return;
     nearScan.begin(

@@ -2,7 +2,7 @@
 
 #include "admin/editor.h"
 
-#include "admin/matching.h"
+#include "admin/nearness.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -87,7 +87,7 @@ void Editor::openFindBar()
 
 void Editor::findNext()
 {
-    const SearchWords words(findWords_->text());
+    const db::SearchWords words(findWords_->text());
     if (!findWords_->hasFocus() || words.isEmpty())
         openFindBar();
     if (words.isEmpty())

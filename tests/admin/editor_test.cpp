@@ -44,7 +44,7 @@ TEST(AddQuestions, TellsWhatOthersDidAndWhatCouldNotBeWritten)
 )");
 }
 
-// The words are in both ways to write an accent.
+// A word is found with its accent and without.
 TEST(Editors, FindTheNextRowFromThePresentOneRound)
 {
     expect("addquestions", R"(
@@ -53,7 +53,7 @@ TEST(Editors, FindTheNextRowFromThePresentOneRound)
 cmdlast; ?delhi => ?No other question holds this. => seven
 ?delhi one => not found => one
 ?9999 => not found => one
-!update questions set answer1 = 'ÄЖ' where question_id = 2; !insert into questions (question_id, question) values (9, 'null'); ?äж; ?null => found + found =>  => *
+!update questions set answer1 = 'ÄЖ' where question_id = 2; !insert into questions (question_id, question) values (9, 'null'); ?aж; ?null => found + found =>  => *
 question=ONE?; ?delhi => update? n + found => seven
 question=mine; ?delhi => update? y + updated + found => seven => 1|mine|a|b|c|d|b|1|1111 + 2 + 7
 !update questions set question = 'theirs' where question_id = 1; question=mine; ?delhi => update? y + *changed in the meantime => mine => *

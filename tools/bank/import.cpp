@@ -3,6 +3,7 @@
 #include "bank/near.h"
 #include "bank/source.h"
 #include "bank/text.h"
+#include "db/likeness.h"
 
 #include <QHash>
 #include <QSet>
@@ -109,10 +110,10 @@ public:
             store.clear(db::schema::locking);
         QSet<QString> known;
         for (const Prompt& prompt : store.prompts())
-            known.insert(folded(prompt.message));
+            known.insert(db::folded(prompt.message));
         std::size_t count = 0;
         for (const Prompt& prompt : prompts) {
-            if (known.contains(folded(prompt.message)))
+            if (known.contains(db::folded(prompt.message)))
                 continue;
             store.add(db::schema::locking, {prompt.message});
             ++count;
@@ -156,10 +157,10 @@ private:
     {
         QHash<QString, const Question*> texts;
         for (const Question& question : known)
-            texts.insert(folded(question.text), &question);
+            texts.insert(db::folded(question.text), &question);
         std::vector<Question> unknown;
         for (const Question& question : intake_.bank.questions) {
-            const auto* const same = texts.value(folded(question.text));
+            const auto* const same = texts.value(db::folded(question.text));
             if (!same)
                 unknown.push_back(question);
             else if (command_.update)
@@ -201,9 +202,9 @@ private:
         QSet<QString> answers;
         std::vector<Question> candidates;
         for (const Question& question : added)
-            answers.insert(folded(question.rightOption()));
+            answers.insert(db::folded(question.rightOption()));
         for (const Question& question : known)
-            if (question.rightIndex() >= 0 && answers.contains(folded(question.rightOption())))
+            if (question.rightIndex() >= 0 && answers.contains(db::folded(question.rightOption())))
                 candidates.push_back(question);
         if (candidates.empty())
             return;

@@ -1,9 +1,7 @@
 #include "bank/near.h"
 
 #include "bank/text.h"
-
-#include <QRegularExpression>
-#include <QSet>
+#include "db/likeness.h"
 
 #include <algorithm>
 #include <tuple>
@@ -17,17 +15,6 @@ constexpr double leastSimilarity = 0.6;
 // quadratic.
 constexpr std::size_t window = 24;
 
-const QSet<QString>& littleWords()
-{
-    static const QStringList words =
-        QString("a an the of in on at to for from by with and or as is are was were be been "
-                "being do does did has have had which what who whom whose when where how many "
-                "much this that these those it its there called named known following")
-            .split(u' ');
-    static const QSet<QString> set(words.begin(), words.end());
-    return set;
-}
-
 /// What is compared of a question.
 struct Sketch
 {
@@ -39,39 +26,14 @@ struct Sketch
     std::vector<std::uint64_t> trigrams;
 };
 
-bool holdsNumber(const QString& text)
-{
-    return std::ranges::any_of(text, [](QChar c) { return c.isNumber(); });
-}
-
-void addWords(Sketch& sketch, const QString& text)
-{
-    // A word, with the + and # of some, or a sign that may stand in a calculation.
-    static const QRegularExpression part(
-        R"(([\p{L}\p{N}\p{M}\x{10000}-\x{10ffff}]+[\p{L}\p{N}\p{M}+#\x{10000}-\x{10ffff}]*)|[\p{Sm}*/^%-])");
-    static const QRegularExpression apostrophe("['\u2019]");
-    const QString plain = searchable(text).remove(apostrophe);
-    // Elsewhere a dash joins or parts words.
-    const bool isArithmetic = holdsNumber(plain);
-    sketch.words = " ";
-    for (auto found = part.globalMatch(plain); found.hasNext();) {
-        const auto match = found.next();
-        const QString word = match.captured(1);
-        if (word.isEmpty() && isArithmetic)
-            sketch.numbers += match.captured();
-        if (holdsNumber(word))
-            sketch.numbers += word + u' ';
-        if (!word.isEmpty() && !littleWords().contains(word))
-            sketch.words += word + u' ';
-    }
-}
-
 Sketch sketchOf(const Question& question, std::size_t index)
 {
     Sketch sketch;
     sketch.question = index;
-    sketch.right = qHash(folded(question.rightOption()));
-    addWords(sketch, question.text);
+    sketch.right = qHash(db::folded(question.rightOption()));
+    const db::QuestionWords asked(question.text);
+    sketch.numbers = asked.numbers;
+    sketch.words = ' ' + asked.words.join(' ') + ' ';
     const QString& words = sketch.words;
     for (qsizetype at = 0; at + 2 < words.size(); ++at)
         sketch.trigrams.push_back(std::uint64_t{words[at].unicode()} << 32U |
@@ -103,7 +65,7 @@ void compareNeighbours(const std::vector<Sketch>& sketches, const std::vector<Qu
                 break;
             const auto [first, second] = std::minmax(a.question, b.question);
             if (first < earliest[second] && similarity(a, b) >= leastSimilarity &&
-                !isSame(questions[first].text, questions[second].text))
+                !db::isSame(questions[first].text, questions[second].text))
                 earliest[second] = first;
         }
     }

@@ -1,22 +1,13 @@
 #include "bank/actions.h"
 
 #include "bank/text.h"
+#include "db/likeness.h"
 
 #include <algorithm>
 #include <ostream>
 
 namespace bank::actions {
 namespace {
-
-bool holdsAll(const Question& question, const QStringList& words)
-{
-    if (words.empty())
-        return true;
-    QString all = searchable(question.text);
-    for (const QString& option : question.options)
-        all += u'\n' + searchable(option);
-    return std::ranges::all_of(words, [&](const QString& word) { return all.contains(word); });
-}
 
 void setText(Question& question, const QString& assignment)
 {
@@ -47,13 +38,14 @@ Question questionOf(Store& store, qint64 number)
 
 void listOrSearch(Command& command)
 {
-    QStringList words;
+    QStringList typed;
     for (const std::string& word : command.words)
-        words << searchable(QString::fromStdString(word)).split(u' ', Qt::SkipEmptyParts);
+        typed << QString::fromStdString(word);
+    const db::SearchWords words(typed.join(' '));
     bool found = false;
     for (const Question& question : command.questions()) {
         if ((!command.level.empty() && question.level.toStdString() != command.level) ||
-            !holdsAll(question, words))
+            !words.areIn(QStringList(question.options.begin(), question.options.end()) << question.text))
             continue;
         found = true;
         command.out << QString("%1  %2 %3  %4\n")
@@ -94,7 +86,7 @@ void set(Command& command)
         Complaints complaints;
         checkQuestion(question, Texts::Played, complaints);
         for (const Question& other : store.questions())
-            if (other.place.id != command.number && isSame(other.text, question.text))
+            if (other.place.id != command.number && db::isSame(other.text, question.text))
                 complaints.add(question.place,
                                QString("the same question stands in %1").arg(other.place.text()));
         complaints.throwIfAny();

@@ -1,6 +1,7 @@
 #include "bank/rules.h"
 
 #include "bank/text.h"
+#include "db/likeness.h"
 
 #include <QHash>
 #include <QRegularExpression>
@@ -111,7 +112,7 @@ void checkEqualOptions(const Question& question, Complaints& complaints)
     const auto& options = question.options;
     for (std::size_t later = 1; later < options.size(); ++later)
         for (std::size_t earlier = 0; earlier < later; ++earlier)
-            if (!options.at(later).isEmpty() && isSame(options.at(earlier), options.at(later)))
+            if (!options.at(later).isEmpty() && db::isSame(options.at(earlier), options.at(later)))
                 complaints.add(question.placeOf(optionFields.at(later)),
                                QString("options %1 and %2 are equal")
                                    .arg(nameOf(optionFields.at(earlier)), nameOf(optionFields.at(later))));
@@ -145,7 +146,7 @@ void removeRepeatsOf(QString Item::*text, const QString& what, std::vector<Item>
     QHash<QString, Place> seen;
     seen.reserve(static_cast<qsizetype>(items.size()));
     std::erase_if(items, [&](const Item& item) {
-        const QString same = folded(item.*text);
+        const QString same = db::folded(item.*text);
         const bool repeats = seen.contains(same);
         if (repeats)
             complaints.add(item.place, QString("the same %1 stands in %2").arg(what, seen[same].text()));
@@ -225,7 +226,7 @@ void checkOptionSets(const Bank& bank, Complaints& complaints)
     std::vector<std::vector<Place>> sets; // in the order of their first questions
     for (const Question& question : bank.questions) {
         QStringList options;
-        std::ranges::transform(question.options, std::back_inserter(options), folded);
+        std::ranges::transform(question.options, std::back_inserter(options), &db::folded);
         options.sort();
         const auto [number, isNew] = numbers.try_emplace(options.join(u'\n'), sets.size());
         if (isNew)

@@ -3,6 +3,7 @@
 #include "bank/rules.h"
 #include "bank/source.h"
 #include "bank/text.h"
+#include "db/likeness.h"
 
 #include <QHash>
 
@@ -69,7 +70,7 @@ void printLevels(const std::vector<Question>& questions, const std::vector<Quest
 {
     QHash<QString, QString> topicOf;
     for (const Question& question : topics)
-        topicOf.insert(folded(question.text), question.topic);
+        topicOf.insert(db::folded(question.text), question.topic);
     struct Level
     {
         Count all;
@@ -83,7 +84,7 @@ void printLevels(const std::vector<Question>& questions, const std::vector<Quest
         all.add(count);
         level.all.add(count);
         if (!topics.empty())
-            level.byTopic[topicOf.value(folded(question.text), "(unknown)")].add(count);
+            level.byTopic[topicOf.value(db::folded(question.text), "(unknown)")].add(count);
     }
     printRow(out, {}, {"questions", "played", "plays", "right"});
     for (const auto& [name, level] : byLevel) {

@@ -31,26 +31,6 @@ bool isStray(char32_t point)
     }
 }
 
-/// Whether only the case of letters can tell the text from its folded form; most texts are like that.
-bool isPlain(QStringView text)
-{
-    QChar before = u' ';
-    for (const QChar c : text) {
-        if (c < u' ' || c > u'~' || (c == u' ' && before == u' '))
-            return false;
-        before = c;
-    }
-    return before != u' ';
-}
-
-QString plainLower(QString text)
-{
-    for (QChar& c : text)
-        if (c >= u'A' && c <= u'Z')
-            c = QChar(c.unicode() | 0x20);
-    return text;
-}
-
 /// How many letters must be added, taken away or changed to make one word of the other.
 qsizetype distance(const QString& a, const QString& b)
 {
@@ -83,7 +63,7 @@ qsizetype length(QStringView text)
 
 std::optional<char32_t> strayCharacter(const QString& text)
 {
-    if (isPlain(text))
+    if (std::ranges::all_of(text, [](QChar c) { return c >= u' ' && c <= u'~'; }))
         return std::nullopt;
     const auto points = text.toUcs4();
     const auto found = std::ranges::find_if(points, isStray);
@@ -93,26 +73,6 @@ std::optional<char32_t> strayCharacter(const QString& text)
 QString codePointName(char32_t point)
 {
     return QString("U+%1").arg(static_cast<uint>(point), 4, 16, QChar(u'0')).toUpper();
-}
-
-QString folded(const QString& text)
-{
-    return isPlain(text) ? plainLower(text)
-                         : text.normalized(QString::NormalizationForm_C).simplified().toCaseFolded();
-}
-
-bool isSame(const QString& a, const QString& b)
-{
-    return isPlain(a) && isPlain(b) ? a.compare(b, Qt::CaseInsensitive) == 0 : folded(a) == folded(b);
-}
-
-QString searchable(const QString& text)
-{
-    if (isPlain(text))
-        return plainLower(text);
-    QString plain = text.normalized(QString::NormalizationForm_KD).simplified().toCaseFolded();
-    plain.removeIf([](QChar c) { return c.unicode() >= 0x300 && c.unicode() <= 0x36f; });
-    return plain;
 }
 
 QString shown(const QString& text)

@@ -15,13 +15,6 @@ namespace bank {
 /// "U+200B"
 [[nodiscard]] QString codePointName(char32_t point);
 
-/// Form in which texts are equal that differ in nothing but case, blanks and the way accents are encoded.
-[[nodiscard]] QString folded(const QString& text);
-/// Whether they have the same form.
-[[nodiscard]] bool isSame(const QString& a, const QString& b);
-/// The same without accents.
-[[nodiscard]] QString searchable(const QString& text);
-
 /// The text as a terminal may have it: stray characters are shown by their names, "<U+001B>".
 [[nodiscard]] QString shown(const QString& text);
 /// At most 60 characters of the text, in quotation marks.
