@@ -2,7 +2,7 @@
 
 #include "admin/editor.h"
 
-#include "admin/nearness.h"
+#include "db/likeness.h"
 
 #include <QApplication>
 #include <QKeyEvent>
