@@ -149,8 +149,8 @@ fill(asha "${start}${tell_password}${play}" moves)
 at_desk(asha "${moves}")
 choices(asha)
 expect("choices in Asha's bank" "${choices}" 1)
-as(asha orvbank check /home/asha/.local/share/orvanta/orv.orv)
-expect("orvbank check" "${output}" "/home/asha/.local/share/orvanta/orv.orv: no faults")
+as(asha orvbank check /home/asha/.local/share/orvanta/orv.orv) # fails where there are faults
+message(STATUS "  ${output}")
 
 message(STATUS "Upgrade over a kept bank")
 file(SHA256 ${root}/home/asha/.local/share/orvanta/orv.orv before)
