@@ -89,12 +89,12 @@ public:
             progress.fresh.push_back(text.made[i].times);
         const bool stuck = state_->calling && since(*state_->calling) > (text.taken ? endurance : patience);
         const Milliseconds played = std::min(text.written, text.played + since(text.seen));
-        if (text.taken && played >= 0ms) {
+        if (!text.heard && (stuck || !text.audible)) {
+            progress.sound = Sound::Lost;
+        } else if (text.taken && played >= 0ms) {
             progress.sound = Sound::Playing;
             progress.played = played;
         }
-        if (!text.heard && (stuck || !text.audible))
-            progress.sound = Sound::Lost;
         return progress;
     }
 
