@@ -89,16 +89,13 @@ struct FakeDevice final : SoundDevice
 };
 
 /// Takes 300 ms of sound for every piece, as loud as the number of characters said with it.
-struct FakeSynthesiser final : Synthesiser
+Speech hum(const SpokenPiece& piece, const std::function<bool()>&)
 {
-    Speech synthesise(const SpokenPiece& piece, const std::function<bool()>&) override
-    {
-        if (piece.words.front().text == "fail")
-            throw std::bad_alloc();
-        const auto level = static_cast<std::int16_t>(piece.words.front().end);
-        return {{{{0ms, level}}, {}, 300ms}, std::vector<std::int16_t>(300 * sampleRate / 1000, level)};
-    }
-};
+    if (piece.front().text == "fail")
+        throw std::bad_alloc();
+    const auto level = static_cast<std::int16_t>(piece.front().end);
+    return {{{{0ms, level}}, {}, 300ms}, std::vector<std::int16_t>(300 * sampleRate / 1000, level)};
+}
 
 struct Talk
 {
@@ -106,16 +103,17 @@ struct Talk
     {
         room->trouble = trouble;
         room->latency = latency;
-        speaker = makeSpeaker([] { return std::make_unique<FakeSynthesiser>(); },
-                              [given = room]() -> std::unique_ptr<SoundDevice> {
-                                  if (given->trouble == Trouble::NeverOpens)
-                                      given->sleepForEver();
-                                  if (given->trouble == Trouble::ThrowsOnOpening)
-                                      throw std::bad_alloc();
-                                  const bool missing = given->trouble == Trouble::Missing;
-                                  return missing ? nullptr : std::make_unique<FakeDevice>(given);
-                              },
-                              30ms);
+        speaker = makeSpeaker(
+            hum,
+            [given = room]() -> std::unique_ptr<SoundDevice> {
+                if (given->trouble == Trouble::NeverOpens)
+                    given->sleepForEver();
+                if (given->trouble == Trouble::ThrowsOnOpening)
+                    throw std::bad_alloc();
+                const bool missing = given->trouble == Trouble::Missing;
+                return missing ? nullptr : std::make_unique<FakeDevice>(given);
+            },
+            30ms);
     }
 
     /// Lets go the threads that hang.

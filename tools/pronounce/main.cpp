@@ -1,9 +1,8 @@
 // Shows how the host says texts, and which of their words he may get wrong.
 
-#include "voice/flite_synthesiser.h"
 #include "voice/respelling.h"
 #include "voice/spelling.h"
-#include "voice/text_reader.h"
+#include "voice/synthesiser.h"
 
 #include <CLI/CLI.hpp>
 
@@ -44,27 +43,24 @@ std::string soundsOfWritten(const std::string& word)
 {
     if (word == "A")
         return "ey1"; // the letter, not the article
-    if (word.ends_with("'s"))
-        return voice::soundsOf(voice::lower(word.substr(0, word.size() - 2))) + " 's";
-    return voice::soundsOf(voice::lower(word));
+    return voice::soundsOf(voice::stem(word)) + (word.ends_with("'s") ? " 's" : "");
 }
 
 void say(const std::vector<std::string>& paths)
 {
-    voice::TextReader reader;
     for (const std::string& path : paths)
-        forEachLine(path, [&](const std::string& line) {
-            for (const voice::SpokenWord& word : reader.words(QString::fromStdString(spokenPart(line)))) {
+        forEachLine(path, [](const std::string& line) {
+            for (const voice::SpokenWord& word :
+                 voice::spokenWords(QString::fromStdString(spokenPart(line)))) {
                 const std::string sounds = word.sounds.empty() ? soundsOfWritten(word.text) : word.sounds;
-                constexpr std::array marks = {"", ",", ",,", ".", "?"};
-                std::printf("%s[%s]%s ", word.text.c_str(), sounds.c_str(),
-                            marks.at(static_cast<std::size_t>(word.pause)));
+                std::cout << word.text << '[' << sounds << ']' << voice::markOf(word.pause) << ' ';
             }
-            std::puts("");
+            std::cout << '\n';
         });
 }
 
-/// The words of a dictionary, whose lines begin with them, and all that can be told from them.
+/// The words of a dictionary, whose lines begin with them, and all that can be
+/// told from them.
 class Known
 {
 public:
@@ -89,15 +85,12 @@ private:
 void listUnknown(const std::string& dictionary, const std::vector<std::string>& paths)
 {
     const Known known(dictionary);
-    voice::TextReader reader;
     std::map<std::string, std::string> places;
     for (const std::string& path : paths)
         forEachLine(path, [&](const std::string& line) {
             const std::string text = spokenPart(line);
-            for (const voice::SpokenWord& word : reader.words(QString::fromStdString(text))) {
-                std::string plain = voice::lower(word.text);
-                if (plain.ends_with("'s"))
-                    plain.resize(plain.size() - 2);
+            for (const voice::SpokenWord& word : voice::spokenWords(QString::fromStdString(text))) {
+                const std::string plain = voice::stem(word.text);
                 if (word.sounds.empty() && !known.has(plain))
                     places.emplace(plain, text);
             }
