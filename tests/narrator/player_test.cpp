@@ -35,7 +35,7 @@ TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
     const rig::Rig rig = sample::rig();
     for (const auto& row : table) {
         support::ScriptedSpeaker speaker;
-        speaker.opens = row.delay;
+        speaker.script.opens = row.delay;
         speaker.speech = {{{0ms, 100}}, {}, row.length};
         voice::Voice voice(row.length > 0ms ? &speaker : nullptr);
         Player player(
