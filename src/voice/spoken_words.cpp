@@ -43,8 +43,8 @@ struct Patterns
     QRegularExpression unit{R"( ?(%|[A-Za-z]+(?:/[hs])?)(?![A-Za-z]))"};
     QRegularExpression abbreviation{R"(([A-Za-z]++)(?<=[a-z])(?!')(\.?))"};
     QRegularExpression formula{R"((?:[A-Z][a-z]?){1,4}\d{1,4}(?:[A-Z][a-z]?\d{0,4}){0,8}(?![A-Za-z\d]))"};
-    QRegularExpression word{R"([A-Za-z]+(?:'[A-Za-z]+)*)"};
-    QRegularExpression foreign{word.pattern() + "[A-Za-z-]*"};
+    QRegularExpression word{R"([A-Za-z]++(?:'[A-Za-z]++)*+)"};
+    QRegularExpression foreign{word.pattern() + "[A-Za-z-]*+"};
     QRegularExpression initial{R"([A-Z]\. *([A-Za-z]+))"};
     QRegularExpression article{R"(A +[A-Za-z])"};
     QRegularExpression shout{R"([A-Z]{2,}(?: +[A-Z]+\b){3,60})"};
@@ -153,7 +153,7 @@ private:
         return true;
     }
 
-    // When a phrase is one:
+    // What a phrase may ask for:
 
     [[nodiscard]] bool attached() const { return attached_; }
     [[nodiscard]] bool loose() const { return !attached_; }
