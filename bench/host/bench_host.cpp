@@ -7,8 +7,6 @@
 #include "bench/server.h"
 #include "narrator/host.h"
 #include "toolkit/desktop_services.h"
-#include "voice/alsa_device.h"
-#include "voice/flite_synthesiser.h"
 #include "voice/speaker.h"
 
 #include <QApplication>
@@ -177,7 +175,7 @@ private:
         FirstPaint paint;
         qApp->installEventFilter(&paint);
         const Time start = SteadyClock::now();
-        speaker_ = voice::makeSpeaker(voice::makeFliteSynthesiser, [this] {
+        speaker_ = voice::makeSpeaker(voice::synthesise, [this] {
             std::unique_ptr<voice::SoundDevice> device = voice::openAlsaDevice();
             if (device)
                 device = std::make_unique<HeardDevice>(std::move(device), ear_);

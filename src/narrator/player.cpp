@@ -16,10 +16,7 @@ constexpr auto lidsFalling = 60ms;
 constexpr auto lidsShut = 100ms; ///< from here they rise
 constexpr auto blinkLength = 180ms;
 
-double sinceMs(std::chrono::milliseconds start, std::chrono::milliseconds now)
-{
-    return static_cast<double>((now - start).count());
-}
+using FineMs = std::chrono::duration<double, std::milli>;
 
 } // namespace
 
@@ -33,16 +30,6 @@ Player::Player(const rig::Rig& rig, voice::Voice& voice, std::function<double()>
       requestStart_(now),
       nextBlink_(now + 2s)
 {
-}
-
-void Player::play(const QString& gesture, Milliseconds now)
-{
-    add({false, gesture}, now);
-}
-
-void Player::speak(const QString& text, Milliseconds now)
-{
-    add({true, text}, now);
 }
 
 void Player::stop(Milliseconds now)
@@ -143,7 +130,7 @@ void Player::finish(Milliseconds time)
 
 void Player::turnTo(const rig::Gesture* gesture, Milliseconds time)
 {
-    motion_ = {gesture, rig::poseAt(rig_, motion_, sinceMs(motionStart_, time))};
+    motion_ = {gesture, rig::poseAt(rig_, motion_, FineMs(time - motionStart_).count())};
     motionStart_ = time;
 }
 
@@ -153,8 +140,8 @@ rig::Pose Player::pose(Milliseconds now)
         return motion_.gesture
                    ? rig::poseAt(rig_, {motion_.gesture, rig_.rest}, motion_.gesture->lengthMs / 2)
                    : rig_.rest;
-    rig::Pose pose = rig::poseAt(rig_, motion_, sinceMs(motionStart_, now));
-    rig::addSines(rig_, pose, static_cast<double>(now.count()));
+    rig::Pose pose = rig::poseAt(rig_, motion_, FineMs(now - motionStart_).count());
+    rig::addSines(rig_, pose, FineMs(now).count());
     rig::addGlance(rig_, pose, gaze_.at(now, motion_.gesture == nullptr, sights_));
     rig::closeLids(rig_, pose, lidsClosed(now));
     return pose;
@@ -166,10 +153,8 @@ double Player::lidsClosed(Milliseconds now)
         nextBlink_ = now + 2s + Milliseconds(static_cast<qint64>(random_() * 4000));
     if (now < nextBlink_)
         return 0;
-    const Milliseconds since = now - nextBlink_;
-    if (since < lidsFalling)
-        return sinceMs(0ms, since) / sinceMs(0ms, lidsFalling);
-    return since < lidsShut ? 1 : 1 - sinceMs(lidsShut, since) / sinceMs(lidsShut, blinkLength);
+    const FineMs since = now - nextBlink_;
+    return std::min({since / lidsFalling, 1.0, (blinkLength - since) / (blinkLength - lidsShut)});
 }
 
 std::chrono::milliseconds readingTime(const QString& text)

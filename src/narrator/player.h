@@ -32,8 +32,8 @@ public:
     /// `random` gives numbers from 0 up to 1; rig and voice must outlive the player.
     Player(const rig::Rig& rig, voice::Voice& voice, std::function<double()> random, Milliseconds now);
 
-    void play(const QString& gesture, Milliseconds now);
-    void speak(const QString& text, Milliseconds now);
+    void play(const QString& gesture, Milliseconds now) { add({false, gesture}, now); }
+    void speak(const QString& text, Milliseconds now) { add({true, text}, now); }
     void stop(Milliseconds now);
     /// Ends the text being said, if there is one; the next request begins.
     void skip(Milliseconds now);

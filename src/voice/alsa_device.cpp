@@ -1,5 +1,4 @@
-#include "voice/alsa_device.h"
-
+#include "voice/sound_device.h"
 #include "voice/synthesiser.h"
 
 #include <alsa/asoundlib.h>

@@ -1,4 +1,4 @@
-#include "voice/flite_synthesiser.h"
+#include "voice/synthesiser.h"
 
 #include "voice/respelling.h"
 #include "voice/spelling.h"
@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <memory>
 #include <string>
 
 extern "C" {
@@ -55,165 +56,110 @@ std::vector<WordTime> wordTimes(cst_utterance* utterance, const SpokenPiece& pie
 {
     std::vector<WordTime> times;
     const cst_item* token = relation_head(utt_relation(utterance, "Token"));
-    for (const SpokenWord& word : piece.words) {
+    for (const SpokenWord& word : piece) {
         Milliseconds start = times.empty() ? 0ms : times.back().start;
-        if (token) {
-            if (const cst_item* spoken = item_daughter(token)) {
-                start = std::max(start, fromSeconds(ffeature_float(
-                                            spoken, "R:SylStructure.daughter1.daughter1.R:Segment.p.end")));
-            }
-            token = item_next(token);
+        if (const cst_item* spoken = item_daughter(token)) {
+            start = std::max(start, fromSeconds(ffeature_float(
+                                        spoken, "R:SylStructure.daughter1.daughter1.R:Segment.p.end")));
         }
         times.push_back({start, word.end});
+        token = item_next(token);
     }
     return times;
 }
 
-/// Where the sound of the piece is to be cut: between the silences that the voice puts around it.
-struct Span
+/// The library's one voice, none if it cannot be had.
+cst_voice* theVoice()
 {
-    Milliseconds start{0};
-    Milliseconds end{0};
-};
-
-Span spoken(const std::vector<Segment>& segments, Pause pause, Milliseconds length)
-{
-    Span span{0ms, length};
-    if (segments.size() < 2)
-        return span;
-    if (segments.front().name == "pau")
-        span.start = std::max(segments.front().end - leadIn, Milliseconds(0));
-    if (segments.back().name == "pau" && pause == Pause::None)
-        span.end = std::clamp(segments[segments.size() - 2].end + leadIn, span.start, length);
-    return span;
-}
-
-cst_voice* makeVoice()
-{
-    flite_init();
-    return register_cmu_us_rms(nullptr);
-}
-
-/// The voice's words and ours. Those of ours that come up are handed to the library, which has but one
-/// lexicon.
-class Lexicon
-{
-public:
-    explicit Lexicon(cst_voice& voice)
-        : lexicon_(val_lexicon(feat_val(voice.features, "lexicon"))), respellings_(respellings())
-    {
-    }
-
-    void prepare(const SpokenWord& word)
-    {
-        std::string name = lower(word.text);
-        if (name.ends_with("'s")) // which the library takes for a word of its own
-            name.resize(name.size() - 2);
-        if (added(name))
-            return;
-        const auto found = respellings_.find(name);
-        const std::string sounds =
-            found == respellings_.end() ? word.sounds : soundsOfRespelling(found->second);
-        cst_val* entry =
-            sounds.empty() ? nullptr : cst_lex_make_entry(lexicon_, (name + " nil : " + sounds).c_str());
-        if (entry)
-            lexicon_->lex_addenda = cons_val(entry, lexicon_->lex_addenda);
-    }
-
-    [[nodiscard]] std::string sounds(const std::string& word) const
-    {
-        const cst_val* found = added(word);
-        cst_val* guessed = found ? nullptr : lex_lookup(lexicon_, word.c_str(), nullptr, nullptr);
-        std::string all;
-        for (const cst_val* sound = found ? val_cdr(val_cdr(found)) : guessed; sound; sound = val_cdr(sound))
-            all += (all.empty() ? "" : " ") + std::string(val_string(val_car(sound)));
-        delete_val(guessed);
-        return all;
-    }
-
-private:
-    /// An entry is the word, its part of speech and the sounds.
-    [[nodiscard]] const cst_val* added(const std::string& word) const
-    {
-        return val_assoc_string(word.c_str(), lexicon_->lex_addenda);
-    }
-
-    cst_lexicon* lexicon_;
-    std::unordered_map<std::string_view, std::string_view> respellings_;
-};
-
-class FliteSynthesiser final : public Synthesiser
-{
-public:
-    FliteSynthesiser() : voice_(makeVoice())
-    {
-        if (voice_) {
-            lexicon_.emplace(*voice_);
-            streaming_ = new_audio_streaming_info();
-            streaming_->asc = onSamples;
-            feat_set(voice_->features, "streaming_info", audio_streaming_info_val(streaming_));
+    static cst_voice* const voice = [] {
+        flite_init();
+        cst_voice* made = register_cmu_us_rms(nullptr);
+        if (made) {
+            cst_audio_streaming_info* streaming = new_audio_streaming_info();
+            streaming->asc = onSamples;
+            feat_set(made->features, "streaming_info", audio_streaming_info_val(streaming));
         }
-    }
+        return made;
+    }();
+    return voice;
+}
 
-    Speech synthesise(const SpokenPiece& piece, const std::function<bool()>& dropped) override
-    {
-        if (!voice_)
-            return {};
-        dropped_ = dropped;
-        streaming_->userdata = &dropped_;
-        for (const SpokenWord& word : piece.words)
-            lexicon_->prepare(word);
-        const std::unique_ptr<cst_utterance, decltype(&delete_utterance)> utterance(
-            flite_synth_text(piece.line().c_str(), voice_), &delete_utterance);
-        const cst_wave* wave = utterance && !dropped() ? utt_wave(utterance.get()) : nullptr;
-        if (!wave || wave->num_samples <= 0 || wave->sample_rate != sampleRate)
-            return {};
-        return speech(utterance.get(), *wave, piece);
-    }
+cst_lexicon& lexicon()
+{
+    return *val_lexicon(feat_val(theVoice()->features, "lexicon"));
+}
 
-private:
-    static Speech speech(cst_utterance* utterance, const cst_wave& wave, const SpokenPiece& piece)
-    {
-        const std::vector<Segment> segments = segmentsOf(utterance);
-        const Pause pause = piece.words.back().pause;
-        const Span span =
-            spoken(segments, pause, Milliseconds(std::int64_t{wave.num_samples} * 1000 / sampleRate));
-        Speech speech;
-        speech.times.words = wordTimes(utterance, piece);
-        speech.times.mouths = mouthsOf(segments);
-        const auto shifted = [&span](Milliseconds& time) {
-            time = std::max(time - span.start, Milliseconds(0));
-        };
-        for (WordTime& word : speech.times.words)
-            shifted(word.start);
-        for (MouthTime& mouth : speech.times.mouths)
-            shifted(mouth.start);
-        speech.times.length = span.end - span.start + breath(pause);
-        speech.samples.assign(wave.samples + samplesIn(span.start), wave.samples + samplesIn(span.end));
-        speech.samples.resize(samplesIn(speech.times.length));
-        return speech;
-    }
+/// What `prepare` has made of a word: the word, its part of speech and the sounds.
+const cst_val* added(const std::string& word)
+{
+    return val_assoc_string(word.c_str(), lexicon().lex_addenda);
+}
 
-    cst_voice* voice_;
-    std::optional<Lexicon> lexicon_;
-    cst_audio_streaming_info* streaming_ = nullptr;
-    std::function<bool()> dropped_;
-};
+/// Hands the word to the library if it is one of ours. The library has but one lexicon, and a list for what
+/// is added, which is kept short.
+void prepare(const SpokenWord& word)
+{
+    thread_local const WordTable ours = respellings();
+    const std::string name = stem(word.text);
+    if (added(name))
+        return;
+    const std::string_view respelling = entry(ours, name);
+    const std::string sounds = respelling.empty() ? word.sounds : soundsOfRespelling(respelling);
+    cst_val* made =
+        sounds.empty() ? nullptr : cst_lex_make_entry(&lexicon(), (name + " nil : " + sounds).c_str());
+    if (made)
+        lexicon().lex_addenda = cons_val(made, lexicon().lex_addenda);
+}
+
+/// Leaves out most of the silences that the voice puts around the piece.
+Speech cutOut(cst_utterance* utterance, const cst_wave& wave, const SpokenPiece& piece)
+{
+    const std::vector<Segment> segments = segmentsOf(utterance);
+    const Pause pause = piece.back().pause;
+    Milliseconds start{0};
+    Milliseconds end(std::int64_t{wave.num_samples} * 1000 / sampleRate);
+    if (segments.size() > 1 && segments.front().name == "pau")
+        start = std::max<Milliseconds>(segments.front().end - leadIn, 0ms);
+    if (segments.size() > 1 && segments.back().name == "pau" && pause == Pause::None)
+        end = std::clamp<Milliseconds>(segments[segments.size() - 2].end + leadIn, start, end);
+    Speech speech{{wordTimes(utterance, piece), mouthsOf(segments), end - start + breath(pause)}, {}};
+    for (WordTime& word : speech.times.words)
+        word.start = std::max<Milliseconds>(word.start - start, 0ms);
+    for (MouthTime& mouth : speech.times.mouths)
+        mouth.start = std::max<Milliseconds>(mouth.start - start, 0ms);
+    speech.samples.assign(wave.samples + samplesIn(start), wave.samples + samplesIn(end));
+    speech.samples.resize(samplesIn(speech.times.length));
+    return speech;
+}
 
 } // namespace
 
-std::unique_ptr<Synthesiser> makeFliteSynthesiser()
+Speech synthesise(const SpokenPiece& piece, const std::function<bool()>& dropped)
 {
-    return std::make_unique<FliteSynthesiser>();
+    if (!theVoice())
+        return {};
+    std::function<bool()> asked = dropped;
+    val_audio_streaming_info(feat_val(theVoice()->features, "streaming_info"))->userdata = &asked;
+    for (const SpokenWord& word : piece)
+        prepare(word);
+    const std::unique_ptr<cst_utterance, decltype(&delete_utterance)> utterance(
+        flite_synth_text(lineOf(piece).c_str(), theVoice()), &delete_utterance);
+    const cst_wave* wave = utterance && !dropped() ? utt_wave(utterance.get()) : nullptr;
+    if (!wave || wave->num_samples <= 0 || wave->sample_rate != sampleRate)
+        return {};
+    return cutOut(utterance.get(), *wave, piece);
 }
 
 std::string soundsOf(const std::string& word)
 {
-    static Lexicon lexicon(*makeVoice());
-    SpokenWord spoken;
-    spoken.text = word;
-    lexicon.prepare(spoken);
-    return lexicon.sounds(word);
+    prepare({word});
+    const cst_val* found = added(word);
+    cst_val* guessed = found ? nullptr : lex_lookup(&lexicon(), word.c_str(), nullptr, nullptr);
+    std::string all;
+    for (const cst_val* sound = found ? val_cdr(val_cdr(found)) : guessed; sound; sound = val_cdr(sound))
+        all += (all.empty() ? "" : " ") + std::string(val_string(val_car(sound)));
+    delete_val(guessed);
+    return all;
 }
 
 } // namespace voice

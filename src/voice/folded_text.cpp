@@ -1,10 +1,12 @@
 #include "voice/folded_text.h"
 
+#include <unicode/translit.h>
 #include <unicode/uchar.h>
 #include <unicode/uscript.h>
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <stdexcept>
 #include <string_view>
 
@@ -16,11 +18,11 @@ constexpr std::size_t longestForeign = 30; ///< of the letters of a word
 
 struct Folded
 {
-    char32_t character;
+    UChar32 character;
     std::string_view letters;
 };
 
-/// What is said, or means something else than ICU writes for it, in ascending order.
+/// What is said, or means something else than ICU writes for it.
 constexpr std::array table = {
     Folded{U'#', " number "},
     Folded{U'$', "#D"},
@@ -49,7 +51,6 @@ constexpr std::array table = {
     Folded{U'\u2264', " at most "},
     Folded{U'\u2265', " at least "},
 };
-static_assert(std::ranges::is_sorted(table, {}, &Folded::character));
 
 /// Letters as ICU writes all scripts, to those that respellings.txt explains. The aspirated consonants of
 /// India have no sound of their own here.
@@ -110,37 +111,36 @@ bool dropsLastVowel(UChar32 character)
            script == USCRIPT_GURMUKHI;
 }
 
-} // namespace
-
-std::string TextFolder::lettersOf(UChar32 character)
+/// What ICU writes for a character.
+std::string inAscii(UChar32 character)
 {
     if (const int digit = u_charDigitValue(character); digit >= 0)
         return std::to_string(digit);
     if (u_isUWhiteSpace(character))
         return " ";
+    thread_local const auto latin = transliterator(":: Any-Latin; :: NFKD; :: Latin-ASCII; [:^ASCII:] > ;");
     icu::UnicodeString text(character);
-    if (!latin_)
-        latin_ = transliterator(":: Any-Latin; :: NFKD; :: Latin-ASCII; [:^ASCII:] > ;");
-    latin_->transliterate(text);
+    latin->transliterate(text);
     std::string result = written(text);
     std::erase_if(result, [](char c) { return c == '#' || c == '$' || c < ' '; });
     return result;
 }
 
-std::string TextFolder::respelled(icu::UnicodeString word)
+std::string respelled(icu::UnicodeString word)
 {
-    if (!sounds_)
-        sounds_ = transliterator(soundRules);
+    thread_local const auto sounds = transliterator(soundRules);
     const bool consonant = u_charType(word.char32At(word.length() - 1)) == U_OTHER_LETTER;
     const bool drops = consonant && word.countChar32() > 1 && dropsLastVowel(word.char32At(0));
-    sounds_->transliterate(word);
+    sounds->transliterate(word);
     std::string result = written(word);
     if (drops && result.ends_with("aa"))
         result.resize(result.size() - 2);
     return result.substr(0, longestForeign);
 }
 
-FoldedText TextFolder::fold(const QString& text)
+} // namespace
+
+FoldedText fold(const QString& text)
 {
     FoldedText folded;
     const icu::UnicodeString characters(false, reinterpret_cast<const char16_t*>(text.utf16()),
@@ -148,9 +148,8 @@ FoldedText TextFolder::fold(const QString& text)
     for (int i = 0; i < characters.length();) {
         const UChar32 character = characters.char32At(i);
         int next = characters.moveIndex32(i, 1);
-        const auto* const found =
-            std::ranges::lower_bound(table, static_cast<char32_t>(character), {}, &Folded::character);
-        if (found != table.end() && found->character == static_cast<char32_t>(character)) {
+        const auto* const found = std::ranges::find(table, character, &Folded::character);
+        if (found != table.end()) {
             folded.letters += found->letters;
         } else if (character < 0x80) {
             folded.letters += character < 0x20 || character == 0x7f ? ' ' : static_cast<char>(character);
@@ -160,7 +159,7 @@ FoldedText TextFolder::fold(const QString& text)
             folded.letters += foreignMark;
             folded.letters += respelled(characters.tempSubStringBetween(i, next));
         } else {
-            folded.letters += lettersOf(character);
+            folded.letters += inAscii(character);
         }
         i = next;
         folded.ends.resize(folded.letters.size(), i);

@@ -2,9 +2,6 @@
 
 #include <QString>
 
-#include <unicode/translit.h>
-
-#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,23 +16,11 @@ inline constexpr std::string_view foreignMark = "zq";
 struct FoldedText
 {
     std::string letters;
-    std::vector<qsizetype> ends; ///< for each letter, where the character it stands for ends in the text
+    std::vector<qsizetype> ends; ///< for each letter, where the character it
+                                 ///< stands for ends in the text
 };
 
-/// Folds texts. The rules for other scripts take some 50 ms to be made, when the first word of them comes.
-class TextFolder
-{
-public:
-    [[nodiscard]] FoldedText fold(const QString& text);
-
-private:
-    using Transliterator = std::unique_ptr<icu::Transliterator>;
-
-    [[nodiscard]] std::string lettersOf(UChar32 character);
-    [[nodiscard]] std::string respelled(icu::UnicodeString word);
-
-    Transliterator latin_;
-    Transliterator sounds_;
-};
+/// The rules for other scripts take some 50 ms to be made, when the first word of them comes.
+[[nodiscard]] FoldedText fold(const QString& text);
 
 } // namespace voice

@@ -1,5 +1,6 @@
 #include "voice/mouths.h"
 
+#include <algorithm>
 #include <array>
 
 namespace voice {
@@ -10,13 +11,6 @@ namespace {
 
 constexpr auto leastTime = 60ms;
 constexpr int changePercent = 55; ///< of a two-part vowel's time
-
-struct Phone
-{
-    std::string_view name;
-    mouth::Shape first;
-    std::optional<mouth::Shape> second = std::nullopt;
-};
 
 using enum mouth::Shape;
 
@@ -40,12 +34,10 @@ bool mustShow(mouth::Shape shape)
 
 } // namespace
 
-std::optional<SoundShapes> shapesOf(std::string_view segment)
+Phone phoneOf(std::string_view name)
 {
-    for (const Phone& row : rows)
-        if (row.name == segment)
-            return SoundShapes{row.first, row.second};
-    return {};
+    const auto* const found = std::ranges::find(rows, name, &Phone::name);
+    return found == rows.end() ? Phone() : *found;
 }
 
 std::vector<MouthTime> mouthsOf(const std::vector<Segment>& segments)
@@ -57,7 +49,7 @@ std::vector<MouthTime> mouthsOf(const std::vector<Segment>& segments)
     };
     std::chrono::milliseconds start{0};
     for (const Segment& segment : segments) {
-        const SoundShapes shapes = shapesOf(segment.name).value_or(SoundShapes());
+        const Phone shapes = phoneOf(segment.name);
         add(start, shapes.first);
         if (shapes.second)
             add(start + (segment.end - start) * changePercent / 100, *shapes.second);

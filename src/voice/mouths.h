@@ -25,14 +25,15 @@ struct MouthTime
     bool operator==(const MouthTime&) const = default;
 };
 
-/// The shapes of one sound, the second one only where it changes; none for a name that is not
-/// known.
-struct SoundShapes
+/// The shapes of a sound, the second one only where it changes.
+struct Phone
 {
+    std::string_view name;
     mouth::Shape first = mouth::Shape::E;
-    std::optional<mouth::Shape> second;
+    std::optional<mouth::Shape> second = std::nullopt;
 };
-[[nodiscard]] std::optional<SoundShapes> shapesOf(std::string_view segment);
+/// Those of an E for a name that is not known.
+[[nodiscard]] Phone phoneOf(std::string_view name);
 
 /// The shapes of a row of sounds, without repetitions and without those too short to be seen; closed
 /// lips are always kept.

@@ -71,13 +71,11 @@ std::string soundsOfRespelling(std::string_view respelling)
     std::size_t marked = 0; ///< sounds before the mark of the stress
     while (!respelling.empty()) {
         const Sign* sign = firstSign(respelling);
-        if (!sign) {
-            marked = respelling[0] == '\'' ? sounds.size() : marked;
-            respelling.remove_prefix(1);
-        } else {
+        if (sign)
             sounds.push_back(sign->sounds);
-            respelling.remove_prefix(sign->letters.size());
-        }
+        else if (respelling[0] == '\'')
+            marked = sounds.size();
+        respelling.remove_prefix(sign ? sign->letters.size() : 1);
     }
     auto stress = std::find_if(sounds.begin() + marked, sounds.end(), isVowel);
     if (marked == 0)

@@ -28,4 +28,7 @@ public:
 /// Opens the device; none if there is none.
 using SoundDeviceFactory = std::function<std::unique_ptr<SoundDevice>()>;
 
+/// Opens ALSA's device "default".
+[[nodiscard]] std::unique_ptr<SoundDevice> openAlsaDevice();
+
 } // namespace voice

@@ -1,7 +1,5 @@
 #include "voice/sound_threads.h"
 
-#include "voice/text_reader.h"
-
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -84,20 +82,19 @@ private:
     bool play()
     {
         silent_ = state_.muted;
-        written_ = text_ = padding_ = tail_ = 0;
+        written_ = text_ = padding_ = 0;
         position_ = 0ms;
         start_ = SteadyClock::now();
         while (current()) {
             SpokenText& text = state_.text;
-            const bool rest = text.piece < text.made.size();
             if (state_.muted != silent_) {
                 if (!turnMute())
                     return false;
-            } else if (spanOf(written_) > elapsed() + mostWritten) {
+            } else if (spanOf(written_) > since(start_) + mostWritten) {
                 state_.changed.wait_for(lock_, 20ms);
-            } else if (padding_ == 0 && !rest && !text.complete()) {
+            } else if (padding_ == 0 && text.samples.empty() && !text.complete) {
                 state_.changed.wait(lock_);
-            } else if (!rest && position_ >= spanOf(text_) + tail) {
+            } else if (text.samples.empty() && position_ >= spanOf(text_) + tail) {
                 text.heard = true;
                 text.audible = false;
             } else if (!writeChunk()) {
@@ -115,8 +112,6 @@ private:
             padding_ -= count = std::min(padding_, chunkSamples);
         else if (state_.playable())
             text_ += count = take(chunk);
-        else
-            tail_ += count;
         written_ += count;
         std::optional<Milliseconds> delay;
         call([&] {
@@ -130,7 +125,7 @@ private:
 
     void publish(Milliseconds delay)
     {
-        position_ = std::min(spanOf(text_ + tail_) - spanOf(padding_) - delay, elapsed());
+        position_ = std::min(spanOf(written_) - delay, since(start_));
         if (!current())
             return;
         SpokenText& text = state_.text;
@@ -144,17 +139,11 @@ private:
 
     std::size_t take(std::array<std::int16_t, chunkSamples>& chunk)
     {
-        SpokenText& text = state_.text;
-        std::vector<std::int16_t>& samples = text.made[text.piece].samples;
-        const std::size_t count = std::min(chunk.size(), samples.size() - text.sample);
+        std::deque<std::int16_t>& samples = state_.text.samples;
+        const auto count = std::min<std::ptrdiff_t>(chunk.size(), std::ssize(samples));
         if (!silent_)
-            std::copy_n(samples.begin() + text.sample, count, chunk.begin());
-        text.sample += count;
-        if (text.sample == samples.size()) {
-            std::vector<std::int16_t>().swap(samples);
-            ++text.piece;
-            text.sample = 0;
-        }
+            std::copy_n(samples.begin(), count, chunk.begin());
+        samples.erase(samples.begin(), samples.begin() + count);
         return count;
     }
 
@@ -175,20 +164,14 @@ private:
         return done;
     }
 
-    [[nodiscard]] Milliseconds elapsed() const
-    {
-        return std::chrono::duration_cast<Milliseconds>(SteadyClock::now() - start_);
-    }
-
     SoundState& state_;
     std::unique_lock<std::mutex> lock_;
     std::unique_ptr<SoundDevice> device_;
-    Ticket ticket_ = 0;
+    Speaker::Ticket ticket_ = 0;
     SteadyClock::time_point start_; ///< of the text, as all that follows
     bool silent_ = false;
-    std::size_t written_ = 0;  ///< samples in all, which are
-    std::size_t text_ = 0;     ///< samples of the text and
-    std::size_t tail_ = 0;     ///< silence behind it
+    std::size_t written_ = 0;  ///< samples in all,
+    std::size_t text_ = 0;     ///< and those of them that the text has
     std::size_t padding_ = 0;  ///< silence still to be written in the midst of it
     Milliseconds position_{0}; ///< what is heard now
 };
@@ -197,14 +180,12 @@ private:
 
 bool SoundState::due() const
 {
-    return !text.complete() && text.madeLength - std::max(text.reached, text.played) < mostMade;
+    return !text.complete && text.madeLength - std::max(text.reached, text.played) < mostMade;
 }
 
 void makeSpeech(const std::shared_ptr<SoundState>& state)
 {
     std::unique_lock lock(state->mutex);
-    std::unique_ptr<TextReader> reader;
-    std::unique_ptr<Synthesiser> synthesiser;
     for (;;) {
         if (!state->due()) {
             lock.unlock();
@@ -215,35 +196,32 @@ void makeSpeech(const std::shared_ptr<SoundState>& state)
         if (state->ended)
             return;
         SpokenText& text = state->text;
-        const Ticket ticket = state->current;
-        std::vector<SpokenPiece> pieces;
-        if (text.cut)
-            pieces.push_back(std::move(text.pieces[text.made.size()]));
-        const QString words = std::move(text.text);
+        const Speaker::Ticket ticket = state->current;
+        const QString uncut = std::exchange(text.text, {});
+        std::deque<SpokenPiece> pieces = std::move(text.pieces);
         lock.unlock();
-        std::optional<Speech> speech;
+        Speech speech;
+        bool made = false;
         try {
-            if (!synthesiser) {
-                synthesiser = state->makeSynthesiser();
-                reader = std::make_unique<TextReader>();
-            }
             if (pieces.empty())
-                pieces = spokenPieces(reader->words(words));
-            if (!pieces.empty())
-                speech = synthesiser->synthesise(pieces.front(), [&] { return state->current != ticket; });
+                pieces = spokenPieces(spokenWords(uncut));
+            if (!pieces.empty()) {
+                speech = state->synthesiser(pieces.front(), [&] { return state->current != ticket; });
+                pieces.pop_front();
+                made = true;
+            }
         } catch (...) {
-            speech.reset();
+            pieces.clear();
         }
         lock.lock();
         if (state->current != ticket)
             continue;
-        if (!std::exchange(text.cut, true))
-            text.pieces = std::move(pieces);
-        if (speech) {
-            text.madeLength += speech->times.length;
-            text.made.push_back(std::move(*speech));
-        } else {
-            text.pieces.resize(text.made.size());
+        text.complete = pieces.empty();
+        text.pieces = std::move(pieces);
+        if (made) {
+            text.madeLength += speech.times.length;
+            text.samples.insert(text.samples.end(), speech.samples.begin(), speech.samples.end());
+            text.made.push_back(std::move(speech.times));
         }
         state->changed.notify_all();
     }

@@ -1,57 +1,45 @@
 #pragma once
 
-#include "voice/sound_device.h"
-#include "voice/synthesiser.h"
-
-#include <QString>
+#include "voice/speaker.h"
 
 #include <atomic>
-#include <chrono>
 #include <condition_variable>
-#include <cstdint>
-#include <memory>
+#include <deque>
 #include <mutex>
 #include <optional>
-#include <vector>
 
 namespace voice {
-
-/// Stands for one text; there is none with the same number.
-using Ticket = std::uint64_t;
 
 /// A text on its way through both threads.
 struct SpokenText
 {
-    QString text;
-    bool cut = true; ///< into pieces
-    std::vector<SpokenPiece> pieces;
-    std::vector<Speech> made; ///< of the first of them; their samples go when they have been played
+    QString text;                   ///< not yet cut into pieces
+    std::deque<SpokenPiece> pieces; ///< to be made
+    bool complete = true;           ///< all have been made
+    std::vector<SpeechTimes> made;
+    std::deque<std::int16_t> samples; ///< made and not yet played
     std::chrono::milliseconds madeLength{0};
     std::chrono::milliseconds reached{0}; ///< by those who follow the text
 
-    bool audible = true;    ///< is to be heard
-    bool heard = false;     ///< to its end
-    std::size_t piece = 0;  ///< whose samples are written next,
-    std::size_t sample = 0; ///< beginning with this one
-    bool taken = false;     ///< the device has accepted samples
+    bool audible = true; ///< is to be heard
+    bool heard = false;  ///< to its end
+    bool taken = false;  ///< the device has accepted samples
     std::chrono::milliseconds written{0};
     std::chrono::milliseconds played{0};        ///< negative while the first sample is on its way
     std::chrono::steady_clock::time_point seen; ///< when `played` was right
-
-    [[nodiscard]] bool complete() const { return cut && made.size() == pieces.size(); }
 };
 
 /// What the threads and the speaker all see, under the mutex but for `current`. That is never held during a
 /// call of the synthesiser or of the device.
 struct SoundState
 {
-    SynthesiserFactory makeSynthesiser;
+    Synthesiser synthesiser;
     SoundDeviceFactory openDevice;
     std::chrono::milliseconds keepDevice{0};
 
     std::mutex mutex;
     std::condition_variable changed;
-    std::atomic<Ticket> current{0}; ///< of the text
+    std::atomic<Speaker::Ticket> current{0}; ///< of the text; there is none with the same number
     SpokenText text;
     bool muted = false;
     bool ended = false;
@@ -60,8 +48,13 @@ struct SoundState
 
     /// There is something to be made, and it is not too early for it.
     [[nodiscard]] bool due() const;
-    [[nodiscard]] bool playable() const { return text.audible && text.piece < text.made.size(); }
+    [[nodiscard]] bool playable() const { return text.audible && !text.samples.empty(); }
 };
+
+[[nodiscard]] inline std::chrono::milliseconds since(std::chrono::steady_clock::time_point start)
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
+}
 
 /// The bodies of the two threads, until `ended`.
 void makeSpeech(const std::shared_ptr<SoundState>& state);

@@ -1,7 +1,5 @@
 #include "voice/speaker.h"
 
-#include "voice/alsa_device.h"
-#include "voice/flite_synthesiser.h"
 #include "voice/sound_threads.h"
 
 #include <algorithm>
@@ -20,18 +18,13 @@ namespace {
 constexpr auto patience = 500ms;   ///< with a call of a device that has taken nothing of the text yet,
 constexpr auto endurance = 5000ms; ///< and with one that has: it may have much of it still to play
 
-Milliseconds since(SteadyClock::time_point start)
-{
-    return std::chrono::duration_cast<Milliseconds>(SteadyClock::now() - start);
-}
-
 class ThreadedSpeaker final : public Speaker
 {
 public:
-    ThreadedSpeaker(SynthesiserFactory synthesiser, SoundDeviceFactory device, Milliseconds keepDevice)
+    ThreadedSpeaker(Synthesiser synthesiser, SoundDeviceFactory device, Milliseconds keepDevice)
         : state_(std::make_shared<SoundState>())
     {
-        state_->makeSynthesiser = std::move(synthesiser);
+        state_->synthesiser = std::move(synthesiser);
         state_->openDevice = std::move(device);
         state_->keepDevice = keepDevice;
     }
@@ -55,7 +48,7 @@ public:
         const std::lock_guard lock(state_->mutex);
         SpokenText spoken;
         spoken.text = QString(text.constData(), text.size()); // shares nothing with this thread
-        spoken.cut = false;
+        spoken.complete = false;
         return renew(std::move(spoken));
     }
 
@@ -84,17 +77,16 @@ public:
         text.reached = reached;
         if (state_->due())
             state_->changed.notify_all();
-        Progress progress{{}, text.complete(), Sound::Waiting};
-        for (std::size_t i = known; i < text.made.size(); ++i)
-            progress.fresh.push_back(text.made[i].times);
+        const auto fresh = text.made.begin() + std::min(known, text.made.size());
+        Progress progress{{fresh, text.made.end()}, text.complete, Sound::Waiting};
         const bool stuck = state_->calling && since(*state_->calling) > (text.taken ? endurance : patience);
         const Milliseconds played = std::min(text.written, text.played + since(text.seen));
-        if (text.taken && played >= 0ms) {
+        if (!text.heard && (stuck || !text.audible)) {
+            progress.sound = Sound::Lost;
+        } else if (text.taken && played >= 0ms) {
             progress.sound = Sound::Playing;
             progress.played = played;
         }
-        if (!text.heard && (stuck || !text.audible))
-            progress.sound = Sound::Lost;
         return progress;
     }
 
@@ -125,7 +117,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Speaker> makeSpeaker(SynthesiserFactory synthesiser, SoundDeviceFactory device,
+std::unique_ptr<Speaker> makeSpeaker(Synthesiser synthesiser, SoundDeviceFactory device,
                                      Milliseconds keepDevice)
 {
     auto speaker = std::make_unique<ThreadedSpeaker>(std::move(synthesiser), std::move(device), keepDevice);
@@ -139,7 +131,7 @@ std::unique_ptr<Speaker> makeSpeaker(SynthesiserFactory synthesiser, SoundDevice
 
 std::unique_ptr<Speaker> makeSpeaker()
 {
-    return makeSpeaker(makeFliteSynthesiser, openAlsaDevice);
+    return makeSpeaker(synthesise, openAlsaDevice);
 }
 
 } // namespace voice

@@ -53,11 +53,11 @@ public:
     [[nodiscard]] virtual bool muted() const = 0;
 };
 
-/// A speaker on two threads, one for the synthesiser and one for the sound device, which the factories are
-/// called on. They are left to themselves when the speaker goes. The device is given back when nothing has
-/// been played for `keepDevice`. None if the threads cannot be started.
+/// A speaker on two threads, one for the synthesiser and one for the sound device, which they are called on.
+/// They are left to themselves when the speaker goes. The device is given back when nothing has been played
+/// for `keepDevice`. None if the threads cannot be started.
 [[nodiscard]] std::unique_ptr<Speaker>
-makeSpeaker(SynthesiserFactory synthesiser, SoundDeviceFactory device,
+makeSpeaker(Synthesiser synthesiser, SoundDeviceFactory device,
             std::chrono::milliseconds keepDevice = std::chrono::seconds(3));
 
 /// The host's voice on the machine's sound. There may be one at a time.

@@ -1,23 +1,19 @@
 #pragma once
 
-#include "voice/spoken_word.h"
+#include "voice/spoken_words.h"
 
-#include <string>
-#include <vector>
+#include <deque>
 
 namespace voice {
 
 /// What the voice says in one go.
-struct SpokenPiece
-{
-    std::vector<SpokenWord> words;
+using SpokenPiece = std::vector<SpokenWord>;
 
-    /// As the synthesiser wants it: words and marks with single blanks between.
-    [[nodiscard]] std::string line() const;
-};
+/// As the synthesiser wants it: words and marks with single blanks between.
+[[nodiscard]] std::string lineOf(const SpokenPiece& piece);
 
-/// Cuts a speech at the ends of its sentences and, where one is long, within it. The first piece is a
-/// short one, so that the voice is soon heard.
-[[nodiscard]] std::vector<SpokenPiece> spokenPieces(std::vector<SpokenWord> words);
+/// Cuts a speech at the ends of its sentences and, where one is long, within it. The first piece is a short
+/// one, so that the voice is soon heard.
+[[nodiscard]] std::deque<SpokenPiece> spokenPieces(const std::vector<SpokenWord>& words);
 
 } // namespace voice

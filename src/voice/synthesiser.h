@@ -7,7 +7,6 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <vector>
 
 namespace voice {
@@ -41,19 +40,13 @@ struct Speech
     std::vector<std::int16_t> samples; ///< as long as the times say
 };
 
-/// Turns words into sound. Used by one thread only.
-class Synthesiser
-{
-public:
-    Synthesiser() = default;
-    Synthesiser(const Synthesiser&) = delete;
-    Synthesiser& operator=(const Synthesiser&) = delete;
-    virtual ~Synthesiser() = default;
+/// Turns words into sound. Used by one thread only. May come back early with anything once `dropped` says so.
+using Synthesiser = std::function<Speech(const SpokenPiece& piece, const std::function<bool()>& dropped)>;
 
-    /// May come back early with anything once `dropped` says so.
-    virtual Speech synthesise(const SpokenPiece& piece, const std::function<bool()>& dropped) = 0;
-};
+/// libflite with its voice rms. One thread of the program may use it: the library's state is global.
+[[nodiscard]] Speech synthesise(const SpokenPiece& piece, const std::function<bool()>& dropped);
 
-using SynthesiserFactory = std::function<std::unique_ptr<Synthesiser>()>;
+/// The sounds that libflite's voice says a word with, in its own names.
+[[nodiscard]] std::string soundsOf(const std::string& word);
 
 } // namespace voice

@@ -53,14 +53,7 @@ SpeechTimes readingTimes(const QString& text)
 void Voice::say(const QString& text, Milliseconds now)
 {
     hush();
-    text_ = text;
-    asked_ = now;
-    times_ = {};
-    pieces_ = 0;
-    complete_ = false;
-    seen_.reset();
-    waited_ = time_ = 0ms;
-    course_ = Course::Coming;
+    talk_ = {text, now, Course::Coming};
     if (speaker_)
         ticket_ = speaker_->start(text);
     else
@@ -69,115 +62,102 @@ void Voice::say(const QString& text, Milliseconds now)
 
 void Voice::hush()
 {
-    if (speaker_ && course_ != Course::None)
+    if (speaker_ && talk_.course != Course::None)
         speaker_->stop(ticket_);
-    course_ = Course::None;
+    talk_ = {};
 }
 
 Moment Voice::at(Milliseconds now)
 {
     follow(now);
-    if (course_ == Course::None || course_ == Course::Coming)
-        return {};
-    if (course_ == Course::Over)
-        return {begun_, over_, text_.size(), mouth::Shape::Rest};
-    Moment moment;
-    moment.begun = begun_;
-    if (const WordTime* word = entryAt(times_.words, time_ + lead))
+    Moment moment{talk_.begun, talk_.over};
+    if (talk_.over)
+        moment.said = talk_.text.size();
+    if (!talk_.begun || talk_.over)
+        return moment;
+    const Milliseconds ahead = talk_.time + lead;
+    if (const WordTime* word = entryAt(talk_.times.words, ahead))
         moment.said = word->end;
-    const MouthTime* mouth = entryAt(times_.mouths, time_ + lead);
-    if (mouth && time_ + lead < times_.length)
+    const MouthTime* mouth = entryAt(talk_.times.mouths, ahead);
+    if (mouth && ahead < talk_.times.length)
         moment.mouth = mouth->shape;
     return moment;
 }
 
 void Voice::follow(Milliseconds now)
 {
-    if (course_ == Course::None || course_ == Course::Over)
+    if (talk_.course == Course::None || talk_.over)
         return;
-    if (!seen_ && course_ == Course::Coming && now - asked_ > leap)
-        read(asked_);
-    waited_ += std::min(now - seen_.value_or(now), longestLook);
-    seen_ = now;
+    if (!talk_.seen && talk_.course == Course::Coming && now - talk_.asked > leap)
+        read(talk_.asked);
+    talk_.waited += std::min(now - talk_.seen.value_or(now), longestLook);
+    talk_.seen = now;
     Speaker::Progress progress;
-    if (course_ != Course::Unheard || !complete_) {
-        progress = speaker_->progress(ticket_, pieces_, time_);
+    if (talk_.course != Course::Unheard || !talk_.complete) {
+        progress = speaker_->progress(ticket_, talk_.pieces, talk_.time);
         for (const SpeechTimes& piece : progress.fresh)
             append(piece);
-        complete_ = progress.complete;
+        talk_.complete = progress.complete;
     }
-    if (course_ == Course::Coming)
-        await(progress, now);
-    else if (course_ == Course::Heard && progress.sound == Speaker::Sound::Lost)
-        goOnUnheard(now);
-    else
-        advance(course_ == Course::Heard ? std::max(time_, progress.played) : now - origin_, now);
+    if (talk_.course == Course::Coming && !begins(progress, now))
+        return;
+    if (talk_.course == Course::Heard && progress.sound == Speaker::Sound::Lost) {
+        speaker_->giveUpSound(ticket_);
+        talk_.course = Course::Unheard;
+        talk_.origin = now - talk_.time;
+    }
+    advance(talk_.course == Course::Heard ? std::max(talk_.time, progress.played) : now - talk_.origin, now);
 }
 
-/// Begins as soon as there is something to say and it is heard, or will not be.
-void Voice::await(const Speaker::Progress& progress, Milliseconds now)
+/// As soon as there is something to say and it is heard, or will not be.
+bool Voice::begins(const Speaker::Progress& progress, Milliseconds now)
 {
-    if (times_.length == 0ms) {
-        if (complete_ || waited_ > mostWaiting) {
-            read(now);
-            advance(0ms, now);
-        }
-    } else if (progress.sound == Speaker::Sound::Playing) {
+    const bool nothing = talk_.times.length == 0ms;
+    if (nothing && (talk_.complete || talk_.waited > mostWaiting))
+        read(now);
+    else if (!nothing && progress.sound != Speaker::Sound::Waiting)
         begin(Course::Heard, now - progress.played);
-        advance(progress.played, now);
-    } else if (progress.sound == Speaker::Sound::Lost) {
-        begin(Course::Unheard, now);
-        goOnUnheard(now);
-    }
+    return talk_.begun.has_value();
 }
 
 void Voice::begin(Course course, Milliseconds start)
 {
-    course_ = course;
-    origin_ = start;
-    begun_ = start + (times_.words.empty() ? 0ms : times_.words.front().start);
-}
-
-void Voice::goOnUnheard(Milliseconds now)
-{
-    speaker_->giveUpSound(ticket_);
-    course_ = Course::Unheard;
-    origin_ = now - time_;
-    advance(time_, now);
+    talk_.course = course;
+    talk_.origin = start;
+    talk_.begun = start + (talk_.times.words.empty() ? 0ms : talk_.times.words.front().start);
 }
 
 void Voice::read(Milliseconds start)
 {
     if (speaker_)
         speaker_->stop(ticket_);
-    times_ = readingTimes(text_);
-    complete_ = true;
+    talk_.times = readingTimes(talk_.text);
+    talk_.complete = true;
     begin(Course::Unheard, start);
 }
 
 void Voice::append(const SpeechTimes& piece)
 {
+    SpeechTimes& times = talk_.times;
     for (const WordTime& word : piece.words)
-        times_.words.push_back({times_.length + word.start, word.end});
+        times.words.push_back({times.length + word.start, word.end});
     for (const MouthTime& mouth : piece.mouths)
-        times_.mouths.push_back({times_.length + mouth.start, mouth.shape});
-    times_.length += piece.length;
-    ++pieces_;
+        times.mouths.push_back({times.length + mouth.start, mouth.shape});
+    times.length += piece.length;
+    ++talk_.pieces;
 }
 
 void Voice::advance(Milliseconds time, Milliseconds now)
 {
-    time_ = std::min(time, times_.length);
-    if (time_ < times_.length) {
-        waited_ = 0ms;
+    talk_.time = std::min(time, talk_.times.length);
+    if (talk_.time < talk_.times.length) {
+        talk_.waited = 0ms;
         return;
     }
-    if (course_ == Course::Unheard && !complete_)
-        origin_ = now - time_; // the text stands still until the next piece has been made
-    if (complete_ || waited_ > mostWaiting) {
-        over_ = course_ == Course::Unheard ? origin_ + time_ : now;
-        course_ = Course::Over;
-    }
+    if (talk_.course == Course::Unheard && !talk_.complete)
+        talk_.origin = now - talk_.time; // the text stands still until the next piece has been made
+    if (talk_.complete || talk_.waited > mostWaiting)
+        talk_.over = talk_.course == Course::Unheard ? talk_.origin + talk_.time : now;
 }
 
 Milliseconds readingPace(qsizetype characters)

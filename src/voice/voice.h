@@ -39,35 +39,39 @@ public:
 
 private:
     enum class Course {
-        None,    ///< nothing is being said
-        Coming,  ///< not begun yet
-        Heard,   ///< follows what is heard
-        Unheard, ///< goes with the clock
-        Over
+        None,   ///< nothing is being said
+        Coming, ///< not begun yet
+        Heard,  ///< follows what is heard
+        Unheard ///< goes with the clock
+    };
+
+    /// A text and how far it has come.
+    struct Talk
+    {
+        QString text;
+        Milliseconds asked{0}; ///< when the text was given
+        Course course = Course::None;
+        SpeechTimes times{};                 ///< of the pieces made so far, one behind the other
+        std::size_t pieces = 0;              ///< that they are made of
+        bool complete = false;               ///< no piece is missing
+        std::optional<Milliseconds> seen{};  ///< when it was followed last
+        Milliseconds waited{0};              ///< for a piece, while somebody looked
+        Milliseconds time{0};                ///< how far the text has been said
+        Milliseconds origin{0};              ///< when `time` was 0, if the text is not heard
+        std::optional<Milliseconds> begun{}; ///< when the first word was
+        std::optional<Milliseconds> over{};  ///< when the last word was
     };
 
     void follow(Milliseconds now);
-    void await(const Speaker::Progress& progress, Milliseconds now);
+    [[nodiscard]] bool begins(const Speaker::Progress& progress, Milliseconds now);
     void begin(Course course, Milliseconds start);
-    void goOnUnheard(Milliseconds now);
     void read(Milliseconds start);
     void append(const SpeechTimes& piece);
     void advance(Milliseconds time, Milliseconds now);
 
     Speaker* speaker_;
     Speaker::Ticket ticket_ = 0;
-    Course course_ = Course::None;
-    QString text_;
-    SpeechTimes times_;                ///< of the pieces made so far, one behind the other
-    std::size_t pieces_ = 0;           ///< that they are made of
-    bool complete_ = false;            ///< no piece is missing
-    Milliseconds asked_{0};            ///< when the text was given
-    std::optional<Milliseconds> seen_; ///< when it was followed last
-    Milliseconds waited_{0};           ///< for a piece, while somebody looked
-    Milliseconds time_{0};             ///< how far the text has been said
-    Milliseconds begun_{0};            ///< when the first word was
-    Milliseconds origin_{0};           ///< when time_ was 0, if the text is not heard
-    Milliseconds over_{0};
+    Talk talk_;
 };
 
 /// The time that `characters` take to be read, without any minimum.

@@ -17,4 +17,10 @@ WordTable wordTable(std::string_view lines)
     return all;
 }
 
+std::string_view entry(const WordTable& table, std::string_view word)
+{
+    const auto found = table.find(word);
+    return found == table.end() ? std::string_view() : found->second;
+}
+
 } // namespace voice

@@ -16,28 +16,33 @@ struct ScriptedSpeaker final : voice::Speaker
         return ++tickets;
     }
     void stop(Ticket) override { speaking = false; }
-    void giveUpSound(Ticket) override { dies = Milliseconds::min(); }
+    void giveUpSound(Ticket) override { script.dies = Milliseconds::min(); }
     Progress progress(Ticket, std::size_t known, Milliseconds) override
     {
         const Milliseconds time = now - begun;
-        Progress progress{{}, time >= whole, time >= dies ? Sound::Lost : Sound::Waiting};
-        if (time >= made && known == 0)
+        Progress progress{{}, time >= script.whole, time >= script.dies ? Sound::Lost : Sound::Waiting};
+        if (time >= script.made && known == 0)
             progress.fresh = {speech};
-        if (time >= opens && time < dies) {
+        if (time >= script.opens && time < script.dies) {
             progress.sound = Sound::Playing;
-            progress.played = std::min(speech.length, (time - opens) * percent / 100);
+            progress.played = std::min(speech.length, (time - script.opens) * script.percent / 100);
         }
         return progress;
     }
     void setMuted(bool) override {}
     [[nodiscard]] bool muted() const override { return false; }
 
+    struct Script
+    {
+        Milliseconds made{0};  ///< times since the text was begun
+        Milliseconds whole{0}; ///< when it turns out that no more will be made
+        Milliseconds opens{0}, dies{std::chrono::hours(1000)};
+        int percent = 100; ///< of the right speed
+    };
+
+    Script script;
     voice::SpeechTimes speech;
     Milliseconds now{0}, begun{0};
-    Milliseconds made{0};  ///< times since the text was begun
-    Milliseconds whole{0}; ///< when it turns out that no more will be made
-    Milliseconds opens{0}, dies{std::chrono::hours(1000)};
-    int percent = 100; ///< of the right speed
     Ticket tickets = 0;
     bool speaking = false;
 };

@@ -1,14 +1,13 @@
 // Shows how the host says texts, and which of their words he may get wrong.
 
-#include "voice/flite_synthesiser.h"
 #include "voice/respelling.h"
 #include "voice/spelling.h"
-#include "voice/text_reader.h"
+#include "voice/synthesiser.h"
+
+#include <QRegularExpression>
 
 #include <CLI/CLI.hpp>
 
-#include <array>
-#include <cstdio>
 #include <fstream>
 #include <iostream>
 #include <map>
@@ -18,92 +17,64 @@
 
 namespace {
 
-void forEachLine(const std::string& path, const std::function<void(const std::string&)>& use)
+void forEachLine(const std::vector<std::string>& paths, const std::function<void(const QString&)>& use)
 {
-    std::ifstream file(path);
-    if (!file && path != "-")
-        throw std::runtime_error(path + " cannot be read");
-    std::istream& lines = path == "-" ? std::cin : file;
-    for (std::string line; std::getline(lines, line);)
-        use(line);
+    for (const std::string& path : paths) {
+        std::ifstream file(path);
+        if (!file && path != "-")
+            throw std::runtime_error(path + " cannot be read");
+        std::istream& lines = path == "-" ? std::cin : file;
+        for (std::string line; std::getline(lines, line);)
+            use(QString::fromStdString(line));
+    }
 }
 
 /// What the host says of a line of a question file; all of a line of any other.
-std::string spokenPart(const std::string& line)
+QString spokenPart(QString line)
 {
-    constexpr std::array<std::string_view, 4> unspoken = {"level:", "topic:", "right:", "why:"};
-    for (const std::string_view key : unspoken)
-        if (line.starts_with(key))
-            return {};
-    const bool option = line.size() > 3 && line.substr(1, 2) == ": ";
-    const std::size_t start = line.starts_with("question: ") ? 10 : option ? 3 : 0;
-    return line.starts_with('#') ? std::string() : line.substr(start);
+    static const QRegularExpression unspoken(
+        "^(?:(?:#|level:|topic:|right:|why:).*|question: |[ -~]: (?=.))");
+    return line.remove(unspoken);
 }
 
 std::string soundsOfWritten(const std::string& word)
 {
     if (word == "A")
         return "ey1"; // the letter, not the article
-    if (word.ends_with("'s"))
-        return voice::soundsOf(voice::lower(word.substr(0, word.size() - 2))) + " 's";
-    return voice::soundsOf(voice::lower(word));
+    return voice::soundsOf(voice::stem(word)) + (word.ends_with("'s") ? " 's" : "");
 }
 
 void say(const std::vector<std::string>& paths)
 {
-    voice::TextReader reader;
-    for (const std::string& path : paths)
-        forEachLine(path, [&](const std::string& line) {
-            for (const voice::SpokenWord& word : reader.words(QString::fromStdString(spokenPart(line)))) {
-                const std::string sounds = word.sounds.empty() ? soundsOfWritten(word.text) : word.sounds;
-                constexpr std::array marks = {"", ",", ",,", ".", "?"};
-                std::printf("%s[%s]%s ", word.text.c_str(), sounds.c_str(),
-                            marks.at(static_cast<std::size_t>(word.pause)));
-            }
-            std::puts("");
-        });
+    forEachLine(paths, [](const QString& line) {
+        for (const voice::SpokenWord& word : voice::spokenWords(spokenPart(line))) {
+            const std::string sounds = word.sounds.empty() ? soundsOfWritten(word.text) : word.sounds;
+            std::cout << word.text << '[' << sounds << ']' << voice::markOf(word.pause) << ' ';
+        }
+        std::cout << '\n';
+    });
 }
-
-/// The words of a dictionary, whose lines begin with them, and all that can be told from them.
-class Known
-{
-public:
-    explicit Known(const std::string& dictionary)
-    {
-        forEachLine(dictionary, [this](const std::string& line) {
-            words_.insert(voice::lower(line.substr(0, line.find_first_of(" \t("))));
-        });
-        for (const auto& [word, respelling] : voice::respellings())
-            words_.emplace(word);
-    }
-
-    [[nodiscard]] bool has(const std::string& word) const
-    {
-        return word.size() == 1 || words_.contains(word);
-    }
-
-private:
-    std::set<std::string> words_;
-};
 
 void listUnknown(const std::string& dictionary, const std::vector<std::string>& paths)
 {
-    const Known known(dictionary);
-    voice::TextReader reader;
-    std::map<std::string, std::string> places;
-    for (const std::string& path : paths)
-        forEachLine(path, [&](const std::string& line) {
-            const std::string text = spokenPart(line);
-            for (const voice::SpokenWord& word : reader.words(QString::fromStdString(text))) {
-                std::string plain = voice::lower(word.text);
-                if (plain.ends_with("'s"))
-                    plain.resize(plain.size() - 2);
-                if (word.sounds.empty() && !known.has(plain))
-                    places.emplace(plain, text);
-            }
-        });
+    std::set<std::string> known;
+    forEachLine({dictionary}, [&](const QString& line) {
+        const std::string entry = line.toStdString();
+        known.insert(voice::lower(entry.substr(0, entry.find_first_of(" \t("))));
+    });
+    for (const auto& [word, respelling] : voice::respellings())
+        known.emplace(word);
+    std::map<std::string, QString> places;
+    forEachLine(paths, [&](const QString& line) {
+        const QString text = spokenPart(line);
+        for (const voice::SpokenWord& word : voice::spokenWords(text)) {
+            const std::string plain = voice::stem(word.text);
+            if (word.sounds.empty() && plain.size() != 1 && !known.contains(plain))
+                places.emplace(plain, text);
+        }
+    });
     for (const auto& [word, text] : places)
-        std::printf("%s\t%s\t%s\n", word.c_str(), voice::soundsOf(word).c_str(), text.c_str());
+        std::cout << word << '\t' << voice::soundsOf(word) << '\t' << text.toStdString() << '\n';
 }
 
 int run(int argc, char** argv)
@@ -135,7 +106,7 @@ int main(int argc, char** argv)
     try {
         return run(argc, argv);
     } catch (const std::exception& failure) {
-        std::fprintf(stderr, "%s\n", failure.what());
+        std::cerr << failure.what() << '\n';
         return 1;
     }
 }
