@@ -54,7 +54,7 @@ const Hostile table[]{
     {"r='4'", "href='a'|h:r='4'", 24, "is not allowed"},
     {"r='4'", "r='1e3'|r='10001'|opacity='1.5'|stroke-width='41'|transform='scale(3)'|transform='rotate(2'",
      24, "is no value for the attribute"},
-    {"#084", "red|url(file:///a)", 22, "is no colour"},
+    {"#084", "red|url(file:///a)", 22, "is no value for the attribute 'fill'"},
     {"url(#gold)", "url(#body)", 23, "there is no gradient 'body'"},
     {"M28 22", "M28 inf|l28 22|28 22|L28 22|M28 22 C1|M28 22 Z 1 1 M1 1", 23, "is no part of an outline"},
     {"M28 22", times(8001, "1 "), 23, "the outlines are too long"},
