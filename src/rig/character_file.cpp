@@ -69,7 +69,7 @@ private:
         case QXmlStreamReader::EndElement:
             --depth_;
             if (xml_.namespaceUri() == rigNamespace)
-                rig_.end(xml_.name().toString(), line());
+                rig_.end(xml_.name().toString());
             return;
         case QXmlStreamReader::Characters:
             if (!xml_.isWhitespace())

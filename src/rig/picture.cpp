@@ -56,7 +56,7 @@ void Picture::reset(const QSize& size, const QTransform& place, double ratio)
     draws_.clear();
     areas_.assign(figure_.rig().draws.size(), {});
     bones_.assign(figure_.rig().bones.size(), {});
-    layers_.assign(figure_.rig().layers.size(), 0);
+    switches_ = figure_.rig().rest.switches;
 }
 
 QRegion Picture::show(const Pose& pose)
@@ -77,13 +77,13 @@ QRegion Picture::show(const Pose& pose)
         const int bone = rig.draws[i].bone;
         const int layer = rig.draws[i].layer;
         if (areas[i] != areas_[i] || bones[bone] != bones_[bone] ||
-            (layer >= 0 && pose.layers[layer] != layers_[layer]))
+            (layer >= 0 && pose.switches[layer] != switches_[layer]))
             add(changed, areas[i] | areas_[i]);
     }
     draws_ = std::move(draws);
     bones_ = std::move(bones);
     areas_ = std::move(areas);
-    layers_ = pose.layers;
+    switches_ = pose.switches;
     return paint(changed);
 }
 

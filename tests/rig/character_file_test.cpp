@@ -95,7 +95,7 @@ const Hostile table[]{
     {"ms='1000'", "ms='49'|ms='30001'", 14, "the length must be 50 to 30000"},
     {"600 90;", "200 90;|1001 90;", 15, "the keys must rise in time within the gesture"},
     {"600 90;", "600 90 soft;", 15, "there is no ease 'soft'"},
-    {"600 90;", "600 up;", 15, "'up' is no number for a key"},
+    {"600 90;", "600 up;", 15, "'up' is no number"},
     {"600 90;", ";|600;|600 90 lin lin;", 15, "is no key"},
     {"600 90;", times(64, "600 90;"), 15, "there are more than 64 keys"},
     {"</h:character>",

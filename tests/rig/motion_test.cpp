@@ -33,11 +33,6 @@ TEST(Track, IsEvaluatedAtBetweenAndBeyondItsKeys)
     for (const auto& [time, value] : table)
         EXPECT_NEAR(valueAt(keys, 4, 0, time), value, 1e-9) << time;
     EXPECT_EQ(valueAt({{0, 7, Ease::InOut}}, 4, 0, 0), 7);
-
-    const std::vector<Step> steps{{100, 3}, {200, {}}};
-    const std::pair<double, int> stepped[]{{0, 9}, {99, 9}, {100, 3}, {199, 3}, {200, 1}, {900, 1}};
-    for (const auto& [time, value] : stepped)
-        EXPECT_EQ(valueAt(steps, 9, 1, time), value) << time;
 }
 
 TEST(Motion, BeginsInThePoseReachedAndComesBackToRest)

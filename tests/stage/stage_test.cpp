@@ -36,7 +36,7 @@ TEST(Stage, ShowsTheFigureInItsPlaceAndPose)
     form.show();
     stage.enter();
     rig::Pose reaching = small.rig().rest;
-    reaching.slots[0] = 2;
+    reaching.switches[0] = 2;
     reaching.bones[1][0] = -90;
     const std::string above =
         "...............|...............|...............|.....ggggg.....|.....ggdgg.....|";
