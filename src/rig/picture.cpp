@@ -12,7 +12,7 @@ namespace {
 
 // In device pixels. A figure that breathes goes unpainted until something of it has moved visibly.
 constexpr double visibleMove = 0.5;
-constexpr double leastMove = 0.2; ///< what has moved less then is left as it is
+constexpr double leastMove = 0.3; ///< what has moved less then is left as it is
 
 /// How far any corner of `extent` is from one place to another.
 double distance(const QRectF& extent, const QTransform& from, const QTransform& to)

@@ -83,7 +83,6 @@ private:
     std::function<void()> visibility_;
     std::function<void()> skip_;
     bool entered_ = false;
-    bool left_ = false; ///< for good
     bool composited_ = true;
     double scale_ = 0; ///< of the full size
     std::optional<rig::Pose> pose_;
