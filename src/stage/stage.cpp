@@ -153,23 +153,13 @@ bool Stage::eventFilter(QObject* watched, QEvent* event)
 
 void Stage::followForm(QEvent::Type type)
 {
-    switch (type) {
-    case QEvent::Move:
-    case QEvent::Resize:
+    if (type == QEvent::Move || type == QEvent::Resize)
         follow();
-        break;
-    case QEvent::Show:
-    case QEvent::WindowStateChange:
+    else if (type == QEvent::Show || type == QEvent::WindowStateChange)
         // The form is told before it is on the screen, where its host may not be first.
         QMetaObject::invokeMethod(this, &Stage::showWithForm, Qt::QueuedConnection);
-        break;
-    case QEvent::Hide:
-        if (!embedded())
-            hide();
-        break;
-    default:
-        break;
-    }
+    else if (type == QEvent::Hide && !embedded())
+        hide();
 }
 
 bool Stage::event(QEvent* event)
