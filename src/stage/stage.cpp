@@ -37,8 +37,8 @@ constexpr Qt::WindowFlags hostWindowFlags =
 
 } // namespace
 
-Stage::Stage(QWidget& form, rig::Figure& figure)
-    : QWidget(&form, toolkit::windowsCanBePlaced() ? hostWindowFlags : Qt::WindowFlags(Qt::Widget)),
+Stage::Stage(QWidget& form, rig::Figure& figure, bool asWindow)
+    : QWidget(&form, asWindow ? hostWindowFlags : Qt::WindowFlags(Qt::Widget)),
       form_(form),
       picture_(figure),
       area_(figure.rig().size.toSize() + QSize(2 * sideMargin, headroom + footroom))
@@ -244,7 +244,7 @@ void Stage::showWithForm()
     const bool wanted = entered_ && (embedded() || (form_.isVisible() && !form_.isMinimized()));
     if (wanted && !isVisible()) {
         if (!embedded())
-            winId(); // makes the window, which takes its shape before it is shown
+            create(); // so that the window has its shape before it is shown
         lookAround();
         // A window manager that minimised the host along with the form would minimise both again.
         setWindowState(Qt::WindowNoState);
