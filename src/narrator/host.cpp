@@ -36,7 +36,7 @@ public:
           player_(
               figure_.rig(), voice_, [] { return QRandomGenerator::global()->generateDouble(); },
               clock.now()),
-          stage_(new stage::Stage(form, figure_)),
+          stage_(new stage::Stage(form, figure_, toolkit::windowsCanBePlaced())),
           timer_(clock, idleFrame)
     {
         stage_->onVisibility([this] { update(); });

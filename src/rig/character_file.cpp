@@ -42,19 +42,23 @@ void checkBytes(const QByteArray& bytes)
 class Pass
 {
 public:
-    explicit Pass(const QByteArray& bytes) : xml_(bytes) {}
-
-    Rig run()
+    Rig run(const QByteArray& bytes)
     {
+        checkBytes(bytes);
+        xml_.addData(bytes);
         while (!xml_.atEnd())
             token(xml_.readNext());
         if (xml_.hasError())
             throw Defect{xml_.errorString()};
         drawing_.checkReferences();
-        return rig_.finish(drawing_.parts(), viewBox_);
+        return rig_.finish(drawing_.parts(), drawing_.viewBox());
     }
 
-    [[nodiscard]] qint64 line() const { return xml_.lineNumber(); }
+    /// 0 before anything is read.
+    [[nodiscard]] qint64 line() const
+    {
+        return xml_.tokenType() == QXmlStreamReader::NoToken ? 0 : xml_.lineNumber();
+    }
 
 private:
     void token(QXmlStreamReader::TokenType type)
@@ -65,7 +69,7 @@ private:
         case QXmlStreamReader::EndElement:
             --depth_;
             if (xml_.namespaceUri() == rigNamespace)
-                rig_.end(xml_.name().toString(), line());
+                rig_.end(xml_.name().toString());
             return;
         case QXmlStreamReader::Characters:
             if (!xml_.isWhitespace())
@@ -92,41 +96,23 @@ private:
             throw Defect{QString("there are more than %1 elements").arg(maxElements)};
         if (depth_ >= maxDepth)
             throw Defect{"the elements are nested too deep"};
-        const bool ofRig = xml_.namespaceUri() == rigNamespace;
-        if (!ofRig && xml_.namespaceUri() != svgNamespace)
-            throw defectIn(name, "the element \"%1\" does not belong here");
         const bool inMetadata = metadataDepth_ > 0 && depth_ > metadataDepth_;
-        if (ofRig != inMetadata)
+        if (xml_.namespaceUri() != (inMetadata ? rigNamespace : svgNamespace))
             throw defectIn(name, "the element \"%1\" does not belong here");
-        if (ofRig)
+        if (inMetadata) {
             rig_.start(name, xml_.attributes(), line());
-        else
-            startDrawing(name);
+        } else {
+            metadataDepth_ = name == u"metadata" ? depth_ : 0;
+            if (metadataDepth_ > 1)
+                throw Defect{"the metadata must stand in the root"};
+            drawing_.element(name, xml_.attributes(), depth_, line());
+        }
         ++depth_;
-    }
-
-    void startDrawing(const QString& name)
-    {
-        metadataDepth_ = name == u"metadata" ? depth_ : 0;
-        if (metadataDepth_ > 1)
-            throw Defect{"the metadata must stand in the root"};
-        drawing_.element(name, xml_.attributes(), depth_, line());
-        if (depth_ == 0)
-            readViewBox();
-    }
-
-    void readViewBox()
-    {
-        const auto box = plainNumbers(xml_.attributes().value("viewBox"));
-        if (!box || box->size() != 4 || (*box)[2] < 1 || (*box)[3] < 1)
-            throw Defect{"the root must have a viewBox of four numbers"};
-        viewBox_ = QRectF((*box)[0], (*box)[1], (*box)[2], (*box)[3]);
     }
 
     QXmlStreamReader xml_;
     DrawingRules drawing_;
     RigReader rig_;
-    QRectF viewBox_;
     int elements_ = 0;
     int depth_ = 0;
     int metadataDepth_ = 0; ///< 0 outside metadata
@@ -155,14 +141,9 @@ CharacterFile readCharacterFile(const QString& path)
 
 CharacterFile readCharacter(const QByteArray& bytes, const QString& name)
 {
+    Pass pass;
     try {
-        checkBytes(bytes);
-    } catch (const Defect& defect) {
-        fail(name, defect.line, defect.text);
-    }
-    Pass pass(bytes);
-    try {
-        return {pass.run(), bytes};
+        return {pass.run(bytes), bytes};
     } catch (const Defect& defect) {
         fail(name, defect.line > 0 ? defect.line : pass.line(), defect.text);
     }

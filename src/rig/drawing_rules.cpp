@@ -22,55 +22,43 @@ constexpr double pictureWidth = 400;
 constexpr double maxReach = 1000; ///< what lies farther out is not painted
 constexpr double maxStrokeWidth = 40;
 
-enum class Kind { Number, Width, Numbers, Share, Paint, Colour, Word, Path, Transform };
+const QString reference = "url(#";
+
+bool isPaint(QStringView text)
+{
+    return text == u"none" || isColour(text) ||
+           (text.startsWith(reference) && text.endsWith(u')') &&
+            isWord(text.sliced(reference.size()).chopped(1)));
+}
+
+using Rule = bool (*)(QStringView);
 
 /// What the value of an attribute must be.
-const QHash<QString, Kind>& kinds()
+const QHash<QString, Rule>& rules()
 {
-    static const QHash<QString, Kind> table = [] {
-        const std::pair<Kind, const char*> rows[]{
-            {Kind::Number, "x y width height x1 y1 x2 y2 cx cy r rx ry fx fy"},
-            {Kind::Width, "stroke-width"},
-            {Kind::Numbers, "viewBox"},
-            {Kind::Share, "opacity fill-opacity stroke-opacity stop-opacity offset"},
-            {Kind::Paint, "fill stroke"},
-            {Kind::Colour, "stop-color"},
-            {Kind::Word, "version baseProfile stroke-linejoin stroke-linecap fill-rule gradientUnits "
-                         "spreadMethod id"},
-            {Kind::Path, "d"},
-            {Kind::Transform, "transform gradientTransform"},
+    static const QHash<QString, Rule> table = [] {
+        const std::pair<const char*, Rule> rows[]{
+            {"x y width height x1 y1 x2 y2 cx cy r rx ry fx fy",
+             [](QStringView text) { return plainNumber(text).has_value(); }},
+            {"stroke-width", [](QStringView text) { return plainNumber(text, maxStrokeWidth).has_value(); }},
+            {"opacity fill-opacity stroke-opacity stop-opacity offset",
+             [](QStringView text) { return std::abs(plainNumber(text).value_or(2) - 0.5) <= 0.5; }},
+            {"viewBox", [](QStringView text) { return plainNumbers(text).has_value(); }},
+            {"fill stroke", isPaint},
+            {"stop-color", isColour},
+            {"version baseProfile stroke-linejoin stroke-linecap fill-rule gradientUnits spreadMethod id",
+             isWord},
+            {"transform gradientTransform",
+             [](QStringView text) { return plainTransform(text).has_value(); }},
+            {"d", [](QStringView) { return true; }}, // outline() looks at it
         };
-        QHash<QString, Kind> kindOfName;
-        for (const auto& [kind, names] : rows)
+        QHash<QString, Rule> ruleOfName;
+        for (const auto& [names, rule] : rows)
             for (const QString& name : QString(names).split(u' '))
-                kindOfName.insert(name, kind);
-        return kindOfName;
+                ruleOfName.insert(name, rule);
+        return ruleOfName;
     }();
     return table;
-}
-
-const QSet<QString>& elements()
-{
-    static const QSet<QString> table{"svg",  "metadata",       "defs",          "g",
-                                     "path", "ellipse",        "circle",        "rect",
-                                     "stop", "linearGradient", "radialGradient"};
-    return table;
-}
-
-/// The outline of an element that is one by its name.
-QPainterPath shape(const QString& name, const QXmlStreamAttributes& attributes)
-{
-    const auto number = [&](const QString& key, double otherwise = 0) {
-        return plainNumber(attributes.value(key)).value_or(otherwise);
-    };
-    QPainterPath outline;
-    if (name == u"rect") {
-        outline.addRect(number("x"), number("y"), number("width"), number("height"));
-    } else if (name == u"circle" || name == u"ellipse") {
-        const double radius = number("r");
-        outline.addEllipse(QPointF(number("cx"), number("cy")), number("rx", radius), number("ry", radius));
-    }
-    return outline;
 }
 
 /// At least as long as the outline: curves count by their control points.
@@ -94,20 +82,21 @@ Defect defectIn(QStringView quotation, const char* text)
 void DrawingRules::element(const QString& name, const QXmlStreamAttributes& attributes, int depth,
                            qint64 line)
 {
-    if (!elements().contains(name) || (name == u"svg") != (depth == 0))
+    static const QStringList known =
+        QString("svg metadata defs g path ellipse circle rect stop linearGradient "
+                "radialGradient")
+            .split(u' ');
+    if (!known.contains(name) || (name == u"svg") != (depth == 0))
         throw defectIn(name, "the element \"%1\" does not belong here");
-    for (const QXmlStreamAttribute& entry : attributes) {
-        if (!entry.namespaceUri().isEmpty())
-            throw defectIn(entry.qualifiedName(), "the attribute \"%1\" is not allowed");
-        attribute(name, entry.name().toString(), entry.value(), line);
-    }
+    for (const QXmlStreamAttribute& entry : attributes)
+        attribute(name, entry, line);
     enter(attributes, depth);
-    spend(name == u"path" ? std::exchange(outline_, {}) : shape(name, attributes));
+    spend(outline(name, attributes));
     const QString id = attributes.value("id").toString();
     if (id.isEmpty())
         return;
     if (ids_.contains(id))
-        throw Defect{QString("the id \"%1\" is used twice").arg(id)};
+        throw defectIn(id, "the id \"%1\" is used twice");
     ids_.insert(id);
     if (name.endsWith(u"Gradient"))
         gradients_.insert(id);
@@ -117,81 +106,64 @@ void DrawingRules::element(const QString& name, const QXmlStreamAttributes& attr
 
 void DrawingRules::checkReferences() const
 {
-    for (auto it = references_.cbegin(); it != references_.cend(); ++it)
-        if (!gradients_.contains(it.key()))
-            throw Defect{QString("there is no gradient \"%1\"").arg(it.key()), it.value()};
+    for (const auto& [id, line] : references_)
+        if (!gradients_.contains(id))
+            throw Defect{QString("there is no gradient \"%1\"").arg(id), line};
 }
 
-void DrawingRules::attribute(const QString& element, const QString& name, QStringView value, qint64 line)
+void DrawingRules::attribute(const QString& element, const QXmlStreamAttribute& entry, qint64 line)
 {
-    const auto kind = kinds().constFind(name);
-    if (kind == kinds().cend())
-        throw Defect{QString(R"(the attribute "%1" of "%2" is not allowed)").arg(name.left(40), element)};
-    bool good = true;
-    switch (*kind) {
-    case Kind::Number:
-        good = plainNumber(value).has_value();
-        break;
-    case Kind::Width:
-        good = plainNumber(value, maxStrokeWidth).has_value();
-        break;
-    case Kind::Numbers:
-        good = plainNumbers(value).has_value();
-        break;
-    case Kind::Share: {
-        const auto share = plainNumber(value);
-        good = share && *share >= 0 && *share <= 1;
-        break;
-    }
-    case Kind::Colour:
-        good = isColour(value);
-        break;
-    case Kind::Word:
-        good = isWord(value);
-        break;
-    case Kind::Transform:
-        good = plainTransform(value).has_value();
-        break;
-    case Kind::Paint:
-        return paint(value, line);
-    case Kind::Path:
-        return path(value);
-    }
-    if (!good)
+    const QString name = entry.qualifiedName().toString().left(40);
+    const auto rule = rules().constFind(name);
+    if (rule == rules().cend() || !entry.namespaceUri().isEmpty())
+        throw Defect{QString(R"(the attribute "%1" of "%2" is not allowed)").arg(name, element)};
+    const QStringView value = entry.value();
+    if (!(*rule)(value))
         throw Defect{QString(R"("%1" is no value for the attribute "%2")").arg(value.left(40), name)};
+    if (value.startsWith(reference))
+        references_.emplace(value.sliced(reference.size()).chopped(1).toString(), line);
 }
 
-void DrawingRules::paint(QStringView value, qint64 line)
+QPainterPath DrawingRules::outline(const QString& name, const QXmlStreamAttributes& attributes)
 {
-    if (value == u"none" || isColour(value))
-        return;
-    const bool reference = value.startsWith(u"url(#") && value.endsWith(u')');
-    const QStringView id = reference ? value.sliced(5).chopped(1) : QStringView();
-    if (!isWord(id))
-        throw defectIn(value, "\"%1\" is no colour");
-    if (!references_.contains(id.toString()))
-        references_.insert(id.toString(), line);
+    const auto number = [&](const QString& key, double otherwise = 0) {
+        return plainNumber(attributes.value(key)).value_or(otherwise);
+    };
+    QPainterPath outline;
+    if (name == u"rect") {
+        outline.addRect(number("x"), number("y"), number("width"), number("height"));
+    } else if (name == u"circle" || name == u"ellipse") {
+        const double radius = number("r");
+        outline.addEllipse(QPointF(number("cx"), number("cy")), number("rx", radius), number("ry", radius));
+    } else if (name == u"path") {
+        const QStringView data = attributes.value("d");
+        pathCharacters_ += data.size();
+        if (data.size() > maxPathCharacters || pathCharacters_ > maxAllPathCharacters)
+            throw Defect{"the outlines are too long"};
+        QStringView bad;
+        const auto drawn = outlineOf(data, bad);
+        if (!drawn)
+            throw defectIn(bad, "\"%1\" is no part of an outline");
+        outline = *drawn;
+    }
+    return outline;
 }
 
-void DrawingRules::path(QStringView data)
+void DrawingRules::readViewBox(QStringView value)
 {
-    pathCharacters_ += data.size();
-    if (data.size() > maxPathCharacters || pathCharacters_ > maxAllPathCharacters)
-        throw Defect{"the outlines are too long"};
-    QStringView bad;
-    const auto outline = outlineOf(data, bad);
-    if (!outline)
-        throw defectIn(bad, "\"%1\" is no part of an outline");
-    outline_ = *outline;
+    const auto box = plainNumbers(value).value_or(std::vector<double>());
+    if (box.size() != 4 || box[2] < 1 || box[3] < 1)
+        throw Defect{"the root must have a viewBox of four numbers"};
+    viewBox_ = QRectF(box[0], box[1], box[2], box[3]);
 }
 
 void DrawingRules::enter(const QXmlStreamAttributes& attributes, int depth)
 {
-    paints_.resize(depth);
-    Paint paint = paints_.empty() ? Paint() : paints_.back();
-    if (const auto box = plainNumbers(attributes.value("viewBox"));
-        paints_.empty() && box && box->size() == 4) {
-        const double scale = pictureWidth / std::max(1.0, (*box)[2]);
+    paints_.resize(depth + 1);
+    Paint paint = paints_.back();
+    if (depth == 0) {
+        readViewBox(attributes.value("viewBox"));
+        const double scale = pictureWidth / viewBox_.width();
         paint.transform.scale(scale, scale);
     }
     if (const auto transform = plainTransform(attributes.value("transform")))

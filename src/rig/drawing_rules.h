@@ -2,12 +2,12 @@
 
 #include "rig/svg_values.h"
 
-#include <QHash>
 #include <QSet>
 #include <QString>
 #include <QStringView>
 #include <QXmlStreamReader>
 
+#include <map>
 #include <vector>
 
 namespace rig {
@@ -32,13 +32,15 @@ public:
     /// To be called at the end: every colour server that was named must have been there.
     void checkReferences() const;
 
+    [[nodiscard]] const QRectF& viewBox() const { return viewBox_; }
+
     /// Groups that a rig may use as parts: those no other group encloses.
     [[nodiscard]] const QSet<QString>& parts() const { return parts_; }
 
 private:
-    void attribute(const QString& element, const QString& name, QStringView value, qint64 line);
-    void paint(QStringView value, qint64 line);
-    void path(QStringView data);
+    void attribute(const QString& element, const QXmlStreamAttribute& entry, qint64 line);
+    [[nodiscard]] QPainterPath outline(const QString& name, const QXmlStreamAttributes& attributes);
+
     /// What the children of an element inherit.
     struct Paint
     {
@@ -47,15 +49,16 @@ private:
         double strokeWidth = 1;
     };
 
+    void readViewBox(QStringView value);
     void enter(const QXmlStreamAttributes& attributes, int depth);
     void spend(const QPainterPath& outline);
 
     QSet<QString> ids_;
     QSet<QString> parts_;
     QSet<QString> gradients_;
-    QHash<QString, qint64> references_;
-    std::vector<Paint> paints_; ///< of the element being read and those around it
-    QPainterPath outline_;      ///< of the path being read
+    std::map<QString, qint64> references_; ///< with the line of the first
+    std::vector<Paint> paints_{Paint()};   ///< of the elements around the one being read, and of it
+    QRectF viewBox_;
     qsizetype pathCharacters_ = 0;
     double cost_ = 0;
 };

@@ -1,11 +1,12 @@
 #include "rig/figure.h"
 
+#include "rig/silhouette.h"
+
 #include <QPainter>
 #include <QSvgRenderer>
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 
 #include <malloc.h>
 
@@ -17,29 +18,6 @@ namespace {
 constexpr double leastDensity = 2;
 constexpr double maxDensity = 4;
 constexpr double maxPixels = 2'500'000; ///< of all parts together, at the least density
-
-QRect pixels(const QRectF& bounds, double factor)
-{
-    return QRectF(bounds.topLeft() * factor, bounds.size() * factor).toAlignedRect();
-}
-
-/// The part of an image that is not empty, with a pixel around it for smooth edges.
-QRect seenIn(const QImage& image)
-{
-    const auto empty = [](QRgb pixel) { return pixel == 0; };
-    QRect seen;
-    for (int y = 0; y < image.height(); ++y) {
-        const auto* line = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        const QRgb* end = line + image.width();
-        const QRgb* first = std::find_if_not(line, end, empty);
-        if (first == end)
-            continue;
-        const auto last = std::find_if_not(std::reverse_iterator(end), std::reverse_iterator(first), empty);
-        seen |= QRect(QPoint(static_cast<int>(first - line), y),
-                      QPoint(static_cast<int>(last.base() - line) - 1, y));
-    }
-    return seen.adjusted(-1, -1, 1, 1) & image.rect();
-}
 
 } // namespace
 
@@ -83,7 +61,8 @@ void Figure::rasterise(double ratio)
         svg_ = std::make_unique<QSvgRenderer>(file_.drawing);
     const double factor = scale() * density_;
     for (Part& part : parts_) {
-        const QRect area = pixels(part.bounds, factor);
+        const QRectF bounds(part.bounds.topLeft() * factor, part.bounds.size() * factor);
+        const QRect area = bounds.toAlignedRect();
         QImage image(area.size(), QImage::Format_ARGB32_Premultiplied);
         if (image.isNull())
             continue;
@@ -94,7 +73,8 @@ void Figure::rasterise(double ratio)
         painter.scale(factor, factor);
         svg_->render(&painter, part.id, part.whole);
         painter.end();
-        const QRect seen = seenIn(image);
+        const QRect seen = // with a pixel around it for smooth edges
+            silhouette(image, image.rect(), 1).boundingRect().adjusted(-1, -1, 1, 1) & image.rect();
         part.image = image.copy(seen);
         part.extent = QRectF(QPointF(area.topLeft() + seen.topLeft()) / factor, QSizeF(seen.size()) / factor);
     }

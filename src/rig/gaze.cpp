@@ -25,8 +25,8 @@ QPointF Gaze::at(Milliseconds now, bool resting, const std::function<Sights()>& 
     if (now >= next_)
         choose(now);
     QPointF wanted;
-    if (resting && target_ != Target::Ahead)
-        wanted = target_ == Target::Question ? sights().question : sights().pointer;
+    if (resting && target_)
+        wanted = sights().*target_;
     const double left = std::exp(-static_cast<double>((now - last_).count()) / turnMs);
     seen_ = wanted + (seen_ - wanted) * left;
     last_ = now;
@@ -35,13 +35,10 @@ QPointF Gaze::at(Milliseconds now, bool resting, const std::function<Sights()>& 
 
 void Gaze::choose(Milliseconds now)
 {
-    if (target_ == Target::Ahead) {
-        target_ = random_() < shareOfQuestion ? Target::Question : Target::Pointer;
-        next_ = now + leastAside + Milliseconds(static_cast<qint64>(random_() * 1500));
-    } else {
-        target_ = Target::Ahead;
-        next_ = now + leastAhead + Milliseconds(static_cast<qint64>(random_() * 4000));
-    }
+    target_ = target_ ? nullptr : random_() < shareOfQuestion ? &Sights::question : &Sights::pointer;
+    const double share = random_();
+    next_ = now + (target_ ? leastAside + Milliseconds(static_cast<qint64>(share * 1500))
+                           : leastAhead + Milliseconds(static_cast<qint64>(share * 4000)));
 }
 
 } // namespace rig

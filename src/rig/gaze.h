@@ -29,11 +29,10 @@ public:
     QPointF at(Milliseconds now, bool resting, const std::function<Sights()>& sights);
 
 private:
-    enum class Target { Ahead, Question, Pointer };
     void choose(Milliseconds now);
 
     std::function<double()>& random_;
-    Target target_ = Target::Ahead;
+    QPointF Sights::*target_ = nullptr; ///< none: ahead
     QPointF seen_;
     Milliseconds last_;
     Milliseconds next_;

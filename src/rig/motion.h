@@ -20,7 +20,6 @@ struct Motion
 
 /// The value of a track at a time since its gesture began; before the first key it comes from `start`.
 [[nodiscard]] double valueAt(const std::vector<Key>& keys, double start, double rest, double timeMs);
-[[nodiscard]] int valueAt(const std::vector<Step>& steps, int start, int rest, double timeMs);
 
 /// The pose of a motion, without what is laid over it below. What the gesture leaves alone goes to rest.
 [[nodiscard]] Pose poseAt(const Rig& rig, const Motion& motion, double timeMs);

@@ -12,7 +12,7 @@ namespace {
 
 // In device pixels. A figure that breathes goes unpainted until something of it has moved visibly.
 constexpr double visibleMove = 0.5;
-constexpr double leastMove = 0.2; ///< what has moved less then is left as it is
+constexpr double leastMove = 0.3; ///< what has moved less then is left as it is
 
 /// How far any corner of `extent` is from one place to another.
 double distance(const QRectF& extent, const QTransform& from, const QTransform& to)
@@ -56,7 +56,7 @@ void Picture::reset(const QSize& size, const QTransform& place, double ratio)
     draws_.clear();
     areas_.assign(figure_.rig().draws.size(), {});
     bones_.assign(figure_.rig().bones.size(), {});
-    layers_.assign(figure_.rig().layers.size(), 0);
+    switches_ = figure_.rig().rest.switches;
 }
 
 QRegion Picture::show(const Pose& pose)
@@ -77,13 +77,13 @@ QRegion Picture::show(const Pose& pose)
         const int bone = rig.draws[i].bone;
         const int layer = rig.draws[i].layer;
         if (areas[i] != areas_[i] || bones[bone] != bones_[bone] ||
-            (layer >= 0 && pose.layers[layer] != layers_[layer]))
+            (layer >= 0 && pose.switches[layer] != switches_[layer]))
             add(changed, areas[i] | areas_[i]);
     }
     draws_ = std::move(draws);
     bones_ = std::move(bones);
     areas_ = std::move(areas);
-    layers_ = pose.layers;
+    switches_ = pose.switches;
     return paint(changed);
 }
 

@@ -43,7 +43,7 @@ private:
     std::vector<int> draws_;   ///< back to front
     std::vector<QRect> areas_; ///< of every draw, in logical pixels; none of those not shown
     std::vector<QTransform> bones_;
-    std::vector<int> layers_;
+    std::vector<double> switches_;
 };
 
 } // namespace rig

@@ -14,21 +14,37 @@
 
 namespace rig {
 
-/// What a bone can do: turn (degrees, clockwise), move (drawing units) and stretch (factors).
-enum class Channel { Rotation, X, Y, ScaleX, ScaleY };
-inline constexpr std::size_t channelCount = 5;
-using Channels = std::array<double, channelCount>;
+/// What a bone can do: turn (degrees, clockwise), move right and down (drawing units) and stretch in width
+/// and height (factors).
+using Channels = std::array<double, 5>;
 
 enum class Ease { Linear, In, Out, InOut, Back, Hold };
+
+/// What can change in the figure: a channel of a bone or, with no bone, a switch.
+struct Place
+{
+    int bone = -1;
+    int index = 0;
+};
 
 /// Everything that can change in the figure at one moment; indices are those of the rig.
 struct Pose
 {
     std::vector<Channels> bones;
-    std::vector<int> slots;  ///< the draw shown in each slot, -1 for none
-    std::vector<int> layers; ///< depth of each layer; those with a higher one are painted later
+    /// Of a slot the draw that it shows, -1 for none; of a layer its depth: the higher, the later it is
+    /// painted.
+    std::vector<double> switches;
 
     bool operator==(const Pose&) const = default;
+
+    [[nodiscard]] double& operator[](const Place& place)
+    {
+        return place.bone < 0 ? switches[place.index] : bones[place.bone][place.index];
+    }
+    [[nodiscard]] double operator[](const Place& place) const
+    {
+        return place.bone < 0 ? switches[place.index] : bones[place.bone][place.index];
+    }
 };
 
 struct Bone
@@ -43,8 +59,8 @@ struct Draw
 {
     QString part;
     int bone = 0;
-    int slot = -1; ///< shown only while the slot holds this draw
-    int layer = -1;
+    int slot = -1;  ///< the switch that must hold this draw for it to be shown
+    int layer = -1; ///< the switch with its depth
 };
 
 /// The value of a key; none stands for the value of the rest pose.
@@ -55,40 +71,24 @@ struct Key
     Ease ease = Ease::InOut;
 };
 
-struct Curve
+/// What one place does in a gesture.
+struct Track
 {
-    int bone = 0;
-    Channel channel = Channel::Rotation;
+    Place place;
     std::vector<Key> keys;
-};
-
-struct Step
-{
-    double timeMs = 0;
-    std::optional<int> value;
-};
-
-/// The changes of a slot (values are draws) or of a layer (values are depths).
-struct Steps
-{
-    bool ofLayer = false;
-    int target = 0;
-    std::vector<Step> steps;
 };
 
 struct Gesture
 {
     QString name;
     double lengthMs = 0;
-    std::vector<Curve> curves;
-    std::vector<Steps> steps;
+    std::vector<Track> tracks;
 };
 
 /// Movement that never ends: breathing, the swaying of the tail.
 struct Sine
 {
-    int bone = 0;
-    Channel channel = Channel::Rotation;
+    Place place;
     double amplitude = 0;
     double periodMs = 1000;
     double phase = 0; ///< in periods
@@ -96,8 +96,7 @@ struct Sine
 
 struct Lid
 {
-    int bone = 0;
-    Channel channel = Channel::ScaleY;
+    Place place;
     double closed = 1;
 };
 
@@ -115,13 +114,11 @@ struct Rig
     QRectF drawing; ///< the same area in drawing units
     std::vector<Bone> bones;
     std::vector<Draw> draws;
-    std::vector<QString> slots;
-    std::vector<QString> layers;
     std::vector<Sine> sines;
     std::vector<Lid> lids;
     std::vector<Glance> glances;
     std::array<int, mouth::shapeCount> mouths{}; ///< the draw of each shape
-    int mouthSlot = -1;
+    int mouthSlot = -1;                          ///< its switch
     Pose rest;
     std::vector<Gesture> gestures;
     QHash<QString, int> gestureOfName; ///< names are exact in their case

@@ -5,16 +5,12 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <limits>
 
 namespace rig {
 
 namespace {
 
-constexpr std::size_t maxBones = 64;
-constexpr std::size_t maxDraws = 200;
-constexpr qsizetype maxGestures = 100;
-constexpr std::size_t maxTracks = 200;
-constexpr std::size_t maxSines = 64;
 constexpr qsizetype maxKeys = 64; ///< of a track
 constexpr qsizetype maxAllKeys = 20'000;
 constexpr double minGestureMs = 50;
@@ -35,30 +31,20 @@ const QStringList easeNames{"lin", "in", "out", "inout", "back", "hold"};
 const QStringList shapeNames{"Rest", "M", "F", "T", "S", "E", "A", "O", "U"};
 
 /// The place of `name` among names that something may have.
-template <typename Names>
-int indexOf(const Names& names, const QString& name, const char* otherwise)
+int indexOf(const QStringList& names, const QString& name, const char* otherwise)
 {
-    const auto found = std::ranges::find(names, name);
-    if (found == names.end())
+    const qsizetype index = names.indexOf(name);
+    if (index < 0)
         throw defectIn(name, otherwise);
-    return static_cast<int>(found - names.begin());
+    return static_cast<int>(index);
 }
 
-int indexOrAdd(std::vector<QString>& names, const QString& name)
-{
-    const auto found = std::ranges::find(names, name);
-    if (found != names.end())
-        return static_cast<int>(found - names.begin());
-    names.push_back(name);
-    return static_cast<int>(names.size()) - 1;
-}
-
-double numberOf(const QString& text, const QString& what)
+double numberOf(const QString& text)
 {
     // Times in a gesture are the largest numbers there are.
     const auto number = plainNumber(text, maxGestureMs + 1);
     if (!number)
-        throw Defect{QString("\"%1\" is no number for %2").arg(text.left(40), what)};
+        throw defectIn(text, "\"%1\" is no number");
     return *number;
 }
 
@@ -91,10 +77,7 @@ public:
     [[nodiscard]] bool has(const QString& name) const { return attributes_.hasAttribute(name); }
     [[nodiscard]] QString text(const QString& name) const { return attributes_.value(name).toString(); }
 
-    [[nodiscard]] double number(const QString& name) const
-    {
-        return numberOf(text(name), QString("the attribute \"%1\"").arg(name));
-    }
+    [[nodiscard]] double number(const QString& name) const { return numberOf(text(name)); }
 
     [[nodiscard]] QPointF pair(const QString& name) const
     {
@@ -110,45 +93,49 @@ private:
 
 void RigReader::start(const QString& name, const QXmlStreamAttributes& attributes, qint64 line)
 {
-    static const QStringList target{"bone", "ch", "slot", "layer"};
+    constexpr int anyNumber = std::numeric_limits<int>::max();
     static const struct
     {
         QString name;
-        Inside place;
+        Inside inside;
+        int most; ///< of them in the character, or in the gesture
         QStringList needed, allowed;
         void (RigReader::*read)(const Fields&);
     } table[]{
-        {"character", Inside::Nothing, {"version", "name", "size"}, {}, &RigReader::character},
-        {"bone", Inside::Character, {"id", "at"}, {"parent"}, &RigReader::bone},
-        {"draw", Inside::Character, {"part", "bone"}, {"slot", "layer"}, &RigReader::draw},
-        {"rest", Inside::Character, {"value"}, target, &RigReader::rest},
-        {"idle", Inside::Character, {"bone", "ch", "amp", "ms"}, {"phase"}, &RigReader::idle},
-        {"blink", Inside::Character, {"bone", "ch", "value"}, {}, &RigReader::blink},
-        {"look", Inside::Character, {"bone", "x", "y"}, {}, &RigReader::look},
-        {"mouth", Inside::Character, {"shape", "part"}, {}, &RigReader::mouth},
-        {"gesture", Inside::Character, {"name"}, {"ms", "same"}, &RigReader::gesture},
-        {"track", Inside::Gesture, {"keys"}, target, &RigReader::track},
+        {"character", Inside::Nothing, 1, {"version", "name", "size"}, {}, &RigReader::character},
+        {"bone", Inside::Character, 64, {"id", "at"}, {"parent"}, &RigReader::bone},
+        {"draw", Inside::Character, 200, {"part", "bone"}, {"slot", "layer"}, &RigReader::draw},
+        {"rest", Inside::Character, anyNumber, {"value"}, {"bone", "ch", "slot"}, &RigReader::rest},
+        {"idle", Inside::Character, 64, {"bone", "ch", "amp", "ms"}, {"phase"}, &RigReader::idle},
+        {"blink", Inside::Character, 64, {"bone", "ch", "value"}, {}, &RigReader::blink},
+        {"look", Inside::Character, 64, {"bone", "x", "y"}, {}, &RigReader::look},
+        {"mouth", Inside::Character, anyNumber, {"shape", "part"}, {}, &RigReader::mouth},
+        {"gesture", Inside::Character, 100, {"name"}, {"ms", "same"}, &RigReader::gesture},
+        {"track", Inside::Gesture, 200, {"keys"}, {"bone", "ch", "slot", "layer"}, &RigReader::track},
     };
-    for (const auto& row : table)
-        if (row.name == name && row.place == inside_ && open_.isEmpty()) {
+    for (const auto& [element, inside, most, needed, allowed, read] : table)
+        if (element == name && inside == inside_) {
+            inside_ = Inside::Leaf;
             line_ = line;
-            if (name != u"character" && name != u"gesture")
-                open_ = name;
-            return (this->*row.read)({attributes, row.needed, row.allowed});
+            if (++counts_[name] > most)
+                throw Defect{QString("there are more than %1 %2s").arg(most).arg(name)};
+            return (this->*read)({attributes, needed, allowed});
         }
     throw defectIn(name, "the element \"%1\" does not belong here");
 }
 
-void RigReader::end(const QString& name, qint64 line)
+void RigReader::end(const QString& name)
 {
-    if (name == u"character") {
-        inside_ = Inside::Done;
-        endLine_ = line;
-    } else if (name == u"gesture") {
-        inside_ = Inside::Character;
-    } else {
-        open_.clear();
-    }
+    inside_ = name == u"character" ? Inside::Done : name == u"track" ? Inside::Gesture : Inside::Character;
+    if (inside_ != Inside::Done)
+        return;
+    if (rig_.draws.empty())
+        throw Defect{"nothing is drawn"};
+    if (const auto missing = std::ranges::find(rig_.mouths, -1); missing != rig_.mouths.end())
+        throw defectIn(shapeNames[missing - rig_.mouths.begin()], "the mouth shape \"%1\" is missing");
+    for (const QString& gesture : requiredGestures())
+        if (!rig_.gestureOfName.contains(gesture))
+            throw defectIn(gesture, "the gesture \"%1\" is missing");
 }
 
 Rig RigReader::finish(const QSet<QString>& parts, const QRectF& drawing) const
@@ -159,14 +146,6 @@ Rig RigReader::finish(const QSet<QString>& parts, const QRectF& drawing) const
         if (!parts.contains(rig_.draws[i].part))
             throw Defect{QString("there is no part \"%1\" in the drawing").arg(rig_.draws[i].part),
                          drawLines_[i]};
-    if (rig_.draws.empty())
-        throw Defect{"nothing is drawn", endLine_};
-    for (int shape = 0; shape < static_cast<int>(mouth::shapeCount); ++shape)
-        if (!shapes_.contains(shape))
-            throw Defect{QString("the mouth shape \"%1\" is missing").arg(shapeNames[shape]), endLine_};
-    for (const QString& name : requiredGestures())
-        if (!rig_.gestureOfName.contains(name))
-            throw Defect{QString("the gesture \"%1\" is missing").arg(name), endLine_};
     Rig rig = rig_;
     rig.drawing = drawing;
     return rig;
@@ -181,13 +160,12 @@ void RigReader::character(const Fields& fields)
     within(50, size.x(), 400, "the width");
     within(50, size.y(), 400, "the height");
     rig_.size = QSizeF(size.x(), size.y());
+    rig_.mouths.fill(-1);
 }
 
 void RigReader::bone(const Fields& fields)
 {
     const QString id = fields.text("id");
-    if (rig_.bones.size() == maxBones)
-        throw Defect{QString("there are more than %1 bones").arg(maxBones)};
     if (std::ranges::find(rig_.bones, id, &Bone::id) != rig_.bones.end())
         throw defectIn(id, "the bone \"%1\" is there twice");
     const int parent = fields.has("parent") ? boneNamed(fields.text("parent")) : -1;
@@ -197,53 +175,41 @@ void RigReader::bone(const Fields& fields)
 
 void RigReader::draw(const Fields& fields)
 {
-    if (rig_.draws.size() == maxDraws)
-        throw Defect{QString("there are more than %1 draws").arg(maxDraws)};
-    Draw draw{fields.text("part"), boneNamed(fields.text("bone"))};
-    if (fields.has("slot"))
-        draw.slot = indexOrAdd(rig_.slots, fields.text("slot"));
-    if (fields.has("layer"))
-        draw.layer = indexOrAdd(rig_.layers, fields.text("layer"));
-    rig_.draws.push_back(draw);
+    const auto switchNamed = [&](const QString& kind, double atRest) {
+        if (!fields.has(kind))
+            return -1;
+        const QString name = kind + ' ' + fields.text(kind);
+        if (!switches_.contains(name)) {
+            switches_.push_back(name);
+            rig_.rest.switches.push_back(atRest);
+        }
+        return static_cast<int>(switches_.indexOf(name));
+    };
+    rig_.draws.push_back({fields.text("part"), boneNamed(fields.text("bone")), switchNamed("slot", -1),
+                          switchNamed("layer", 0)});
     drawLines_.push_back(line_);
-    rig_.rest.slots.resize(rig_.slots.size(), -1);
-    rig_.rest.layers.resize(rig_.layers.size(), 0);
 }
 
 void RigReader::rest(const Fields& fields)
 {
-    const QString slotName = "slot";
-    if (fields.has(slotName)) {
-        const int slot = indexOf(rig_.slots, fields.text(slotName), R"(there is no slot "%1")");
-        rig_.rest.slots[slot] = drawInSlot(slot, fields.text("value"));
-        return;
-    }
-    const auto [bone, channel] = channelNamed(fields);
-    rig_.rest.bones[bone][static_cast<std::size_t>(channel)] = fields.number("value");
+    const Place place = placeOf(fields);
+    rig_.rest[place] = valueOf(place, fields.text("value"));
 }
 
 void RigReader::idle(const Fields& fields)
 {
-    const auto [bone, channel] = channelNamed(fields);
     const double period = within(100, fields.number("ms"), 10'000, "the period");
     const double phase = fields.has("phase") ? fields.number("phase") : 0;
-    if (rig_.sines.size() == maxSines)
-        throw Defect{QString("there are more than %1 idle movements").arg(maxSines)};
-    rig_.sines.push_back({bone, channel, fields.number("amp"), period, phase});
+    rig_.sines.push_back({placeOf(fields), fields.number("amp"), period, phase});
 }
 
 void RigReader::blink(const Fields& fields)
 {
-    const auto [bone, channel] = channelNamed(fields);
-    if (rig_.lids.size() == maxBones)
-        throw Defect{QString("there are more than %1 lids").arg(maxBones)};
-    rig_.lids.push_back({bone, channel, fields.number("value")});
+    rig_.lids.push_back({placeOf(fields), fields.number("value")});
 }
 
 void RigReader::look(const Fields& fields)
 {
-    if (rig_.glances.size() == maxBones)
-        throw Defect{QString("there are more than %1 looks").arg(maxBones)};
     rig_.glances.push_back({boneNamed(fields.text("bone")), QPointF(fields.number("x"), fields.number("y"))});
 }
 
@@ -256,21 +222,16 @@ void RigReader::mouth(const Fields& fields)
         throw defectIn(part, "\"%1\" is not drawn in the slot of the mouth");
     rig_.mouthSlot = draw->slot;
     rig_.mouths[shape] = static_cast<int>(draw - rig_.draws.begin());
-    shapes_.insert(shape);
 }
 
 void RigReader::gesture(const Fields& fields)
 {
     const QString name = fields.text("name");
-    const bool alias = fields.has("same");
-    inside_ = alias ? Inside::Alias : Inside::Gesture;
     if (!isWord(name))
         throw defectIn(name, "\"%1\" is no name for a gesture");
     if (rig_.gestureOfName.contains(name))
         throw defectIn(name, "the gesture \"%1\" is there twice");
-    if (rig_.gestureOfName.size() == maxGestures)
-        throw Defect{QString("there are more than %1 gestures").arg(maxGestures)};
-    if (alias) {
+    if (fields.has("same")) {
         const auto same = rig_.gestureOfName.constFind(fields.text("same"));
         if (same == rig_.gestureOfName.cend())
             throw defectIn(fields.text("same"), "there is no gesture \"%1\" before this one");
@@ -278,29 +239,63 @@ void RigReader::gesture(const Fields& fields)
         rig_.gestureOfName.insert(name, index);
         return;
     }
+    inside_ = Inside::Gesture;
+    counts_["track"] = 0;
     const double length = within(minGestureMs, fields.number("ms"), maxGestureMs, "the length");
     rig_.gestureOfName.insert(name, static_cast<int>(rig_.gestures.size()));
-    rig_.gestures.push_back({name, length, {}, {}});
+    rig_.gestures.push_back({name, length, {}});
 }
 
 void RigReader::track(const Fields& fields)
 {
-    Gesture& gesture = rig_.gestures.back();
-    if (gesture.curves.size() + gesture.steps.size() == maxTracks)
-        throw Defect{QString("there are more than %1 tracks").arg(maxTracks)};
-    const QString keyText = fields.text("keys");
-    const bool ofLayer = fields.has("layer");
-    if (!ofLayer && !fields.has("slot")) {
-        const auto [bone, channel] = channelNamed(fields);
-        gesture.curves.push_back({bone, channel, keys(keyText)});
-        return;
+    const QStringList entries = fields.text("keys").split(u';');
+    keys_ += entries.size();
+    if (entries.size() > maxKeys || keys_ > maxAllKeys)
+        throw Defect{QString("there are more than %1 keys, or %2 in all").arg(maxKeys).arg(maxAllKeys)};
+    Track track{placeOf(fields), {}};
+    double after = -1;
+    for (const QString& entry : entries) {
+        track.keys.push_back(key(track.place, entry, after));
+        after = track.keys.back().timeMs;
     }
-    Steps track{ofLayer,
-                ofLayer ? indexOf(rig_.layers, fields.text("layer"), R"(there is no layer "%1")")
-                        : indexOf(rig_.slots, fields.text("slot"), R"(there is no slot "%1")"),
-                {}};
-    track.steps = steps(track, keyText);
-    gesture.steps.push_back(std::move(track));
+    rig_.gestures.back().tracks.push_back(std::move(track));
+}
+
+Key RigReader::key(const Place& place, const QString& text, double after) const
+{
+    const bool eased = place.bone >= 0;
+    const QStringList words = text.simplified().split(u' ');
+    if (words.size() < 2 || words.size() > (eased ? 3 : 2))
+        throw defectIn(text, "\"%1\" is no key");
+    Key key{numberOf(words[0]), {}, eased ? Ease::InOut : Ease::Hold};
+    if (key.timeMs <= after || key.timeMs < 0 || key.timeMs > rig_.gestures.back().lengthMs)
+        throw defectIn(text, "the keys must rise in time within the gesture (%1)");
+    if (words[1] != u"*")
+        key.value = valueOf(place, words[1]);
+    if (words.size() == 3)
+        key.ease = static_cast<Ease>(indexOf(easeNames, words[2], R"(there is no ease "%1")"));
+    return key;
+}
+
+Place RigReader::placeOf(const Fields& fields) const
+{
+    for (const QString kind : {"slot", "layer"})
+        if (fields.has(kind))
+            return {-1, indexOf(switches_, kind + ' ' + fields.text(kind), R"(there is no %1)")};
+    return {boneNamed(fields.text("bone")),
+            indexOf(channelNames, fields.text("ch"), R"(there is no channel "%1")")};
+}
+
+double RigReader::valueOf(const Place& place, const QString& text) const
+{
+    if (place.bone >= 0 || !switches_[place.index].startsWith("slot "))
+        return numberOf(text);
+    if (text == u"none")
+        return -1;
+    for (std::size_t i = 0; i < rig_.draws.size(); ++i)
+        if (rig_.draws[i].slot == place.index && rig_.draws[i].part == text)
+            return static_cast<double>(i);
+    throw defectIn(text, "\"%1\" is not drawn in this slot");
 }
 
 int RigReader::boneNamed(const QString& id) const
@@ -309,73 +304,6 @@ int RigReader::boneNamed(const QString& id) const
     if (found == rig_.bones.end())
         throw defectIn(id, "there is no bone \"%1\" before this place");
     return static_cast<int>(found - rig_.bones.begin());
-}
-
-std::pair<int, Channel> RigReader::channelNamed(const Fields& fields) const
-{
-    return {boneNamed(fields.text("bone")),
-            static_cast<Channel>(indexOf(channelNames, fields.text("ch"), R"(there is no channel "%1")"))};
-}
-
-int RigReader::drawInSlot(int slot, const QString& part) const
-{
-    if (part == u"none")
-        return -1;
-    for (std::size_t i = 0; i < rig_.draws.size(); ++i)
-        if (rig_.draws[i].slot == slot && rig_.draws[i].part == part)
-            return static_cast<int>(i);
-    throw defectIn(part, "\"%1\" is not drawn in this slot");
-}
-
-QStringList RigReader::keyTexts(const QString& text)
-{
-    QStringList entries = text.split(u';');
-    keys_ += entries.size();
-    if (entries.size() > maxKeys || keys_ > maxAllKeys)
-        throw Defect{QString("there are more than %1 keys, or %2 in all").arg(maxKeys).arg(maxAllKeys)};
-    return entries;
-}
-
-std::vector<Key> RigReader::keys(const QString& text)
-{
-    std::vector<Key> keys;
-    for (const QString& entry : keyTexts(text)) {
-        const QStringList words = entry.simplified().split(u' ');
-        if (words.size() < 2 || words.size() > 3)
-            throw defectIn(entry, "\"%1\" is no key");
-        Key key{.timeMs = keyTime(words[0], keys.empty() ? -1 : keys.back().timeMs), .value = {}};
-        if (words[1] != u"*")
-            key.value = numberOf(words[1], "a key");
-        if (words.size() == 3)
-            key.ease = static_cast<Ease>(indexOf(easeNames, words[2], R"(there is no ease "%1")"));
-        keys.push_back(key);
-    }
-    return keys;
-}
-
-std::vector<Step> RigReader::steps(const Steps& track, const QString& text)
-{
-    std::vector<Step> steps;
-    for (const QString& entry : keyTexts(text)) {
-        const QStringList words = entry.simplified().split(u' ');
-        if (words.size() != 2)
-            throw defectIn(entry, "\"%1\" is no key");
-        Step step{keyTime(words[0], steps.empty() ? -1 : steps.back().timeMs), {}};
-        if (words[1] != u"*") {
-            step.value = track.ofLayer ? static_cast<int>(numberOf(words[1], "a depth"))
-                                       : drawInSlot(track.target, words[1]);
-        }
-        steps.push_back(step);
-    }
-    return steps;
-}
-
-double RigReader::keyTime(const QString& text, double after) const
-{
-    const double time = numberOf(text, "the time of a key");
-    if (time <= after || time < 0 || time > rig_.gestures.back().lengthMs)
-        throw Defect{QString("the keys must rise in time within the gesture (%1)").arg(time)};
-    return time;
 }
 
 } // namespace rig

@@ -7,7 +7,6 @@
 #include <QStringList>
 #include <QXmlStreamReader>
 
-#include <utility>
 #include <vector>
 
 namespace rig {
@@ -18,14 +17,14 @@ class RigReader
 {
 public:
     void start(const QString& name, const QXmlStreamAttributes& attributes, qint64 line);
-    void end(const QString& name, qint64 line);
+    void end(const QString& name);
 
     /// What has been read, once the whole file has been seen. `parts` are the groups of the drawing.
     [[nodiscard]] Rig finish(const QSet<QString>& parts, const QRectF& drawing) const;
 
 private:
     class Fields;
-    enum class Inside { Nothing, Character, Gesture, Alias, Done };
+    enum class Inside { Nothing, Character, Gesture, Leaf, Done };
 
     void character(const Fields& fields);
     void bone(const Fields& fields);
@@ -39,22 +38,17 @@ private:
     void track(const Fields& fields);
 
     [[nodiscard]] int boneNamed(const QString& id) const;
-    [[nodiscard]] std::pair<int, Channel> channelNamed(const Fields& fields) const;
-    [[nodiscard]] int drawInSlot(int slot, const QString& part) const;
-    /// The keys of a track, as they are written.
-    [[nodiscard]] QStringList keyTexts(const QString& text);
-    [[nodiscard]] std::vector<Key> keys(const QString& text);
-    [[nodiscard]] std::vector<Step> steps(const Steps& track, const QString& text);
-    [[nodiscard]] double keyTime(const QString& text, double after) const;
+    [[nodiscard]] Place placeOf(const Fields& fields) const;
+    [[nodiscard]] double valueOf(const Place& place, const QString& text) const;
+    [[nodiscard]] Key key(const Place& place, const QString& text, double after) const;
 
     Rig rig_;
     Inside inside_ = Inside::Nothing;
-    QString open_; ///< the element without content that is open, if one is
+    QHash<QString, int> counts_; ///< of the elements read, by their names
+    QStringList switches_;       ///< "slot" or "layer" and the name
     std::vector<qint64> drawLines_;
-    QSet<int> shapes_;
     qsizetype keys_ = 0; ///< of all tracks
     qint64 line_ = 0;    ///< of the element being read
-    qint64 endLine_ = 0; ///< of the character
 };
 
 } // namespace rig

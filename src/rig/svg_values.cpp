@@ -1,85 +1,52 @@
 #include "rig/svg_values.h"
 
+#include <QRegularExpression>
 #include <QString>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace rig {
 
 namespace {
 
-bool isDigit(QChar c)
+const QStringView commands = u"MLCZ";
+
+QRegularExpression whole(const QString& pattern)
 {
-    return c >= u'0' && c <= u'9';
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern));
 }
 
-bool isSeparator(QChar c)
+std::optional<QTransform> function(QStringView name, const std::vector<double>& n)
 {
-    return c == u' ' || c == u',' || c == u'\n' || c == u'\t' || c == u'\r';
-}
-
-/// Takes the number at the front of `text` off it; empty if there is none.
-QStringView takeNumber(QStringView& text)
-{
-    qsizetype end = !text.isEmpty() && (text[0] == u'-' || text[0] == u'+') ? 1 : 0;
-    while (end < text.size() && isDigit(text[end]))
-        ++end;
-    if (end < text.size() && text[end] == u'.')
-        ++end;
-    while (end < text.size() && isDigit(text[end]))
-        ++end;
-    const QStringView number = text.first(end);
-    text = text.sliced(end);
-    return number;
-}
-
-std::optional<QTransform> function(QStringView name, const std::optional<std::vector<double>>& numbers)
-{
-    const std::size_t count = numbers ? numbers->size() : 0;
-    const auto at = [&](std::size_t i, double otherwise) { return i < count ? (*numbers)[i] : otherwise; };
-    if (name == u"matrix" && count == 6)
-        return QTransform(at(0, 1), at(1, 0), at(2, 0), at(3, 1), at(4, 0), at(5, 0));
-    if (name == u"translate" && (count == 1 || count == 2))
-        return QTransform::fromTranslate(at(0, 0), at(1, 0));
-    if (name == u"rotate" && (count == 1 || count == 3)) {
-        QTransform turn = QTransform::fromTranslate(at(1, 0), at(2, 0));
-        turn.rotate(at(0, 0));
-        turn.translate(-at(1, 0), -at(2, 0));
-        return turn;
-    }
+    if (name == u"matrix" && n.size() == 6)
+        return QTransform(n[0], n[1], n[2], n[3], n[4], n[5]);
+    if (name == u"translate" && (n.size() == 1 || n.size() == 2))
+        return QTransform::fromTranslate(n[0], n.size() == 2 ? n[1] : 0);
+    if (name == u"rotate" && n.size() == 1)
+        return QTransform().rotate(n[0]);
+    if (name == u"rotate" && n.size() == 3)
+        return QTransform::fromTranslate(n[1], n[2]).rotate(n[0]).translate(-n[1], -n[2]);
     return {};
 }
 
-void skipSeparators(QStringView& text)
+/// Draws one command with all its points; false if these are not as many as it takes.
+bool draw(QPainterPath& path, QChar command, const std::vector<double>& n)
 {
-    while (!text.isEmpty() && isSeparator(text[0]))
-        text = text.sliced(1);
-}
-
-/// Takes the points of one command off the front of `text` and draws it; false if they are not there.
-bool draw(QPainterPath& path, QChar command, QStringView& text)
-{
-    std::array<double, 6> n{};
-    const std::size_t count = command == u'Z' ? 0 : command == u'C' ? n.size() : 2;
-    for (std::size_t i = 0; i < count; ++i) {
-        skipSeparators(text);
-        QStringView rest = text;
-        const auto value = plainNumber(takeNumber(rest));
-        if (!value)
-            return false;
-        n.at(i) = *value;
-        text = rest;
-    }
-    if (command == u'M')
-        path.moveTo(n[0], n[1]);
-    else if (command == u'L')
-        path.lineTo(n[0], n[1]);
-    else if (command == u'C')
-        path.cubicTo(n[0], n[1], n[2], n[3], n[4], n[5]);
-    else
+    if (command == u'Z') {
         path.closeSubpath();
+        return n.empty();
+    }
+    const std::size_t count = command == u'C' ? 6 : 2;
+    if (n.empty() || n.size() % count != 0)
+        return false;
+    for (std::size_t i = 0; i < n.size(); i += count)
+        if (command == u'C')
+            path.cubicTo(n[i], n[i + 1], n[i + 2], n[i + 3], n[i + 4], n[i + 5]);
+        else if (command == u'M' && i == 0)
+            path.moveTo(n[i], n[i + 1]);
+        else
+            path.lineTo(n[i], n[i + 1]); // further points of a move are lines
     return true;
 }
 
@@ -87,21 +54,22 @@ bool draw(QPainterPath& path, QChar command, QStringView& text)
 
 bool isWord(QStringView text)
 {
-    const auto fits = [](QChar c) {
-        return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || isDigit(c) || c == u'-' || c == u'.' ||
-               c == u'_';
-    };
-    return !text.isEmpty() && text.size() <= 64 && std::ranges::all_of(text, fits);
+    static const QRegularExpression word = whole("[\\w.-]{1,64}");
+    return word.match(text).hasMatch();
+}
+
+bool isColour(QStringView text)
+{
+    static const QRegularExpression colour = whole("#([0-9a-fA-F]{3}){1,2}");
+    return colour.match(text).hasMatch();
 }
 
 std::optional<double> plainNumber(QStringView text, double limit)
 {
-    QStringView rest = text;
-    if (takeNumber(rest).isEmpty() || !rest.isEmpty())
-        return {};
+    const auto plain = [](QChar c) { return QStringView(u"0123456789.+-").contains(c); };
     bool good = false;
     const double value = text.toDouble(&good);
-    if (!good || !std::isfinite(value) || std::abs(value) > limit)
+    if (!good || !std::ranges::all_of(text, plain) || std::abs(value) > limit)
         return {};
     return value;
 }
@@ -109,64 +77,42 @@ std::optional<double> plainNumber(QStringView text, double limit)
 std::optional<std::vector<double>> plainNumbers(QStringView text)
 {
     std::vector<double> numbers;
-    for (qsizetype i = 0; i < text.size();) {
-        qsizetype end = i;
-        while (end < text.size() && !isSeparator(text[end]))
-            ++end;
-        if (end > i) {
-            const auto number = plainNumber(text.sliced(i, end - i));
-            if (!number)
-                return {};
-            numbers.push_back(*number);
-        }
-        i = end + 1;
+    for (const QString& word : text.toString().replace(u',', u' ').split(u' ', Qt::SkipEmptyParts)) {
+        const auto number = plainNumber(word);
+        if (!number)
+            return {};
+        numbers.push_back(*number);
     }
     return numbers;
 }
 
 std::optional<QTransform> plainTransform(QStringView text)
 {
+    static const QRegularExpression pattern(R"(\s*(\w+)\s*\(([^()]*)\)\s*)");
     QTransform all;
-    for (text = text.trimmed(); !text.isEmpty(); text = text.trimmed()) {
-        const qsizetype open = text.indexOf(u'(');
-        const qsizetype close = text.indexOf(u')');
-        if (open < 0 || close < open)
-            return {};
-        const auto one =
-            function(text.first(open).trimmed(), plainNumbers(text.sliced(open + 1, close - open - 1)));
+    for (QRegularExpressionMatch match; !text.isEmpty(); text = text.sliced(match.capturedEnd())) {
+        match = pattern.match(text, 0, QRegularExpression::NormalMatch,
+                              QRegularExpression::AnchorAtOffsetMatchOption);
+        const auto numbers = plainNumbers(match.capturedView(2));
+        const auto one = numbers ? function(match.capturedView(1), *numbers) : std::nullopt;
         if (!one)
             return {};
         all = *one * all;
-        text = text.sliced(close + 1);
     }
     return all;
-}
-
-bool isColour(QStringView text)
-{
-    const auto isHex = [](QChar c) {
-        return isDigit(c) || (c >= u'a' && c <= u'f') || (c >= u'A' && c <= u'F');
-    };
-    return (text.size() == 4 || text.size() == 7) && text[0] == u'#' &&
-           std::all_of(text.begin() + 1, text.end(), isHex);
 }
 
 std::optional<QPainterPath> outlineOf(QStringView data, QStringView& bad)
 {
     QPainterPath path;
-    QChar command;
-    for (skipSeparators(data); !data.isEmpty(); skipSeparators(data)) {
-        bad = data;
-        const bool named = QStringView(u"MLCZ").contains(data[0]);
-        if (named)
-            command = data[0];
-        else if (command == u'M')
-            command = u'L'; // further points are lines
-        if (command.isNull() || (!named && command == u'Z') || (path.elementCount() == 0 && command != u'M'))
-            return {};
-        data = data.sliced(named ? 1 : 0);
-        bad = data;
-        if (!draw(path, command, data))
+    for (data = data.trimmed(); !data.isEmpty(); data = data.sliced(bad.size())) {
+        const auto next =
+            std::find_if(data.begin() + 1, data.end(), [](QChar c) { return commands.contains(c); });
+        bad = QStringView(data.begin(), next);
+        // A sign, too, begins another number.
+        const auto numbers = plainNumbers(bad.sliced(1).toString().replace(u'-', " -"));
+        if (!commands.contains(data[0]) || (path.elementCount() == 0 && data[0] != u'M') || !numbers ||
+            !draw(path, data[0], *numbers))
             return {};
     }
     return path;

@@ -9,28 +9,15 @@ namespace {
 
 constexpr int square = 8; ///< of the rough one, in logical pixels
 
-/// The area in another size, with a pixel to a place.
-QImage sized(const QImage& image, const QRect& area, const QSize& size, Qt::TransformationMode mode)
-{
-    const double ratio = image.devicePixelRatio();
-    QImage part = image.copy(QRect(area.topLeft() * ratio, area.size() * ratio));
-    part.setDevicePixelRatio(1);
-    return part.size() == size ? part : part.scaled(size, Qt::IgnoreAspectRatio, mode);
-}
-
 } // namespace
-
-QRegion exactSilhouette(const QImage& image, const QRect& area)
-{
-    const QImage pixels = sized(image, area, area.size(), Qt::FastTransformation);
-    return QRegion(QBitmap::fromImage(pixels.createAlphaMask(Qt::ThresholdDither)))
-        .translated(area.topLeft());
-}
 
 QRegion roughSilhouette(const QImage& image, const QRect& area)
 {
     const QSize squares((area.width() + square - 1) / square, (area.height() + square - 1) / square);
-    const QImage means = sized(image, area, squares, Qt::SmoothTransformation);
+    const double ratio = image.devicePixelRatio();
+    QImage part = image.copy(QRect(area.topLeft() * ratio, area.size() * ratio));
+    part.setDevicePixelRatio(1);
+    const QImage means = part.scaled(squares, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     const QRegion seen(QBitmap::fromImage(means.createMaskFromColor(qRgba(0, 0, 0, 0), Qt::MaskInColor)));
     const QTransform toPixels = QTransform::fromTranslate(area.x(), area.y());
     return (QTransform::fromScale(static_cast<double>(area.width()) / squares.width(),

@@ -5,12 +5,8 @@
 
 namespace stage {
 
-// Of the part `area` of an image, which is given in logical coordinates, as are the results.
-
-/// The pixels that are not faint.
-[[nodiscard]] QRegion exactSilhouette(const QImage& image, const QRect& area);
-
-/// The squares of a coarse grid in which anything is to be seen.
+/// The squares of a coarse grid in which anything is to be seen of the part `area` of an image; both in
+/// logical coordinates.
 [[nodiscard]] QRegion roughSilhouette(const QImage& image, const QRect& area);
 
 /// A rough silhouette with a rim of squares around it.

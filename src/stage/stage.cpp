@@ -1,5 +1,6 @@
 #include "stage/stage.h"
 
+#include "rig/silhouette.h"
 #include "stage/balloon.h"
 #include "stage/clicks.h"
 #include "stage/mute_sign.h"
@@ -36,8 +37,8 @@ constexpr Qt::WindowFlags hostWindowFlags =
 
 } // namespace
 
-Stage::Stage(QWidget& form, rig::Figure& figure)
-    : QWidget(&form, toolkit::windowsCanBePlaced() ? hostWindowFlags : Qt::WindowFlags(Qt::Widget)),
+Stage::Stage(QWidget& form, rig::Figure& figure, bool asWindow)
+    : QWidget(&form, asWindow ? hostWindowFlags : Qt::WindowFlags(Qt::Widget)),
       form_(form),
       picture_(figure),
       area_(figure.rig().size.toSize() + QSize(2 * sideMargin, headroom + footroom))
@@ -75,7 +76,7 @@ void Stage::enter()
 void Stage::leave()
 {
     entered_ = false;
-    left_ = true;
+    form_.removeEventFilter(this);
     visibility_ = {};
     skip_ = {};
     if (mute_)
@@ -104,7 +105,7 @@ void Stage::paintFigure()
         return;
     shapeFigure(changed.boundingRect());
     updateShape();
-    update(changed.translated(0, balloonHeight));
+    update(changed.boundingRect().translated(0, balloonHeight));
 }
 
 void Stage::onMute(std::function<void(bool)> handler)
@@ -152,23 +153,13 @@ bool Stage::eventFilter(QObject* watched, QEvent* event)
 
 void Stage::followForm(QEvent::Type type)
 {
-    switch (type) {
-    case QEvent::Move:
-    case QEvent::Resize:
+    if (type == QEvent::Move || type == QEvent::Resize)
         follow();
-        break;
-    case QEvent::Show:
-    case QEvent::WindowStateChange:
+    else if (type == QEvent::Show || type == QEvent::WindowStateChange)
         // The form is told before it is on the screen, where its host may not be first.
         QMetaObject::invokeMethod(this, &Stage::showWithForm, Qt::QueuedConnection);
-        break;
-    case QEvent::Hide:
-        if (!embedded())
-            hide();
-        break;
-    default:
-        break;
-    }
+    else if (type == QEvent::Hide && !embedded())
+        hide();
 }
 
 bool Stage::event(QEvent* event)
@@ -252,6 +243,8 @@ void Stage::showWithForm()
 {
     const bool wanted = entered_ && (embedded() || (form_.isVisible() && !form_.isMinimized()));
     if (wanted && !isVisible()) {
+        if (!embedded())
+            create(); // so that the window has its shape before it is shown
         lookAround();
         // A window manager that minimised the host along with the form would minimise both again.
         setWindowState(Qt::WindowNoState);
@@ -268,8 +261,6 @@ void Stage::showWithForm()
 
 void Stage::follow()
 {
-    if (left_)
-        return;
     if (embedded()) {
         move(form_.width() - width(), form_.height() - height());
         placeMute();
@@ -323,10 +314,12 @@ void Stage::updateShape()
         return;
     QRegion shape = figureShape_ + balloonShape_;
     shape += QRegion(mute_->geometry(), QRegion::Ellipse);
-    if (shape != shape_) {
-        shape_ = shape;
-        setMask(shape);
-    }
+    QWindow* window = windowHandle();
+    if (!window || shape == shape_)
+        return;
+    shape_ = shape;
+    // A mask of the widget would have every frame painted line by line between its edges.
+    window->setMask(shape);
 }
 
 void Stage::shapeBalloon()
@@ -344,13 +337,15 @@ void Stage::shapeFigure(const QRect& changed)
 {
     if (embedded() || changed.isEmpty())
         return;
-    const auto seen = [this](const QRect& area, auto silhouette) {
-        return silhouette(picture_.image(), area).translated(0, balloonHeight);
+    const auto rough = [this](const QRect& area) {
+        return roughSilhouette(picture_.image(), area).translated(0, balloonHeight);
     };
+    const QPoint place(0, balloonHeight);
     if (!composited_)
-        figureShape_ = figureShape_ - changed.translated(0, balloonHeight) + seen(changed, exactSilhouette);
-    else if (!(seen(changed, roughSilhouette) - figureShape_).isEmpty())
-        figureShape_ = withRim(seen(picture_.area(), roughSilhouette));
+        figureShape_ = figureShape_ - changed.translated(place) +
+                       rig::silhouette(picture_.image(), changed, 128).translated(place);
+    else if (!(rough(changed) - figureShape_).isEmpty())
+        figureShape_ = withRim(rough(picture_.area()));
 }
 
 } // namespace stage

@@ -16,14 +16,13 @@ namespace stage {
 
 class Balloon;
 
-/// The host's window beside the game form: the figure with the balloon above it. It goes where the form
-/// goes and is hidden with it. Where windows cannot be placed it is a child over the form's lower right
-/// corner instead.
+/// The figure with the balloon above it: a window beside the game form, which goes where the form goes and is
+/// hidden with it, or a child over the form's lower right corner.
 class Stage final : public QWidget
 {
 public:
     /// The form owns the stage; the figure must outlive it or be left alone by a last `leave`.
-    Stage(QWidget& form, rig::Figure& figure);
+    Stage(QWidget& form, rig::Figure& figure, bool asWindow);
     ~Stage() override;
     /// From now on the host is to be seen whenever the form is.
     void enter();
@@ -83,7 +82,6 @@ private:
     std::function<void()> visibility_;
     std::function<void()> skip_;
     bool entered_ = false;
-    bool left_ = false; ///< for good
     bool composited_ = true;
     double scale_ = 0; ///< of the full size
     std::optional<rig::Pose> pose_;

@@ -57,7 +57,7 @@ TEST(Player, CarriesRequestsOutOneAfterAnotherUntilStopped)
             for (const auto end = now + span; step[0] == u'+' && now < end; now += 50ms) {
                 speaker.now = now;
                 const Frame frame = player.frame(now);
-                const bool moving = frame.pose.slots != rig.rest.slots;
+                const bool moving = frame.pose.switches != rig.rest.switches;
                 const std::string seen = !frame.text.isEmpty()
                                              ? std::to_string(frame.text.left(frame.said).size())
                                          : moving           ? "gesture"

@@ -3,16 +3,15 @@
 #include "rig/figure.h"
 
 #include <QImage>
-#include <QString>
 
-/// A gesture in a row of poses evenly spread over its time, `zoom` times the size on screen.
-[[nodiscard]] QImage drawGesture(rig::Figure& figure, const rig::Gesture& gesture, int poses, double zoom);
+#include <vector>
+
+/// Of a gesture, evenly spread over its time.
+[[nodiscard]] std::vector<rig::Pose> posesOf(const rig::Rig& rig, const rig::Gesture& gesture, int count);
+
+/// The poses in a ruled table, row by row, `zoom` times the size on screen.
+[[nodiscard]] QImage drawPoses(rig::Figure& figure, const std::vector<rig::Pose>& poses, int columns,
+                               double zoom);
 
 /// Every mouth shape, large, with the rest of the face around it.
 [[nodiscard]] QImage drawMouths(rig::Figure& figure);
-
-/// The middle of every gesture, `columns` in a row.
-[[nodiscard]] QImage drawOverview(rig::Figure& figure, int columns, double zoom);
-
-/// Every gesture of a character, a row of `poses` each.
-[[nodiscard]] QImage drawSheet(rig::Figure& figure, int poses, double zoom);

@@ -2,7 +2,6 @@
 
 #include <QColor>
 #include <QCoreApplication>
-#include <QFile>
 #include <QImage>
 #include <QImageWriter>
 #include <QPainter>
@@ -20,75 +19,45 @@ constexpr int oversampling = 4;
 constexpr int dotsPerMeter = 3780; // 96 per inch, whatever the machine that builds
 const QColor screenGround(0, 0, 64);
 
-struct Job
-{
-    QString drawing;
-    QString picture;
-    QSize size;
-    int quality = usualQuality;
-
-    bool jpeg() const { return picture.endsWith(".jpg"); }
-};
-
 std::runtime_error failure(const QString& file, const QString& reason)
 {
     return std::runtime_error((file + ": " + reason).toStdString());
 }
 
-int number(const QString& text, int largest)
+QImage rendered(const QString& path, const QSize& size, const QColor& ground)
 {
-    bool isNumber = false;
-    const int value = text.toInt(&isNumber);
-    if (!isNumber || value < 1 || value > largest)
-        throw failure(text, QString("is no whole number from 1 to %1").arg(largest));
-    return value;
-}
-
-Job jobOf(const QStringList& arguments)
-{
-    if (arguments.size() < 5 || arguments.size() > 6) {
-        throw std::runtime_error(
-            "usage: renderpictures DRAWING.svg PICTURE.png|PICTURE.jpg WIDTH HEIGHT [QUALITY]");
-    }
-    Job job{arguments[1], arguments[2],
-            QSize(number(arguments[3], largestSide), number(arguments[4], largestSide))};
-    if (!job.jpeg() && !job.picture.endsWith(".png"))
-        throw failure(job.picture, "the name of a picture ends in .png or .jpg");
-    if (arguments.size() == 6)
-        job.quality = number(arguments[5], 100);
-    return job;
-}
-
-QImage rendered(const Job& job)
-{
-    QFile file(job.drawing);
-    if (!file.open(QIODevice::ReadOnly))
-        throw failure(job.drawing, file.errorString());
-    QSvgRenderer drawing(file.readAll());
+    QSvgRenderer drawing(path);
     if (!drawing.isValid())
-        throw failure(job.drawing, "is not a drawing that can be rendered");
+        throw failure(path, "is not a drawing that can be rendered");
     drawing.setAspectRatioMode(Qt::KeepAspectRatio);
-    QImage large(job.size * oversampling, QImage::Format_ARGB32_Premultiplied);
-    large.fill(job.jpeg() ? screenGround : QColor(Qt::transparent));
+    QImage large(size * oversampling, QImage::Format_ARGB32_Premultiplied);
+    large.fill(ground);
     QPainter painter(&large);
     painter.setRenderHint(QPainter::Antialiasing);
     drawing.render(&painter);
     painter.end();
-    QImage image = large.scaled(job.size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QImage image = large.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     image.setDotsPerMeterX(dotsPerMeter);
     image.setDotsPerMeterY(dotsPerMeter);
     return image;
 }
 
-void save(const QImage& image, const Job& job)
+void render(const QStringList& arguments)
 {
-    QImageWriter writer(job.picture);
-    if (job.jpeg()) {
-        writer.setQuality(job.quality);
+    if (arguments.size() < 5)
+        throw std::runtime_error(
+            "usage: renderpictures DRAWING.svg PICTURE.png|PICTURE.jpg WIDTH HEIGHT [QUALITY]");
+    const QSize size(arguments[3].toInt(), arguments[4].toInt());
+    if (size.isEmpty() || size.width() > largestSide || size.height() > largestSide)
+        throw failure(arguments[3] + u'x' + arguments[4], QString("is no size up to %1").arg(largestSide));
+    QImageWriter writer(arguments[2]);
+    const bool jpeg = arguments[2].endsWith(".jpg");
+    if (jpeg) {
+        writer.setQuality(arguments.size() > 5 ? arguments[5].toInt() : usualQuality);
         writer.setOptimizedWrite(true);
     }
-    if (!writer.write(image))
-        throw failure(job.picture, writer.errorString());
+    if (!writer.write(rendered(arguments[1], size, jpeg ? screenGround : QColor(Qt::transparent))))
+        throw failure(arguments[2], writer.errorString());
 }
 
 } // namespace
@@ -97,8 +66,7 @@ int main(int argc, char* argv[])
 {
     const QCoreApplication application(argc, argv);
     try {
-        const Job job = jobOf(QCoreApplication::arguments());
-        save(rendered(job), job);
+        render(QCoreApplication::arguments());
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;
