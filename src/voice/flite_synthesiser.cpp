@@ -3,6 +3,8 @@
 #include "voice/respelling.h"
 #include "voice/spelling.h"
 
+#include <QLibrary>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -10,8 +12,6 @@
 
 extern "C" {
 #include <flite/flite.h>
-
-cst_voice* register_cmu_us_rms(const char* directory);
 }
 
 namespace voice {
@@ -88,10 +88,14 @@ Span spoken(const std::vector<Segment>& segments, Pause pause, Milliseconds leng
     return span;
 }
 
+/// None where it is not installed. Loaded by its name: linked, it would be made ready before the first
+/// screen, with two megabytes of pointers to set.
 cst_voice* makeVoice()
 {
     flite_init();
-    return register_cmu_us_rms(nullptr);
+    const auto registered = reinterpret_cast<cst_voice* (*)(const char*)>(
+        QLibrary::resolve("flite_cmu_us_rms", 1, "register_cmu_us_rms"));
+    return registered ? registered(nullptr) : nullptr;
 }
 
 /// The voice's words and ours. Those of ours that come up are handed to the library, which has but one
