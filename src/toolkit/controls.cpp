@@ -93,7 +93,11 @@ void Label::fillShape()
 
 void Label::setText(const QString& text)
 {
+    // Or the text of a label that can have the focus would be a document.
+    const Qt::FocusPolicy policy = focusPolicy();
+    setFocusPolicy(Qt::NoFocus);
     QLabel::setText(text);
+    setFocusPolicy(policy);
     sizeToText();
 }
 
