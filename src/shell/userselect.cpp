@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QImageReader>
 
 namespace shell {
 
@@ -23,8 +24,11 @@ QIcon applicationIcon()
 {
     QIcon icon;
     // Larger ones would be a quarter of the program's start; window lists show none.
-    for (const int size : {16, 22, 32, 48})
-        icon.addFile(QString(":/pictures/icon/%1.png").arg(size), QSize(size, size));
+    for (const int size : {16, 22, 32, 48}) {
+        QImageReader reader(QString(":/pictures/icon/%1.png").arg(size), "png");
+        reader.setAutoDetectImageFormat(false); // which would load every picture plugin there is
+        icon.addPixmap(QPixmap::fromImageReader(&reader));
+    }
     return icon;
 }
 

@@ -112,7 +112,9 @@ void Balloon::drawWords(QPainter& painter) const
             const double from = line.cursorToX(line.textStart());
             const double to = line.cursorToX(end);
             const QRectF said(std::min(from, to), line.y(), std::abs(to - from), line.height());
-            painter.setClipRect(said.translated(padding, padding).adjusted(-1, 0, 1, 0));
+            // The last letter may stand out, but not the first of what has not been said.
+            const int beside = whole_[top_ + end].isSpace() ? 1 : 0;
+            painter.setClipRect(said.translated(padding, padding).adjusted(-beside, 0, beside, 0));
         }
         line.draw(&painter, QPointF(padding, padding));
     }

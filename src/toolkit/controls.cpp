@@ -93,7 +93,11 @@ void Label::fillShape()
 
 void Label::setText(const QString& text)
 {
+    // Or the text of a label that can have the focus would be a document.
+    const Qt::FocusPolicy policy = focusPolicy();
+    setFocusPolicy(Qt::NoFocus);
     QLabel::setText(text);
+    setFocusPolicy(policy);
     sizeToText();
 }
 
@@ -142,9 +146,10 @@ void Label::paintEvent(QPaintEvent*)
     QPainter painter(this);
     if (opaque_ && !backgroundShape_)
         painter.fillRect(rect(), palette().color(QPalette::Window));
-    painter.setPen(colourOf(*this, QPalette::WindowText));
+    const QColor colour = colourOf(*this, QPalette::WindowText);
+    painter.setPen(QPen(colour, 1, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     if (bordered_)
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        painter.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
     if (wordDistance_ > 0) {
         paintSpread(painter);
         return;

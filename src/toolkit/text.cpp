@@ -96,6 +96,9 @@ FittedText fitted(const QString& text, const QFont& font, QSize size, int flags)
                 return result;
         }
     }
+    // Where it has words none is torn: it is cut anyway.
+    if (result.text.contains(QChar::Space))
+        result.flags = flags;
     qsizetype most = result.text.size();
     for (qsizetype least = 0; least + 1 < most;) {
         const qsizetype length = std::midpoint(least, most);

@@ -3,6 +3,8 @@
 #include "voice/respelling.h"
 #include "voice/spelling.h"
 
+#include <QLibrary>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -11,8 +13,6 @@
 
 extern "C" {
 #include <flite/flite.h>
-
-cst_voice* register_cmu_us_rms(const char* directory);
 }
 
 namespace voice {
@@ -68,12 +68,15 @@ std::vector<WordTime> wordTimes(cst_utterance* utterance, const SpokenPiece& pie
     return times;
 }
 
-/// The library's one voice, none if it cannot be had.
+/// The library's one voice, none if it cannot be had. Loaded by its name: linked, it would be made ready
+/// before the first screen, with two megabytes of pointers to set.
 cst_voice* theVoice()
 {
     static cst_voice* const voice = [] {
         flite_init();
-        cst_voice* made = register_cmu_us_rms(nullptr);
+        const auto registered = reinterpret_cast<cst_voice* (*)(const char*)>(
+            QLibrary::resolve("flite_cmu_us_rms", 1, "register_cmu_us_rms"));
+        cst_voice* made = registered ? registered(nullptr) : nullptr;
         if (made) {
             cst_audio_streaming_info* streaming = new_audio_streaming_info();
             streaming->asc = onSamples;
