@@ -41,18 +41,18 @@ TEST(Login, ExitGoesBackAndABankThatIsMissingIsTold)
 {
     Owner owner;
     owner.screens.show("login");
-    owner.click("login", "exit");
+    owner.run("exit", "login");
     EXPECT_FALSE(owner.screens.find("login"));
     EXPECT_TRUE(owner.screens.find("userselect"));
 
     const QString away = owner.bank.path() + ".away";
     ASSERT_TRUE(QFile::rename(owner.bank.path(), away));
     owner.screens.show("login");
-    EXPECT_TRUE(owner.told().startsWith("Admin: (!) "));
-    owner.run("login", "username=owner; password=Secret word; login");
-    EXPECT_TRUE(owner.told().contains("the file is missing"));
+    EXPECT_TRUE(owner.told().starts_with("Admin: (!) "));
+    owner.run("username=owner; password=Secret word; login", "login");
+    EXPECT_NE(owner.told().find("the file is missing"), std::string::npos);
     ASSERT_TRUE(QFile::rename(away, owner.bank.path()));
-    owner.click("login", "login");
+    owner.run("login", "login");
     EXPECT_TRUE(owner.screens.find("admin"));
 }
 

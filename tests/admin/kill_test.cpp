@@ -13,16 +13,16 @@ namespace {
 [[noreturn]] void work(Owner& owner, int confirmed)
 {
     owner.open({"addquestions"});
-    owner.dialogs.otherwise = [confirmed](const auto&) -> QString {
+    owner.dialogs.answer = [confirmed](const auto&) -> QString {
         if (write(confirmed, "", 1) != 1)
             _exit(1);
         return {};
     };
     for (;;)
         owner.run(
-            "addquestions",
             "cmdadd; question=new; answer1=a; answer2=b; answer3=c; answer4=d; correctanswer#0; level#1; "
-            "cmdsave; question=changed; answer4=z; correctanswer#3; cmdupdate; cmdfirst");
+            "cmdsave; question=changed; answer4=z; correctanswer#3; cmdupdate; cmdfirst",
+            "addquestions");
 }
 
 /// What so many writes add to the questions.
