@@ -90,6 +90,7 @@ TEST(Finding, IsDoneByKeysAndEndedByEscape)
     press(Qt::Key_F3);
     QTest::keyClicks(owner.form("addquestions").focusWidget(), "DELHI");
     press(Qt::Key_Return);
+    EXPECT_EQ(owner.shown("addquestions", "findresult"), "Searching");
     press(Qt::Key_Escape);
     EXPECT_EQ(lookAfterASecond(), "Search ended.|1");
     press(Qt::Key_F3);

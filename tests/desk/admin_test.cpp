@@ -92,7 +92,7 @@ TEST_F(OwnerJourney, KeepsTheBankByKeyboardAlone)
     EXPECT_EQ(
         bank.value("select group_concat(question_id || question || answer1 || correct_answer || Level || a,"
                    " ' ') from questions where question_id < 13 or question_id > 35"),
-        "11Question 1.11.1 onex 36");
+        "11Question 1.11.1 one1.1 two11 36Whoonetwo21");
     type("&x");
     desk->until("the editor to close",
                 [](const Scene& scene) { return !scene.at("admin").controls.contains("cmdnext"); });
