@@ -29,7 +29,6 @@ protected:
     {
         return control<Label>("userselect", name).palette().windowText().color();
     }
-    void move(const QString& name) const { QTest::mouseMove(&control<QWidget>("userselect", name)); }
 };
 
 } // namespace
@@ -53,17 +52,15 @@ TEST_F(ShellTest, TheWelcomeFadesInWith49TicksEachTimeTheScreenOpens)
 TEST_F(ShellTest, LinksLightUpUntilTheMousePassesOverTheBackground)
 {
     screens.show("userselect");
+    const auto colours = [this] { return std::pair(colour("email"), colour("site")); };
     const QColor plain(192, 192, 255);
     const QColor lit(255, 255, 128);
-    move("email");
-    EXPECT_EQ(colour("email"), lit);
-    EXPECT_EQ(colour("site"), plain);
-    move("site");
-    EXPECT_EQ(colour("email"), lit);
-    EXPECT_EQ(colour("site"), lit);
+    QTest::mouseMove(&control<Label>("userselect", "email"));
+    EXPECT_EQ(colours(), std::pair(lit, plain));
+    QTest::mouseMove(&control<Label>("userselect", "site"));
+    EXPECT_EQ(colours(), std::pair(lit, lit));
     QTest::mouseMove(&form("userselect"), QPoint(3, 3));
-    EXPECT_EQ(colour("email"), plain);
-    EXPECT_EQ(colour("site"), plain);
+    EXPECT_EQ(colours(), std::pair(plain, plain));
 
     const std::pair<const char*, QString> links[] = {{"email", "mailto:team@orvanta.example"},
                                                      {"site", "www.orvanta.example"}};

@@ -57,13 +57,6 @@ TEST(Contrast, ComesFromAHaloWhereTheGroundIsTooNearToTheText)
     }
 }
 
-TEST(Random, RoundsHalfToEven)
-{
-    const std::pair<float, int> cases[] = {{0.5F, 0}, {1.5F, 2}, {2.5F, 2}, {2.51F, 3}, {2.49F, 2}};
-    for (const auto& [value, rounded] : cases)
-        EXPECT_EQ(roundHalfToEven(value), rounded) << value;
-}
-
 TEST(Random, ReseedingInQuickSuccessionDoesNotRepeatANumber)
 {
     ClockSeededRandom random;
