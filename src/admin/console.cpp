@@ -31,6 +31,8 @@ Console::Console(toolkit::Services services)
     addItem(users, "cnangepassword", "&Change Password", [this] { admin_cnangepassword_Click(); });
     addItem(msg, "message", "&Messages", [this] { admin_message_Click(); });
     menus_->installEventFilter(this);
+    menus_->setAccessibleName("Menus");
+    workspace_->setAccessibleName("Open windows");
 
     auto* contents = new QVBoxLayout(this);
     contents->setContentsMargins(0, 0, 0, 0);

@@ -1,6 +1,5 @@
 #include "owner.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -26,11 +25,11 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     owner.screens.show("messages");
     EXPECT_EQ(inFront(), "messages");
 
-    owner.run("addquestions", "answer2=x; cmdupdate"); // refused: no right answer is chosen any more
+    owner.run("answer2=x; cmdupdate", "addquestions"); // refused: no right answer is chosen any more
     owner.screens.show("messages");
-    owner.run("addquestions", "cmdsave");
+    owner.run("cmdsave", "addquestions");
     owner.screens.show("messages");
-    owner.run("messages", "cmdexit");
+    owner.run("cmdexit", "messages");
     owner.screens.show("addquestions");
     QApplication::processEvents();
     EXPECT_EQ(owner.focused("addquestions"), "cmdsave") << "the focus returns to where it was last";
@@ -48,35 +47,6 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     EXPECT_EQ(owner.told(), "");
 }
 
-TEST(Console, TabReachesAllByNamesThatCanBeReadAloud)
-{
-    const std::pair<const char*, const char*> screens[] = {
-        {"login", "Username, Password, Login, Exit"},
-        {"addquestions",
-         "Question, Answer1, Answer2, Answer3, Answer4, Correct Answer, Level, ADD, SAVE, UPDATE, "
-         "DELETE, First, Previous, Next, Last, EXIT, Find"},
-        {"messages", "Message, First, Previous, Next, Last, ADD, SAVE, UPDATE, EXIT, CANCEL, Find"},
-        {"changepassword", "Username, Password, New Password, Retype Password, Change, Cancel"},
-    };
-    for (const auto& [name, expected] : screens) {
-        Owner owner;
-        owner.open({name});
-        toolkit::Form& form = owner.form(name);
-        QWidget* const first = form.focusWidget();
-        QTest::keyClick(first, Qt::Key_F3);
-        first->setFocus();
-        QStringList names;
-        do {
-            const auto* reader = QAccessible::queryAccessibleInterface(form.focusWidget());
-            const auto labels = reader->relations(QAccessible::Label);
-            names << (labels.empty() ? reader->text(QAccessible::Name)
-                                     : form.focusWidget()->accessibleName());
-            QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
-        } while (form.focusWidget() != first && names.size() < 30);
-        EXPECT_EQ(names.join(", ").toStdString(), expected);
-    }
-}
-
 TEST(Console, ALetterOfMenuAndWindowPressesTheButton)
 {
     Owner owner;
@@ -92,14 +62,14 @@ TEST(Console, ALetterOfMenuAndWindowPressesTheButton)
     const auto menuOpens = [&owner](QWidget& control) {
         QTest::keyClick(&control, Qt::Key_U, Qt::AltModifier);
         auto* open = QApplication::activePopupWidget();
-        const bool opens = open && open->objectName() == "users" && owner.told().isEmpty();
+        const bool opens = open && open->objectName() == "users" && owner.told().empty();
         if (open)
             QTest::keyClick(open, Qt::Key_Escape);
         return opens;
     };
-    owner.run("messages", "cmdadd");
+    owner.run("cmdadd", "messages");
     EXPECT_TRUE(menuOpens(box)) << "a button that is disabled leaves the letter to the menu";
-    owner.run("messages", "cmdcancel");
+    owner.run("cmdcancel", "messages");
     auto* const window = owner.form("admin").findChild<QMdiArea*>()->activeSubWindow();
     window->showMinimized();
     EXPECT_GT(window->width(), 100);

@@ -86,7 +86,7 @@ private:
     void run(const QString& step)
     {
         actions << step + " " + owner_.answers.c_str();
-        owner_.run(screen, step);
+        owner_.run(step, screen);
     }
 
     void type(qsizetype control, qsizetype text)
@@ -104,7 +104,7 @@ private:
         owner_.answers = pick(step == "cmddelete" ? 4 : 2) ? "n" : "y";
         run(step);
         owner_.answers.clear();
-        const QString told = owner_.told();
+        const QString told = QString::fromStdString(owner_.told());
         const bool open = owner_.screens.find(screen);
         const bool moves =
             told.contains("?Found") || QString("cmdfirst cmdprevious cmdnext cmdlast").contains(step);

@@ -101,6 +101,25 @@ protected:
         EXPECT_NE(told.find(part), std::string::npos) << line << '\n' << told;
     }
 
+    /// Follows a table line by line: "3 check bank.orv => text" runs it and expects its exit code and a part
+    /// of what it prints, "! statement" changes bank.orv, and "? query => value" or "?file query => value"
+    /// asks.
+    void follow(const QString& table) const
+    {
+        for (const QString& line : table.split('\n', Qt::SkipEmptyParts)) {
+            const QString sign = line.section(' ', 0, 0);
+            const std::string step = line.section(' ', 1).section(" => ", 0, 0).toStdString();
+            const std::string outcome = line.section(" => ", 1).replace("\\n", "\n").toStdString();
+            if (sign == '!')
+                exec(step);
+            else if (sign.startsWith('?'))
+                EXPECT_EQ(value(step, sign.size() > 1 ? sign.mid(1).toStdString() : "bank.orv"), outcome)
+                    << step;
+            else
+                expect(step, sign.toInt(), outcome);
+        }
+    }
+
 private:
     QTemporaryDir directory_;
 };

@@ -22,8 +22,7 @@ std::string several(int count)
 {
     return "with n(i) as (select 100 union all select i + 1 from n where i < 99 + " + std::to_string(count) +
            ") insert into questions select null, 'What is ' || i, 'yes', 'no', 'both', 'none', 'yes', '1', "
-           "1, 1, "
-           "1, 1 from n;";
+           "1, 1, 1, 1 from n;";
 }
 
 std::string times(int count, const QString& text)
@@ -39,20 +38,15 @@ TEST_F(Check, FindsEveryKindOfFault)
                                 "answer4 = '5 %', correct_answer = '3' where question_id > 15";
     const std::tuple<std::string, int, std::string> cases[] = {
         {"select 1", 0, "bank.orv: 15 questions, no faults"},
-        {with("answer2 = ''"), 3, "question 1: option B is missing, four are needed"},
         {with("question = null"), 3, "question 1: question is missing\n"},
-        {with("answer1 = ' The  TWO'"), 3, "1: options A and B are equal"},
         {with("correct_answer = 'two'"), 3, "1: the right answer \"two\" is none of the options"},
         {with("correct_answer = 'The Two'"), 0, "no faults"},
         {with("Level = '4'"), 3, "question 1: level \"4\" is none of"},
         {"pragma writable_schema = on; update sqlite_schema set sql = replace(sql, 'Level TEXT', 'Level'); "
-         "pragma "
-         "writable_schema = reset; update questions set Level = 1",
+         "pragma writable_schema = reset; update questions set Level = 1",
          3, "level \"1 (a number, not a text)\" is none of"},
         {with("question = '" + times(101, "😀") + "'"), 3, "question 1: question has 101 characters"},
         {with("question = '" + times(100, "😀") + "'"), 0, "no faults"},
-        {with("answer4 = 'abcdefghijklmnopqrstuvwxyz'"), 3, "question 1: option D has 26 characters"},
-        {with("answer4 = 'a' || char(7)"), 3, "option D holds the control character"},
         {with("question = 'a' || char(10) || 'b'"), 3, "holds a line break"},
         {with("answer4 = char(27) || '[31m'"), 3, "control character U+001B"},
         {with("answer4 = 'a' || char(0x200b)"), 3, "option D holds the invisible character U+200B"},
@@ -97,11 +91,13 @@ TEST_F(Check, FindsEveryKindOfFault)
         if (HasFailure())
             FAIL() << sql;
     }
-    exec(with("correct_answer = 'five'"));
-    expect("show bank.orv 1", 0, "right: \nThe right answer \"five\" is none of the options.\n");
-    expect("list bank.orv", 0, "     1  1 -  1 one?\n");
-    expect("check none.orv", 1, "none.orv");
-    expect("check", 2, "FILE or --from");
+    follow(R"(
+! update questions set correct_answer = 'five' where question_id = 1
+0 show bank.orv 1 => right: \nThe right answer "five" is none of the options.\n
+0 list bank.orv =>      1  1 -  1 one?\n
+1 check none.orv => none.orv
+2 check => FILE or --from
+)");
 }
 
 TEST_F(Check, ComplainsAboutEveryFaultyLineOfASource)

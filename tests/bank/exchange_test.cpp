@@ -5,7 +5,6 @@
 #include "bank/text.h"
 
 #include <random>
-#include <tuple>
 
 namespace {
 
@@ -77,32 +76,26 @@ TEST_F(Exchange, GivesBackEveryRow)
 
 TEST_F(Exchange, TellsWhatAFormatCannotHold)
 {
-    exec("update questions set a = 2 where question_id = 4; update questions set question = 'C. V. Raman?' "
-         "where "
-         "question_id = 7; update questions set answer2 = '=B1', correct_answer = '=B1' where question_id = "
-         "10");
-    const std::tuple<std::string, int, std::string> cases[] = {
-        {"a.gift", 0,
-         "a.gift: warning: how often the options were chosen is left out, only CSV holds it\n15 "},
-        {"b.gift --level 1", 0, "5 questions went into b.gift.\n"},
-        {"a.csv", 0, "question 10: warning: a text begins with =, +, - or @, which a spreadsheet may"},
-        {"b.csv", 0, "formula; so it is in 1 of these questions\n15 questions went"},
-        {"a.aiken", 1, "Aiken holds no levels: export one at a time with --level\n"},
-        {"a.aiken --level 1", 0, "question 7: warning: is left out, Aiken would take its text for an option"},
-        {"b.aiken --level 1", 0,
-         "the level is left out, Aiken does not hold it; import with --level\n4 questions"},
-        {"-", 1, "give --format, standard output has no name that tells it\n"},
-        {"- --format TEXT --level 2", 0, "level: 2\nquestion: 1 two?\nA: one\nB: the two\nC: three\n"},
-        {"a.csv", 1, "a.csv exists already and is left as it is\n"},
-        {"a.doc", 1, "a.doc: the name tells no format; end it in .csv, .gift, .aiken or .txt"},
-    };
-    for (const auto& [target, code, told] : cases)
-        expect("export bank.orv " + target, code, told);
-    exec("update questions set correct_answer = 'five' where question_id = 2");
-    expect("export bank.orv c.gift", 1, "options\nNothing was exported: only CSV holds questions");
-    expect("export bank.orv c.csv", 0,
-           "2: warning: \"right\" is left empty, the right answer \"five\" is none");
-    expect("import bank.orv -", 1, "give --format, standard input has no name that tells it\n");
+    follow(R"(
+! update questions set a = 2 where question_id = 4
+! update questions set question = 'C. V. Raman?' where question_id = 7
+! update questions set answer2 = '=B1', correct_answer = '=B1' where question_id = 10
+0 export bank.orv a.gift => a.gift: warning: how often the options were chosen is left out, only CSV holds it\n15
+0 export bank.orv b.gift --level 1 => 5 questions went into b.gift.\n
+0 export bank.orv a.csv => question 10: warning: a text begins with =, +, - or @, which a spreadsheet may
+0 export bank.orv b.csv => formula; so it is in 1 of these questions\n15 questions went
+1 export bank.orv a.aiken => Aiken holds no levels: export one at a time with --level\n
+0 export bank.orv a.aiken --level 1 => question 7: warning: is left out, Aiken would take its text for an option
+0 export bank.orv b.aiken --level 1 => the level is left out, Aiken does not hold it; import with --level\n4 questions
+1 export bank.orv - => give --format, standard output has no name that tells it\n
+0 export bank.orv - --format TEXT --level 2 => level: 2\nquestion: 1 two?\nA: one\nB: the two\nC: three\n
+1 export bank.orv a.csv => a.csv exists already and is left as it is\n
+1 export bank.orv a.doc => a.doc: the name tells no format; end it in .csv, .gift, .aiken or .txt
+! update questions set correct_answer = 'five' where question_id = 2
+1 export bank.orv c.gift => options\nNothing was exported: only CSV holds questions
+0 export bank.orv c.csv => 2: warning: "right" is left empty, the right answer "five" is none
+1 import bank.orv - => give --format, standard input has no name that tells it\n
+)");
 }
 
 TEST_F(Exchange, ReadsWhatOthersWriteOrLeavesTheFileAlone)

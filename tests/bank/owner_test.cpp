@@ -41,18 +41,21 @@ TEST_F(Owner, KeepsTheAccounts)
     expect("admin bank.orv password owner --generate", 0, "The password was set.\n");
     EXPECT_NE(value("select password from users where rowid = 1"), former);
     EXPECT_EQ(run("admin bank.orv list"), std::pair(0, "owner\n" + longest + '\n'));
-    for (const std::string name : {R"("a b")", "sixteen-letters-", "owner"})
-        expect("admin bank.orv add " + name + " --generate", 1, "a");
-    expect("admin bank.orv password nobody --generate", 1, "bank.orv has no account \"nobody\"\n");
     expect("admin bank.orv remove " + longest, 0, "removed");
-    expect("admin bank.orv remove owner", 1, "without its last account nobody could log in\n");
-    expect("admin bank.orv add anna --generate", 0, "The account was added.\n");
-    expect("admin bank.orv rename anna owner", 1, "bank.orv has an account \"owner\" already\n");
-    expect("admin bank.orv rename anna \"a b\"", 1, "the name holds a blank\n");
-    expect("admin bank.orv rename nobody bela", 1, "no account \"nobody\"\n");
-    expect("admin bank.orv rename anna bela", 0, "renamed");
-    expect("admin bank.orv remove owner", 0, "removed");
-    EXPECT_EQ(run("admin bank.orv list").second, "bela\n");
+    follow(R"(
+1 admin bank.orv add "a b" --generate => the name holds a blank\n
+1 admin bank.orv add sixteen-letters- --generate => the name has 16 characters
+1 admin bank.orv add owner --generate => bank.orv has an account "owner" already\n
+1 admin bank.orv password nobody --generate => bank.orv has no account "nobody"\n
+1 admin bank.orv remove owner => without its last account nobody could log in\n
+0 admin bank.orv add anna --generate => The account was added.\n
+1 admin bank.orv rename anna owner => bank.orv has an account "owner" already\n
+1 admin bank.orv rename anna "a b" => the name holds a blank\n
+1 admin bank.orv rename nobody bela => no account "nobody"\n
+0 admin bank.orv rename anna bela => renamed
+0 admin bank.orv remove owner => removed
+? select group_concat(username) from users => bela
+)");
     for (const QString password : {"", " secret", "secret\t", "sixteen-letters-", " "})
         EXPECT_NE(bank::passwordFault(password), "") << password.toStdString();
     EXPECT_EQ(bank::passwordFault("my secret"), "");
@@ -60,54 +63,45 @@ TEST_F(Owner, KeepsTheAccounts)
 
 TEST_F(Owner, FindsAndMendsAQuestion)
 {
-    const std::tuple<std::string, int, std::string> cases[] = {
-        {R"(set bank.orv 4 "question=Who wrote Café?" "A=Zoë = she" right=a level=3)", 0, "level: 3\n"},
-        {"show bank.orv 4", 0, "A: Zoë = she  (chosen 0 times)\nB: the two  (chosen 0 times)\n"},
-        {R"(search bank.orv "CAFE zoe")", 0, "     4  3 A  Who wrote Café?\n"},
-        {"search bank.orv cafe --level 1", 0, "There is no such question.\n"},
-        {"search bank.orv cafe four five", 0, "There is no such question.\n"},
-        {"list bank.orv --level 1", 0, "     1  1 B  1 one?\n     7  1 B  3 one?\n    10  1 B  4 one?\n"},
-        {R"(set bank.orv 5 "question=who wrote café?")", 1, "5: the same question stands in"},
-        {"set bank.orv 5 B=ONE", 1, "question 5: options A and B are equal\n"},
-        {"set bank.orv 5 why=x", 1, "\"why=x\" is not of the form field=text"},
-        {"set bank.orv 5 A", 1, "\"A\" is not of the form field=text"},
-        {"delete bank.orv 5", 1, "--yes would delete question 5, \"2 two?\""},
-        {"delete bank.orv 5 --yes", 0, "Question 5, \"2 two?\", was deleted.\n"},
-        {"show bank.orv 5", 1, "bank.orv has no question 5\n"},
-        {"lst", 2, "\"lst\" is no subcommand of orvbank; there are create, check, import, "},
-        {"--version", 0, "orvbank "},
-        {"admin bank.orv ad anna", 2,
-         "\"ad\" is no subcommand of admin; there are add, password, rename, remove, list. Did you mean "
-         "add?\n"},
-        {"sheet bank.orv one.pdf --count 1", 0, "3 questions"},
-        {"search bank.orv", 2, "WORDS is required"},
-        {"import bank.orv data --update --replace", 2, "excludes"},
-        {"import bank.orv data --update --skip-known", 2, "excludes"},
-        {"export bank.orv all.csv --format gfit", 2,
-         "\"gfit\" is no format; there are csv, gift, aiken, text. Did you mean gift?\n"},
-        {"sheet bank.orv quiz.pdf --count 2", 0, "6 questions went into quiz.pdf.\n"},
-        {"prompts bank.orv export prompts.txt", 0, ""},
-        {"prompts bank.orv import prompts.txt", 0, "has taken in 0 prompts.\n"},
-        {"prompts bank.orv import prompts.txt --replace", 0, "1 prompt in place of those it had.\n"},
-        {"create empty.orv", 0, "with 0 questions and 0 prompts.\n"},
-        {"prompts empty.orv export none.txt", 0, ""},
-        {"prompts bank.orv import twice.txt", 1, "twice.txt:2: the same prompt stands in twice.txt:1\n"},
-        {"prompts bank.orv import none.txt", 1, "none.txt: there are no prompts in it\n"},
-        {"sheet empty.orv none.pdf", 1, "empty.orv has no questions for a sheet\n"},
-        {"import empty.orv data", 0, "has taken in 15 questions and 1 prompt.\n"},
-        {"import empty.orv data --replace --shuffle", 0,
-         "15 questions and 1 prompt in place of those it had.\n"},
-    };
     write("twice.txt", "Sure?\nsure?\n");
-    for (const auto& [line, code, told] : cases)
-        expect(line, code, told);
-    EXPECT_EQ(
-        value("select sum(correct_answer = 'the two') || (sum(answer2 = 'the two') < 15) from questions",
-              "empty.orv"),
-        "151");
-    exec("update questions set b = 5");
-    expect("export bank.orv all.csv", 0, "");
-    expect("import empty.orv all.csv --replace --shuffle", 0, "");
+    follow(R"(
+0 set bank.orv 4 "question=Who wrote Café?" "A=Zoë = she" right=a level=3 => level: 3\n
+0 show bank.orv 4 => A: Zoë = she  (chosen 0 times)\nB: the two  (chosen 0 times)\n
+0 search bank.orv "CAFE zoe" =>      4  3 A  Who wrote Café?\n
+0 search bank.orv cafe --level 1 => There is no such question.\n
+0 search bank.orv cafe four five => There is no such question.\n
+0 list bank.orv --level 1 =>      1  1 B  1 one?\n     7  1 B  3 one?\n    10  1 B  4 one?\n
+1 set bank.orv 5 "question=who wrote café?" => 5: the same question stands in
+1 set bank.orv 5 B=ONE => question 5: options A and B are equal\n
+1 set bank.orv 5 why=x => "why=x" is not of the form field=text
+1 set bank.orv 5 A => "A" is not of the form field=text
+1 delete bank.orv 5 => --yes would delete question 5, "2 two?"
+0 delete bank.orv 5 --yes => Question 5, "2 two?", was deleted.\n
+1 show bank.orv 5 => bank.orv has no question 5\n
+2 lst => "lst" is no subcommand of orvbank; there are create, check, import, 
+0 --version => orvbank 
+2 admin bank.orv ad anna => "ad" is no subcommand of admin; there are add, password, rename, remove, list. Did you mean add?\n
+0 sheet bank.orv one.pdf --count 1 => 3 questions
+2 search bank.orv => WORDS is required
+2 import bank.orv data --update --replace => excludes
+2 import bank.orv data --update --skip-known => excludes
+2 export bank.orv all.csv --format gfit => "gfit" is no format; there are csv, gift, aiken, text. Did you mean gift?\n
+0 sheet bank.orv quiz.pdf --count 2 => 6 questions went into quiz.pdf.\n
+0 prompts bank.orv export prompts.txt
+0 prompts bank.orv import prompts.txt => has taken in 0 prompts.\n
+0 prompts bank.orv import prompts.txt --replace => 1 prompt in place of those it had.\n
+0 create empty.orv => with 0 questions and 0 prompts.\n
+0 prompts empty.orv export none.txt
+1 prompts bank.orv import twice.txt => twice.txt:2: the same prompt stands in twice.txt:1\n
+1 prompts bank.orv import none.txt => none.txt: there are no prompts in it\n
+1 sheet empty.orv none.pdf => empty.orv has no questions for a sheet\n
+0 import empty.orv data => has taken in 15 questions and 1 prompt.\n
+0 import empty.orv data --replace --shuffle => 15 questions and 1 prompt in place of those it had.\n
+?empty.orv select sum(correct_answer = 'the two') || (sum(answer2 = 'the two') < 15) from questions => 151
+! update questions set b = 5
+0 export bank.orv all.csv
+0 import empty.orv all.csv --replace --shuffle
+)");
     EXPECT_EQ(
         value("select min(case correct_answer when answer1 then a when answer2 then b when answer3 then c"
               " else d end) from questions where correct_answer = 'the two'",
@@ -148,24 +142,25 @@ TEST_F(Owner, BringsBackAMendedSheet)
 
 TEST_F(Owner, RestoresABackupAndKeepsWhatWasThere)
 {
-    expect("backup bank.orv copy.orv", 0, "copy.orv is a sound copy of bank.orv.\n");
-    exec("update questions set a = 3; delete from users");
-    expect("restore bank.orv copy.orv", 0, "What it held is kept in bank.orv.before-restore.\n");
-    EXPECT_EQ(value("select sum(a) || (select count(*) from users) from questions"), "151");
-    EXPECT_EQ(value("select sum(a) from questions", "bank.orv.before-restore"), "45");
+    const QString tallies = "select sum(a) || (select count(*) from users) from questions => ";
+    follow(R"(
+0 backup bank.orv copy.orv => copy.orv is a sound copy of bank.orv.\n
+! update questions set a = 3; delete from users
+0 restore bank.orv copy.orv => What it held is kept in bank.orv.before-restore.\n
+)" + ("? " + tallies + "151\n?bank.orv.before-restore " + tallies + "450"));
     write("bank.orv", std::string(5000, 'x'));
-    expect("restore bank.orv copy.orv", 0, "bank.orv.before-restore-2");
-    EXPECT_EQ(value("select sum(a) from questions"), "15");
+    follow("0 restore bank.orv copy.orv => bank.orv.before-restore-2\n? " + tallies + "151");
     EXPECT_EQ(content("bank.orv.before-restore-2"), std::string(5000, 'x'));
-    exec("update questions set a = 3");
-    EXPECT_EQ(run("backup bank.orv gift.orv --for-others").first, 0);
-    EXPECT_EQ(value("select sum(a) || (select count(*) from users) from questions", "gift.orv"), "150");
     write("short.orv", content("copy.orv").substr(0, 9000));
-    expect("restore bank.orv bank.orv", 1, "bank.orv is that file itself\n");
-    for (const std::string bad : {"data/prompts.txt", "none.orv", "short.orv"})
-        expect("restore bank.orv " + bad, 1, bad);
-    expect("backup short.orv other.orv", 1, "the file is damaged");
-    EXPECT_EQ(value("select sum(a) from questions"), "45");
+    follow(R"(
+! update questions set a = 3
+0 backup bank.orv gift.orv --for-others
+1 restore bank.orv bank.orv => bank.orv is that file itself\n
+1 restore bank.orv data/prompts.txt => data/prompts.txt
+1 restore bank.orv none.orv => none.orv
+1 restore bank.orv short.orv => short.orv
+1 backup short.orv other.orv => the file is damaged
+)" + ("? " + tallies + "451\n?gift.orv " + tallies + "150"));
     EXPECT_EQ(names(), (QStringList{"bank.orv", "bank.orv.before-restore", "bank.orv.before-restore-2",
                                     "copy.orv", "data", "gift.orv", "short.orv"}));
 }
@@ -186,25 +181,25 @@ TEST_F(Owner, BacksUpWhatIsCommitted)
 
 TEST_F(Owner, CountsPlays)
 {
-    exec("update questions set a = 2, b = 4 where question_id = 4; update questions set d = 0 where "
-         "question_id = 7");
-    expect("stats bank.orv --from data", 0,
-           "level 1                       5          1          4       75 %\n"
-           "  words                       5          1          4       75 %\n");
-    expect("stats bank.orv", 0,
-           "\n  number level  plays  right  question\n       4     1      4   75 %  2 one?\n");
     write("bad.csv", "question,A,B,C,D,right,level\nWho?,a,b,c,,A,1\n");
-    expect("stats bank.orv --from bad.csv", 1, "bad.csv:2:12: option D is missing, four are needed\n");
-    exec("update questions set a = 2000000000000000000, b = 2000000000000000000; update questions set a = 1, "
-         "b = 1, c = 4 where question_id = 5; update questions set a = 1, b = question_id / 2 where "
-         "question_id in (6, 8)");
+    follow(R"(
+! update questions set a = 2, b = 4 where question_id = 4
+! update questions set d = 0 where question_id = 7
+0 stats bank.orv --from data => level 1                       5          1          4       75 %\n
+0 stats bank.orv --from data =>   words                       5          1          4       75 %\n
+0 stats bank.orv => \n  number level  plays  right  question\n       4     1      4   75 %  2 one?\n
+1 stats bank.orv --from bad.csv => bad.csv:2:12: option D is missing, four are needed\n
+! update questions set a = 2000000000000000000, b = 2000000000000000000
+! update questions set a = 1, b = 1, c = 4 where question_id = 5
+! update questions set a = 1, b = question_id / 2 where question_id in (6, 8)
+)");
     const std::string header = "number,level,plays,right,question\r\n";
     EXPECT_EQ(run("stats bank.orv --csv --hardest").second,
               header + "5,2,3,0,2 two?\r\n8,2,3,3,3 two?\r\n6,3,2,2,2 three?\r\n");
     EXPECT_EQ(run("stats bank.orv --csv --easiest").second,
               header + "8,2,3,3,3 two?\r\n6,3,2,2,2 three?\r\n5,2,3,0,2 two?\r\n");
-    EXPECT_EQ(run("stats bank.orv --reset").second,
-              "The tallies of all questions are 1 again, as before the first game.\n");
+    expect("stats bank.orv --reset", 0,
+           "The tallies of all questions are 1 again, as before the first game.\n");
     EXPECT_EQ(run("stats bank.orv --csv").second, header);
 }
 

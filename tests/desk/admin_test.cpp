@@ -1,7 +1,5 @@
 #include "player.h"
 
-#include <algorithm>
-
 namespace desk {
 
 /// The owner of the bank, who has nothing but a keyboard.
@@ -35,20 +33,6 @@ protected:
         type(item);
     }
 
-    /// Walks on by Tab until a control has the focus.
-    void focusOn(const char* control)
-    {
-        const auto focused = [](const Scene& scene) {
-            return std::ranges::find_if(scene.at("admin").controls,
-                                        [](const auto& each) { return each.second.focus; })
-                ->first;
-        };
-        for (QString at = focused(desk->look()); at != control; at = focused(desk->look())) {
-            type("\t");
-            desk->until("the focus to move", [&](const Scene& scene) { return focused(scene) != at; });
-        }
-    }
-
     /// Closes the box that is open, whose text, icon and buttons are these.
     void confirm(const std::string& box, const char* keys = "\r")
     {
@@ -73,18 +57,9 @@ TEST_F(OwnerJourney, KeepsTheBankByKeyboardAlone)
     type("Who\tone\ttwo\tthree\tfour\t" + QString(2, downKey) + "\t2&s");
     confirm("Successfully Saved | no icon | OK");
     waitFor("questionid", "36");
-    EXPECT_EQ(
-        bank.value("select question || answer1 || answer4 || correct_answer || Level || a || d from questions"
-                   " where question_id = 36"),
-        "Whoonefourtwo211");
-
-    focusOn("cmdfirst");
-    type(" ");
+    type("\t\t\t "); // to the button for the first one
     waitFor("questionid", "11");
-    focusOn("question");
-    type(endKey + QString(" x"));
-    focusOn("cmdnext");
-    type(" ");
+    type(QString(5, '\t') + endKey + " x" + QString(13, '\t') + ' '); // to the question, and to the next one
     confirm("The Current Record has been modified do you wish to Update it? | no icon | No | Yes", "&y");
     // Passing through the list of answers has emptied it.
     confirm("The Following Errors have occured. Please correct them\nCorrect Answer Not Selected\n | no icon "
@@ -94,12 +69,10 @@ TEST_F(OwnerJourney, KeepsTheBankByKeyboardAlone)
     confirm("Are you sure ? | no icon | No | Yes", "&y");
     confirm("Successfully deleted | no icon | OK");
     waitFor("question", "Question 1.1");
-    focusOn("question");
-    type(endKey + QString(" x&u"));
-    confirm("Record Updated | information | OK");
     EXPECT_EQ(
-        bank.value("select group_concat(question_id || question) from questions where question_id < 14"),
-        "11Question 1.1 x,13Question 1.3");
+        bank.value("select group_concat(question_id || question || answer1 || correct_answer || Level || a,"
+                   " ' ') from questions where question_id < 13 or question_id > 35"),
+        "11Question 1.11.1 one1.1 two11 36Whoonetwo21");
     type("&x");
     desk->until("the editor to close",
                 [](const Scene& scene) { return !scene.at("admin").controls.contains("cmdnext"); });

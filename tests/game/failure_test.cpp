@@ -4,101 +4,95 @@
 
 namespace game {
 
-using namespace std::chrono_literals;
-
 TEST_F(ShowTest, AGameThatCannotStartSaysWhyAndLeavesToTheThankYouScreen)
 {
     // Each is found before those that were done earlier.
     const std::pair<const char*, const char*> harms[] = {
-        {"update questions set Level = '4' where Level = '1'", "level 1"},
-        {"alter table locking rename to l", "locking"},
-        {"alter table questions rename column answer3 to third", "answer3"},
-        {"alter table questions rename to q", "questions"},
-        {"", "missing"},
+        {"update questions set Level = '4' where Level = '1'",
+         "orv.orv has too few questions of level 1: a game asks five of them, and it holds 0. Add"},
+        {"alter table locking rename to l",
+         "\"orv.orv\" cannot be read: it has no usable table named locking. Put"},
+        {"alter table questions rename column answer3 to third",
+         "cannot be read: its table questions has no field named answer3. Put"},
+        {"alter table questions rename to q", "cannot be read: it has no usable table named questions. Put"},
+        {"", "cannot be opened: the file is missing. Put"},
     };
-    stand.dialogs.expectInput("Please Enter your First Name ", "Asha");
     for (const auto& [harm, reason] : harms) {
         bank.execute(harm);
         if (!*harm)
             QFile::remove(bank.path());
-        stand.dialogs.expectNoticeWith({bank.path(), reason});
-        expectFarewell();
-        stand.screens.show("orv");
-        EXPECT_EQ(stand.open(), "thank") << reason;
-        stand.screens.close("thank");
+        const std::string told = after("show orv");
+        EXPECT_NE(told.find(reason), std::string::npos) << told;
+        EXPECT_TRUE(told.ends_with(thanks)) << told;
+        EXPECT_EQ(open(), "thank") << reason;
+        run("close thank");
     }
     EXPECT_FALSE(QFile::exists(bank.path()));
 }
 
 TEST_F(ShowTest, AGameThatCannotGoOnKeepsWhatWasWonSoFar)
 {
-    const auto expectEnd = [this](const char* control, const char* reason, const char* amount) {
-        stand.dialogs.expectNoticeWith({bank.path(), reason});
-        stand.click("orv", control);
-        EXPECT_EQ(shown("question"), QString("Total Prize Money Rs. ") + amount);
-        EXPECT_FALSE(visible("cmdok"));
-        EXPECT_EQ(focused(), "cmdokquit");
-        expectFarewell();
-        stand.click("orv", "cmdokquit");
-        EXPECT_EQ(stand.open(), "thank");
+    const std::tuple<QString, const char*, const char*, const char*> harms[] = {
+        {"!delete from questions where question_id in (23, 24, 25); show orv; " + answered(6) + right,
+         "cmdok", "orv.orv has too few questions of level 2: a game asks five of them, and it holds 2. Add",
+         "40,000"},
+        {"show orv; " + answered(3) + "!drop table locking", "option3",
+         "\"orv.orv\" cannot be read: it has no usable table named locking. Put", "3,000"},
     };
-    bank.execute("delete from questions where question_id in (23, 24, 25)");
-    start();
-    answerUpTo(6);
-    answerRight();
-    expectEnd("cmdok", "level 2: a game asks five of them, and it holds 2", "40,000");
-    start();
-    answerUpTo(3);
-    bank.execute("drop table locking");
-    expectEnd("option3", "locking", "3,000");
+    for (const auto& [steps, last, reason, amount] : harms) {
+        after(steps);
+        const std::string told = after(last);
+        EXPECT_NE(told.find(reason), std::string::npos) << told;
+        EXPECT_EQ(shows("question focus"), std::string("Total Prize Money Rs. ") + amount + "|cmdokquit");
+        EXPECT_TRUE(hidden("cmdok"));
+        EXPECT_EQ(after("cmdokquit"), farewell);
+        EXPECT_EQ(open(), "thank");
+    }
 }
 
 TEST_F(ShowTest, QuestionsWithoutANumberOfTheirOwnAreAskedOnceAndCountedApart)
 {
-    bank.execute("create table q as select * from questions; drop table questions;"
-                 "alter table q rename to questions");
+    bank.execute(
+        "create table q as select * from questions; drop table questions;alter table q rename to questions");
     for (const char* id : {"null", "'seven'", "7"}) {
         bank.execute(std::string("update questions set c = 1, question_id = ") + id);
-        start();
-        answerUpTo(14);
-        answerRight();
+        after("show orv; " + answered(14) + right);
         EXPECT_EQ(bank.value("select count(*) || ' ' || sum(c) from questions where c = 2"), "15 30") << id;
-        expectFarewell();
-        stand.form("orv").close();
+        after("close orv");
     }
 }
 
 TEST_F(ShowTest, WithoutPromptMessagesTheHostUsesItsOwnAndSaysSoOnce)
 {
-    bank.execute("delete from locking");
-    start();
-    stand.dialogs.expectNoticeWith({bank.path(), "no prompt message"});
-    for (const bool lock : {false, true}) {
-        stand.dialogs.expectConfirm("Asha shall I lock your answer?", lock);
-        stand.click("orv", "option3");
-    }
+    after("!delete from locking; show orv");
+    const std::string own =
+        "Stop; Speak Asha,shall I lock your answer?; Orvanta: Asha shall I lock your answer?";
+    const std::string told = after("option3:n");
+    EXPECT_TRUE(told.starts_with(
+        "Orvanta: (i) The question bank orv.orv has no prompt message, so the host makes do"));
+    EXPECT_TRUE(told.ends_with("; " + own)) << told;
+    EXPECT_EQ(after("option3:n"), own);
 }
 
 TEST_F(ShowTest, ATallyThatCannotBeWrittenIsToldAndTheVerdictStands)
 {
-    bank.execute("create trigger stop before update on questions begin select raise(abort, 'no'); end");
-    start();
-    for (const bool lock : {false, true}) {
-        stand.dialogs.expectConfirm("Asha shall I lock it?", lock);
-        stand.dialogs.expectNoticeWith({bank.path()});
-        stand.click("orv", "option3");
-    }
-    stand.clock.advance(900ms);
-    EXPECT_EQ(shown("question"), "Total Prize Money Rs. 1,000");
-    stand.click("orv", "cmdok");
-    const std::string question = shown("question").toStdString();
-    bank.execute("drop trigger stop; delete from questions where question = '" + question + "'");
-    stand.dialogs.expectConfirm("Asha shall I lock it?", false);
-    stand.dialogs.expectNoticeWith({bank.path(), "removed this question"});
-    stand.click("orv", "option3");
-    stand.click("orv", "lifeline1");
-    answerRight();
-    EXPECT_EQ(shown("question"), "Total Prize Money Rs. 2,000") << "told once";
+    const std::string lock = "Stop; Speak Asha,shall I lock it?; Orvanta: Asha shall I lock it?";
+    const std::string verdict = "; Stop; Play Congratulate; Speak correct answer";
+    const std::string refused =
+        "; Orvanta: (!) The question bank \"orv.orv\" cannot be changed: it does not accept "
+        "one of the values. Change the values and try again. (no)";
+    after("!create trigger stop before update on questions begin select raise(abort, 'no');end; show orv");
+    EXPECT_EQ(after("option3:n"), lock + refused);
+    EXPECT_EQ(after("option3:y"), lock + verdict + refused);
+    after("900ms; cmdok");
+    bank.execute("drop trigger stop; delete from questions where question = '" + shows("question") + "'");
+    const std::string told = after("option3:n");
+    EXPECT_TRUE(told.starts_with(lock + "; Orvanta: (i) Another program has just removed this question"))
+        << told;
+    after("lifeline1");
+    EXPECT_EQ(after("option3:y"), lock + verdict) << "told once";
+    after("900ms");
+    EXPECT_EQ(shows("question"), "Total Prize Money Rs. 2,000");
 }
 
 } // namespace game

@@ -1,7 +1,9 @@
+#include "game/draw.h"
 #include "game/fifty.h"
+#include "game/ladder.h"
 #include "game/poll.h"
 #include "game/prompts.h"
-#include "toolkit/random.h"
+#include "support/doubles.h"
 
 #include <QStringList>
 
@@ -9,24 +11,49 @@
 
 #include <algorithm>
 #include <map>
-#include <random>
+#include <set>
 
 namespace game {
 
-namespace {
-
-/// A generator that gives the same numbers in every run.
-class SeededRandom final : public toolkit::Random
+TEST(Ladder, EveryAmountHasItsWordsWithAndWithoutCommas)
 {
-public:
-    void reseed() override {}
-    [[nodiscard]] float next() override { return static_cast<float>(engine_() >> 8U) / 16777216.0F; }
+    EXPECT_EQ(amountinwords("1,60,000"), " one lacks,sixty thousand ");
+    EXPECT_EQ(amountinwords("160000"), " one lacks,sixty thousand ");
+    EXPECT_EQ(amountinwords("12,50,000"), " twelve lacks fifty thousand ");
+    EXPECT_EQ(amountinwords("0"), "");
+    for (int n = 1; n <= lastQuestion; ++n)
+        EXPECT_NE(amountinwords(prizeLadder()[n]), "") << n;
+}
 
-private:
-    std::mt19937 engine_{20};
-};
+TEST(Ladder, MarkingARungKeepsItsAmountAndTheOtherMarks)
+{
+    QString text = ladderPanelText();
+    EXPECT_EQ(text.size(), 272);
+    for (int n = 1; n <= lastQuestion; ++n) {
+        text = withRungMarked(text, n);
+        const QString line = text.split("\r\n").at(lastQuestion - n);
+        EXPECT_TRUE(line.startsWith(QString("%1>%2X").arg(n, 3).arg(n < 10 ? " " : "")))
+            << line.toStdString();
+        EXPECT_TRUE(line.trimmed().endsWith(prizeLadder()[n])) << line.toStdString();
+        EXPECT_EQ(text.count('X'), n);
+    }
+}
 
-} // namespace
+TEST(Draw, PicksTheNearestRowAHalfGoingToTheEvenOne)
+{
+    struct Case
+    {
+        float r;
+        int count;
+        int row;
+    };
+    const Case cases[] = {{0.99F, 1, 0},         {0.5F, 2, 0},   {0.51F, 2, 1},    {0.125F, 5, 0},
+                          {0.126F, 5, 1},        {0.375F, 5, 2}, {0.625F, 5, 2},   {0.875F, 5, 4},
+                          {0.874F, 5, 3},        {0.0F, 300, 0}, {0.5F, 300, 150}, {0.9999F, 300, 299},
+                          {0.5F, 333334, 166666}};
+    for (const auto& [r, count, row] : cases)
+        EXPECT_EQ(pickedRow(r, count), row) << r << " of " << count;
+}
 
 TEST(Poll, SharesAreThoseOfTheShownOptionsRoundedHalfToEven)
 {
@@ -48,34 +75,36 @@ TEST(Poll, SharesAreThoseOfTheShownOptionsRoundedHalfToEven)
         EXPECT_EQ(pollPercentages(cases[i].first), cases[i].second) << "case " << i;
 }
 
-TEST(Fifty, RemovesTwoOfTheRemovableOrWhatThereIs)
+TEST(Draws, AreAsFrequentAsTheyShallBeAndRemoveNoOtherOption)
 {
-    SeededRandom random;
-    using Options = std::array<bool, 4>;
-    for (const Options removable :
-         {Options{true, true, false, true}, {true}, {}, {false, true, false, true}}) {
-        const std::vector<int> removed = removedOptions(removable, random);
-        ASSERT_EQ(std::ssize(removed), std::min<std::ptrdiff_t>(2, std::ranges::count(removable, true)));
-        for (const int k : removed)
-            EXPECT_TRUE(removable[k - 1]) << k;
-    }
-}
-
-TEST(Draws, AreAsFrequentAsTheyShallBe)
-{
-    SeededRandom random;
-    constexpr int draws = 100'000;
-    std::map<int, int> removedFirst;
+    constexpr int draws = 1000;
     std::map<int, int> prompted;
+    std::map<int, int> removedFirst;
     for (int draw = 0; draw < draws; ++draw) {
-        ++removedFirst[removedOptions({true, true, true, true}, random).front()];
-        ++prompted[pickedPrompt(random.next())];
+        const float evenly = (static_cast<float>(draw) + 0.5F) / draws;
+        ++prompted[pickedPrompt(evenly)];
+        using Options = std::array<bool, 4>;
+        for (const Options removable : {Options{true, true, false, true},
+                                        {true},
+                                        {},
+                                        {false, true, false, true},
+                                        {true, true, true, true}}) {
+            support::ScriptedRandom random;
+            random.numbers = {evenly};
+            const std::vector<int> removed = removedOptions(removable, random);
+            ASSERT_EQ(std::set(removed.begin(), removed.end()).size(),
+                      std::min<std::ptrdiff_t>(2, std::ranges::count(removable, true)));
+            for (const int k : removed)
+                EXPECT_TRUE(removable[k - 1]) << k;
+            if (std::ranges::count(removable, true) == 4)
+                ++removedFirst[removed.front()];
+        }
     }
     for (int k = 1; k <= 4; ++k)
-        EXPECT_NEAR(removedFirst[k] / double(draws), k == 1 || k == 4 ? 1.0 / 6 : 1.0 / 3, 0.01) << k;
+        EXPECT_NEAR(removedFirst[k], k == 1 || k == 4 ? draws / 6 : draws / 3, 1) << k;
     EXPECT_EQ(prompted.size(), 26U);
     for (const auto& [k, count] : prompted)
-        EXPECT_NEAR(count / double(draws), k == 1 || k == promptCount ? 0.02 : 0.04, 0.004) << k;
+        EXPECT_NEAR(count, k == 1 || k == promptCount ? 20 : 40, 1) << k;
 }
 
 TEST(Prompts, SayWhatFitsTheGame)

@@ -1,40 +1,52 @@
 #pragma once
 
-#include "support/bank.h"
+#include "game/orv.h"
 #include "support/stand.h"
 
 namespace game {
 
-/// Adds the game to the screens, and plain forms for its neighbours.
-void addScreens(support::Stand& stand, toolkit::Services services, const bool& hostMissing);
+/// A stand with the game, and plain forms for its neighbours. The draws take the numbers of `random` in turn:
+/// one for each question and one for each prompt message.
+struct Show : support::Stand
+{
+    Show()
+    {
+        screens.add("orv", [this] { return std::make_unique<Orv>(services, makeHost); }, {.behind = "back"});
+        addPlain({"back", "thank"});
+    }
+};
 
-/// A game on a bank of its own, with a stepped clock and a host that writes down what it is asked. The
-/// draws take the numbers of stand.random in turn: one for each question and one for each prompt message.
-class ShowTest : public testing::Test
+class ShowTest : public testing::Test, protected Show
 {
 protected:
-    ShowTest();
-
-    /// Opens the game form, gives the name "Asha" and drops what the host was asked so far.
-    void start();
-    void chooseOption(int k, bool lock);
-    /// Chooses the right option (the third), waits for the flashing to end.
-    void answerRight();
-    /// Answers questions 1 to n rightly and goes on to the next one.
-    void answerUpTo(int n);
-
-    [[nodiscard]] QString shown(const QString& label) const { return stand.text("orv", label); }
-    [[nodiscard]] bool visible(const QString& control) const;
-    /// What the four options say, with bars between them.
-    [[nodiscard]] std::string options() const;
+    /// What came of doing `steps` in the game.
+    std::string after(const QString& steps)
+    {
+        run(steps, "orv");
+        return told();
+    }
+    [[nodiscard]] std::string shows(const QString& names) const { return shown("orv", names); }
+    [[nodiscard]] bool hidden(const QString& name) const { return control<QWidget>("orv", name).isHidden(); }
     /// The looks of the four options: "." plain, "c" chosen, "g" green.
-    [[nodiscard]] std::string looks() const;
-    [[nodiscard]] std::string focused() const;
-    void expectFarewell();
+    [[nodiscard]] std::string looks() const
+    {
+        std::string result;
+        for (int k = 1; k <= 4; ++k) {
+            const auto& option = control<toolkit::Label>("orv", QString("option%1").arg(k));
+            const bool green = option.palette().window().color() == QColor(0, 192, 0);
+            result += !option.isOpaque() ? '.' : green ? 'g' : 'c';
+        }
+        return result;
+    }
+    /// Steps that answer so many questions rightly and go on to the next one.
+    static QString answered(int questions) { return (right + "cmdok; ").repeated(questions); }
 
-    support::Bank bank;
-    support::Stand stand;
-    bool hostMissing = false;
+    static inline const QString right = "option3:y; 900ms; ";
 };
+
+inline const std::string thanks =
+    "Orvanta: Thank you for playing. Visit www.orvanta.example for updates and more questions.";
+inline const std::string farewell =
+    "Stop; Speak Visit us at www.orvanta.example for updates and more questions.; Play Announce; " + thanks;
 
 } // namespace game

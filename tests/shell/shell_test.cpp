@@ -1,29 +1,20 @@
-#include "game/orv.h"
-#include "shell/back.h"
 #include "shell/mainscreen.h"
 #include "shell/rules.h"
 #include "shell/thank.h"
 #include "shell/userselect.h"
-#include "support/bank.h"
 #include "support/stand.h"
-#include "toolkit/reach.h"
 
-#include <QAccessible>
 #include <QCheckBox>
-#include <QScrollBar>
-
-#include <set>
 
 namespace shell {
 
 using namespace std::chrono_literals;
 using toolkit::Button;
-using toolkit::Form;
 using toolkit::Label;
 
 namespace {
 
-class ShellTest : public testing::Test
+class ShellTest : public testing::Test, protected support::Stand
 {
 protected:
     ShellTest()
@@ -32,61 +23,12 @@ protected:
         add<MainScreen>("mainscreen");
         add<Rules>("rules");
         add<Thank>("thank");
-        for (const char* name : {"orv", "login"}) {
-            stand.screens.add(name, [this, name] {
-                return std::make_unique<Form>(toolkit::FormSettings{.name = name}, stand.services);
-            });
-        }
+        addPlain({"orv", "login"});
     }
-    template <typename Screen>
-    void add(const QString& name)
+    [[nodiscard]] QColor colour(const QString& name) const
     {
-        stand.screens.add(name, [this] { return std::make_unique<Screen>(stand.services); });
+        return control<Label>("userselect", name).palette().windowText().color();
     }
-    QColor colour(const QString& name)
-    {
-        return stand.control<Label>("userselect", name).palette().windowText().color();
-    }
-    /// Goes over all that a screen shows.
-    void walk(const QString& screen)
-    {
-        toolkit::Form& form = stand.form(screen);
-        QAccessibleInterface& root = *QAccessible::queryAccessibleInterface(&form);
-        EXPECT_NE(root.text(QAccessible::Name), "") << screen.toStdString();
-        std::set<const QObject*> reached;
-        for (int tab = 0; tab < 30 && form.focusWidget(); ++tab) {
-            QTest::keyClick(form.focusWidget(), Qt::Key_Tab);
-            reached.insert(form.focusWidget());
-        }
-        for (int i = 0; i < root.childCount(); ++i)
-            lookAt(*root.child(i), form.rect(), reached);
-    }
-    static void lookAt(QAccessibleInterface& told, const QRect& window,
-                       const std::set<const QObject*>& reached)
-    {
-        const auto& control = *qobject_cast<QWidget*>(told.object());
-        const QAccessible::State state = told.state();
-        const QAccessible::Role role = told.role();
-        if (state.invisible || !toolkit::isInView(control))
-            return;
-        const QString name = told.text(QAccessible::Name);
-        const std::string which = (control.objectName() + ' ' + name).toStdString();
-        const bool isText = role == QAccessible::StaticText || role == QAccessible::Notification;
-        EXPECT_TRUE(!name.isEmpty() && role != QAccessible::NoRole && role != QAccessible::Client) << which;
-        EXPECT_TRUE(isText || state.disabled || reached.contains(&control)) << which << ": not by Tab";
-        EXPECT_TRUE(window.adjusted(-1, -1, 1, 1).contains(control.geometry())) << which << ": cut";
-        for (const auto* bar : control.findChildren<QScrollBar*>())
-            EXPECT_TRUE(bar->isVisible() || bar->maximum() == 0) << which << ": has more to show";
-        if (const auto* const label = dynamic_cast<const Label*>(&control)) {
-            const int flags = static_cast<int>(label->alignment()) | Qt::TextWordWrap;
-            EXPECT_EQ(toolkit::fitted(label->text(), label->font(), label->size(), flags).text,
-                      label->text());
-        }
-    }
-    void move(const QString& name) { QTest::mouseMove(&stand.control<QWidget>("userselect", name)); }
-
-    support::Bank bank;
-    support::Stand stand;
 };
 
 } // namespace
@@ -94,120 +36,90 @@ protected:
 TEST_F(ShellTest, TheWelcomeFadesInWith49TicksEachTimeTheScreenOpens)
 {
     for (int time = 0; time < 2; ++time) {
-        stand.screens.show("userselect");
+        screens.show("userselect");
         EXPECT_EQ(colour("welcome"), QColor(0, 0, 128));
-        stand.clock.advance(10ms);
+        clock.advance(10ms);
         EXPECT_EQ(colour("welcome"), QColor(0, 0, 6));
-        stand.clock.advance(470ms);
+        clock.advance(470ms);
         EXPECT_EQ(colour("welcome"), QColor(0, 0, 241));
-        stand.clock.advance(1s);
+        clock.advance(1s);
         EXPECT_EQ(colour("welcome"), QColor(0, 0, 246));
-        EXPECT_FALSE(stand.control<toolkit::Timer>("userselect", "Timer1").isEnabled());
-        stand.screens.close("userselect");
+        EXPECT_FALSE(control<toolkit::Timer>("userselect", "Timer1").isEnabled());
+        screens.close("userselect");
     }
 }
 
 TEST_F(ShellTest, LinksLightUpUntilTheMousePassesOverTheBackground)
 {
-    stand.screens.show("userselect");
+    screens.show("userselect");
+    const auto colours = [this] { return std::pair(colour("email"), colour("site")); };
     const QColor plain(192, 192, 255);
     const QColor lit(255, 255, 128);
-    move("email");
-    EXPECT_EQ(colour("email"), lit);
-    EXPECT_EQ(colour("site"), plain);
-    move("site");
-    EXPECT_EQ(colour("email"), lit);
-    EXPECT_EQ(colour("site"), lit);
-    QTest::mouseMove(&stand.form("userselect"), QPoint(3, 3));
-    EXPECT_EQ(colour("email"), plain);
-    EXPECT_EQ(colour("site"), plain);
+    QTest::mouseMove(&control<Label>("userselect", "email"));
+    EXPECT_EQ(colours(), std::pair(lit, plain));
+    QTest::mouseMove(&control<Label>("userselect", "site"));
+    EXPECT_EQ(colours(), std::pair(lit, lit));
+    QTest::mouseMove(&form("userselect"), QPoint(3, 3));
+    EXPECT_EQ(colours(), std::pair(plain, plain));
 
-    stand.click("userselect", "email");
-    stand.click("userselect", "site");
-    EXPECT_EQ(stand.browser.visited,
-              QStringList({"mailto:" + stand.text("userselect", "email"), stand.text("userselect", "site")}));
-    stand.browser.works = false;
-    for (const char* link : {"email", "site"}) {
-        stand.dialogs.expectNoticeWith({"No program", stand.text("userselect", link)});
-        stand.click("userselect", link);
+    const std::pair<const char*, QString> links[] = {{"email", "mailto:team@orvanta.example"},
+                                                     {"site", "www.orvanta.example"}};
+    for (const auto& [link, address] : links) {
+        browser.works = true;
+        run(link, "userselect");
+        EXPECT_EQ(browser.visited.takeLast(), address);
+        EXPECT_EQ(told(), "");
+        browser.works = false;
+        run(link, "userselect");
+        EXPECT_EQ(told(), "Orvanta: (i) No program on this desktop opens " + shown("userselect", link) +
+                              ". You can type the address where you would use it.");
     }
 }
 
 TEST_F(ShellTest, EveryMoveClosesItsScreenAndShowsTheNext)
 {
-    stand.screens.show("userselect");
-    EXPECT_EQ(stand.focused("userselect"), "contestant");
-    stand.click("userselect", "contestant");
-    EXPECT_EQ(stand.open(), "mainscreen");
-    EXPECT_EQ(stand.text("mainscreen", "title"), "Welcome to the Biggest Game Show Ever\nOrvanta");
-    stand.click("mainscreen", "Command1");
-    EXPECT_EQ(stand.open(), "rules");
-    EXPECT_EQ(stand.focused("rules"), "startplay");
-    stand.click("rules", "startplay");
-    EXPECT_EQ(stand.open(), "orv");
-    stand.screens.close("orv");
-
-    stand.screens.show("userselect");
-    stand.click("userselect", "administrator");
-    EXPECT_EQ(stand.open(), "login");
-    stand.screens.close("login");
-
-    stand.screens.show("thank");
-    stand.clock.advance(4999ms);
-    EXPECT_EQ(stand.open(), "thank");
-    stand.clock.advance(1ms);
-    EXPECT_EQ(stand.open(), "userselect");
+    // The screen, what is done on it, what has the focus, where it leads.
+    const std::tuple<QString, const char*, const char*, const char*> moves[] = {
+        {"userselect", "contestant", "contestant", "mainscreen"},
+        {"mainscreen", "Command1", "Command1", "rules"},
+        {"rules", "startplay", "startplay", "orv"},
+        {"userselect", "administrator", "contestant", "login"},
+        {"thank", "5000ms", "", "userselect"},
+    };
+    for (const auto& [screen, step, focus, next] : moves) {
+        run("show " + screen + "; 4999ms");
+        EXPECT_EQ(focused(screen), focus);
+        EXPECT_EQ(open(), screen.toStdString());
+        run(step, screen);
+        EXPECT_EQ(open(), next);
+        screens.close(next);
+    }
 }
 
 TEST_F(ShellTest, ConsentIsEitherGivenOrRefusedOrOpen)
 {
-    stand.screens.show("rules");
-    auto& accept = stand.control<QCheckBox>("rules", "accept");
-    auto& reject = stand.control<QCheckBox>("rules", "reject");
-    auto& startplay = stand.control<Button>("rules", "startplay");
-    const auto state = [&] {
-        return QString("%1%2%3").arg(accept.isChecked()).arg(reject.isChecked()).arg(startplay.isEnabled());
+    screens.show("rules");
+    const auto state = [this] {
+        return QString("%1%2%3")
+            .arg(control<QCheckBox>("rules", "accept").isChecked())
+            .arg(control<QCheckBox>("rules", "reject").isChecked())
+            .arg(control<Button>("rules", "startplay").isEnabled());
     };
-    const QString question = "Are you sure you don't want to play";
-
-    EXPECT_EQ(state(), "101");
-    accept.click();
-    EXPECT_EQ(state(), "000");
-    accept.click();
-    EXPECT_EQ(state(), "101");
-    stand.dialogs.expectConfirm(question, false, [&] { EXPECT_EQ(state(), "010"); });
-    reject.click();
-    EXPECT_EQ(state(), "000");
-    accept.click();
-    EXPECT_EQ(state(), "101");
-    stand.dialogs.expectConfirm(question, true);
-    reject.click();
-    EXPECT_EQ(stand.open(), "thank");
-}
-
-TEST_F(ShellTest, NothingShownIsNamelessOutOfReachOrCut)
-{
-    for (const char* screen : {"userselect", "mainscreen", "rules", "thank"}) {
-        stand.screens.show(screen);
-        walk(screen);
-        stand.screens.close(screen);
+    meanwhile = [&] { log << state(); };
+    const std::tuple<const char*, const char*, const char*> clicks[] = {
+        {"", "101", ""},
+        {"accept", "000", ""},
+        {"accept", "101", ""},
+        {"reject:n", "000", "Orvanta: Are you sure you don't want to play; 010"},
+        {"accept", "101", ""}};
+    for (const auto& [click, after, box] : clicks) {
+        run(click, "rules");
+        EXPECT_EQ(state(), after);
+        EXPECT_EQ(told(), box);
     }
-    const auto makeHost = [this](QWidget&) {
-        return std::make_unique<support::RecordingHost>(stand.hostRequests, false);
-    };
-    add<Back>("back");
-    stand.screens.add("orv", [&] { return std::make_unique<game::Orv>(stand.services, makeHost); });
-    stand.dialogs.otherwise = [this](const auto&) { return walk("orv"), "Asha"; };
-    stand.screens.show("orv");
-    walk("back");
-    for (const char* control :
-         {"LL", "mws", "lifeline1", "lifeline2", "lifeline3", "option3", "cmdok", "leave", "cmdokquit"}) {
-        stand.click("orv", control);
-        stand.clock.advance(1s);
-        if (stand.open() == "back orv")
-            walk("orv");
-    }
-    EXPECT_EQ(stand.open(), "thank");
+    run("reject:y", "rules");
+    EXPECT_EQ(told(), "Orvanta: Are you sure you don't want to play");
+    EXPECT_EQ(open(), "thank");
 }
 
 } // namespace shell

@@ -11,9 +11,8 @@
 
 namespace support {
 
-/// Answers boxes from a script, and once that is empty as `otherwise` does. A box that the script does not
-/// expect next or expects with another text fails the test, and so does one that nobody expects.
-class ScriptedDialogs final : public toolkit::Dialogs
+/// Has one function answer all boxes.
+class AnsweredDialogs final : public toolkit::Dialogs
 {
 public:
     struct Box
@@ -24,34 +23,21 @@ public:
         Icon icon = Icon::None;
     };
     /// The input, or anything but "" for Yes.
-    std::function<QString(const Box& box)> otherwise;
+    std::function<QString(const Box& box)> answer;
 
-    /// `meanwhile` runs while the box is open.
-    void expectNotice(const QString& text, std::function<void()> meanwhile = {});
-    void expectConfirm(const QString& text, bool answer, std::function<void()> meanwhile = {});
-    void expectInput(const QString& prompt, const QString& answer, std::function<void()> meanwhile = {});
-    /// A notice whose text holds all of `parts`.
-    void expectNoticeWith(const QStringList& parts);
-
-    [[nodiscard]] bool done() const { return script_.empty(); }
-
-    void notice(QWidget* owner, const QString& title, const QString& text, Icon icon) override;
-    [[nodiscard]] bool confirm(QWidget* owner, const QString& title, const QString& text) override;
-    [[nodiscard]] QString input(QWidget* owner, const QString& title, const QString& prompt,
-                                const QString& initial) override;
-
-private:
-    struct Line
+    void notice(QWidget*, const QString& title, const QString& text, Icon icon) override
     {
-        Box::Kind kind;
-        QStringList parts;
-        bool whole = true;
-        QString answer;
-        std::function<void()> meanwhile;
-    };
-    QString take(const Box& box);
-
-    std::deque<Line> script_;
+        answer({Box::Kind::Notice, title, text, icon});
+    }
+    [[nodiscard]] bool confirm(QWidget*, const QString& title, const QString& text) override
+    {
+        return !answer({Box::Kind::Confirm, title, text}).isEmpty();
+    }
+    [[nodiscard]] QString input(QWidget*, const QString& title, const QString& prompt,
+                                const QString&) override
+    {
+        return answer({Box::Kind::Input, title, prompt});
+    }
 };
 
 /// Time that passes only in advance() and wait().

@@ -57,31 +57,19 @@ protected:
     void Form_Unload() override { log << name() + " unload"; }
 };
 
-class ScreensTest : public testing::Test
+class ScreensTest : public testing::Test, protected support::Stand
 {
 protected:
-    void add(const QString& name, Page::Script load = {}, const QString& behind = {})
+    void add(const QString& name, const Page::Script& load = {}, const QString& behind = {})
     {
-        stand.screens.add(name, [=, this] { return std::make_unique<Page>(name, stand.services, log, load); },
-                          {.behind = behind});
-    }
-    void run(const QString& steps)
-    {
-        for (const QString& step : steps.split("; ", Qt::SkipEmptyParts))
-            step == "settle"          ? QTest::qWait(0)
-            : step.startsWith("show") ? stand.screens.show(step.mid(5))
-                                      : stand.screens.close(step.mid(6));
+        screens.add(name, [=, this] { return std::make_unique<Page>(name, services, log, load); },
+                    {.behind = behind});
     }
     std::string after(const QString& steps)
     {
-        stand.screens.onAllClosed([this] { log << "ended"; });
         run(steps);
-        return takeLog();
+        return told();
     }
-    std::string takeLog() { return std::exchange(log, {}).join(", ").toStdString(); }
-
-    QStringList log;
-    support::Stand stand;
 };
 
 class FormTest : public ScreensTest
@@ -90,10 +78,10 @@ protected:
     FormTest()
     {
         add("page");
-        stand.screens.show("page");
-        page = &static_cast<Page&>(stand.form("page"));
+        screens.show("page");
+        page = &static_cast<Page&>(form("page"));
         EXPECT_TRUE(QTest::qWaitForWindowActive(page));
-        takeLog();
+        told();
     }
 
     Page* page;
@@ -106,7 +94,7 @@ TEST_F(FormTest, GotFocusMeansAMoveOfTheFocusNotAnActivationOfTheWindow)
     page->focus(page->second);
     page->focus(page->first);
     page->focus(page->first);
-    EXPECT_EQ(takeLog(), "focus");
+    EXPECT_EQ(told(), "focus");
 
     QWidget box(page, Qt::Dialog);
     box.setWindowModality(Qt::ApplicationModal);
@@ -114,29 +102,29 @@ TEST_F(FormTest, GotFocusMeansAMoveOfTheFocusNotAnActivationOfTheWindow)
     ASSERT_TRUE(QTest::qWaitForWindowActive(&box));
     page->focus(page->second);
     page->focus(page->first);
-    EXPECT_EQ(takeLog(), "focus") << "told while a box has the keyboard";
+    EXPECT_EQ(told(), "focus") << "told while a box has the keyboard";
     box.close();
     page->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(page));
     EXPECT_TRUE(page->first->hasFocus());
-    EXPECT_EQ(takeLog(), "");
+    EXPECT_EQ(told(), "");
 
     QTest::keyClick(page->first, Qt::Key_Tab);
     EXPECT_TRUE(page->second->hasFocus());
     QTest::keyClick(page->second, Qt::Key_Backtab);
-    EXPECT_EQ(takeLog(), "focus");
+    EXPECT_EQ(told(), "focus");
 }
 
 TEST_F(FormTest, EnterPressesTheFocusedButtonElseTheDefaultOne)
 {
     page->focus(page->second);
-    takeLog();
+    told();
     QTest::keyClick(page->second, Qt::Key_Return);
     page->second->clearFocus();
     QTest::keyClick(page, Qt::Key_Enter);
     page->first->setEnabled(false);
     QTest::keyClick(page, Qt::Key_Enter);
-    EXPECT_EQ(takeLog(), "second, first");
+    EXPECT_EQ(told(), "second; first");
 }
 
 TEST_F(FormTest, ClicksGoThroughShapesButNotThroughACoverNorTwice)
@@ -146,14 +134,14 @@ TEST_F(FormTest, ClicksGoThroughShapesButNotThroughACoverNorTwice)
         QTest::mouseClick(hit, Qt::LeftButton, {}, hit->mapFrom(page, place));
     };
     clickAt({90, 90});
-    EXPECT_EQ(takeLog(), "text");
+    EXPECT_EQ(told(), "text");
     clickAt({10, 90});
-    EXPECT_EQ(takeLog(), "");
+    EXPECT_EQ(told(), "");
     page->cover->hide();
     clickAt({10, 90});
     QTest::mouseDClick(page->text, Qt::LeftButton);
     QTest::mouseRelease(page->text, Qt::LeftButton);
-    EXPECT_EQ(takeLog(), "text") << "the second press of a double click is none";
+    EXPECT_EQ(told(), "text") << "the second press of a double click is none";
 }
 
 TEST_F(FormTest, ASlideComesBackToTheSamePlaceAndLetsNoTickIn)
@@ -161,11 +149,11 @@ TEST_F(FormTest, ASlideComesBackToTheSamePlaceAndLetsNoTickIn)
     const TwipRect before = page->bounds();
     auto& beat = *page->beat;
     page->slide({{570, {.left = -2.5}}, {1140, {.width = 2.5}}});
-    EXPECT_EQ(takeLog(), "");
+    EXPECT_EQ(told(), "");
     EXPECT_EQ(page->bounds(), (TwipRect{before.left - 1425, before.top, before.width + 2850, before.height}));
     EXPECT_EQ(page->minimumSize(), page->maximumSize());
     QCoreApplication::processEvents();
-    EXPECT_EQ(takeLog(), "tick") << "the tick that fell into the slide comes after it";
+    EXPECT_EQ(told(), "tick") << "the tick that fell into the slide comes after it";
     EXPECT_TRUE(beat.isEnabled());
     page->slide({{1140, {.width = -2.5}}, {570, {.left = 2.5}}});
     EXPECT_EQ(page->bounds(), before);
@@ -176,19 +164,19 @@ TEST_F(FormTest, ASlideComesBackToTheSamePlaceAndLetsNoTickIn)
 TEST_F(FormTest, NothingRunsOnceTheFormIsClosed)
 {
     Button* const first = page->first;
-    stand.screens.close("page");
-    stand.clock.advance(1s);
+    screens.close("page");
+    clock.advance(1s);
     first->click();
-    EXPECT_EQ(takeLog(), "page unload");
+    EXPECT_EQ(told(), "page unload");
 }
 
 TEST_F(ScreensTest, AScreenIsOpenedOnceAndActivatedWhenAnotherWasActive)
 {
     add("a");
     add("b");
-    EXPECT_EQ(after("show a; show a"), "a load, a loaded, a activate");
-    EXPECT_EQ(after("show b; show a"), "b load, b loaded, b activate, a activate");
-    EXPECT_EQ(after("close b; close b; settle"), "b unload, a activate, b gone");
+    EXPECT_EQ(after("show a; show a"), "a load; a loaded; a activate");
+    EXPECT_EQ(after("show b; show a"), "b load; b loaded; b activate; a activate");
+    EXPECT_EQ(after("close b; close b; settle"), "b unload; a activate; b gone");
 }
 
 TEST_F(ScreensTest, AScreenThatIsShownWhileItLoadsBecomesVisibleButLoadsOnce)
@@ -197,12 +185,12 @@ TEST_F(ScreensTest, AScreenThatIsShownWhileItLoadsBecomesVisibleButLoadsOnce)
         "game",
         [this] {
             run("show backdrop");
-            EXPECT_TRUE(stand.form("game").isVisible() && stand.form("backdrop").isVisible());
+            EXPECT_TRUE(form("game").isVisible() && form("backdrop").isVisible());
         },
         "backdrop");
     add("backdrop", [this] { run("show game"); });
     EXPECT_EQ(after("show game"),
-              "game load, backdrop load, game activate, backdrop loaded, backdrop activate, game loaded, "
+              "game load; backdrop load; game activate; backdrop loaded; backdrop activate; game loaded; "
               "game activate");
 }
 
@@ -210,19 +198,19 @@ TEST_F(ScreensTest, AScreenThatClosesItselfWhileItLoadsStaysClosed)
 {
     add("a", [this] { run("close a; show b"); });
     add("b");
-    EXPECT_EQ(after("show a; settle"), "a load, a unload, b load, b loaded, b activate, a loaded, a gone");
-    EXPECT_TRUE(!stand.screens.find("a") && stand.form("b").isVisible());
+    EXPECT_EQ(after("show a; settle"), "a load; a unload; b load; b loaded; b activate; a loaded; a gone");
+    EXPECT_TRUE(!screens.find("a") && form("b").isVisible());
 }
 
 TEST_F(ScreensTest, TheProgramEndsWhenNoScreenIsOpenButNotBetweenCloseAndShow)
 {
     add("a", [] { throw std::runtime_error("The disk is full."); });
     add("b");
-    stand.dialogs.expectNotice("The disk is full.");
-    EXPECT_EQ(after("show a; settle"), "a load, a activate") << "a failure is told, and the program goes on";
-    EXPECT_EQ(after("close a; show b; settle"), "a unload, b load, b loaded, b activate, a gone");
-    stand.form("b").close(); // as the window manager does
-    EXPECT_EQ(after("settle"), "b unload, ended, b gone");
+    EXPECT_EQ(after("show a; settle"), "a load; Orvanta: (!) The disk is full.; a activate")
+        << "a failure is told, and the program goes on";
+    EXPECT_EQ(after("close a; show b; settle"), "a unload; b load; b loaded; b activate; a gone");
+    form("b").close(); // as the window manager does
+    EXPECT_EQ(after("settle"), "b unload; ended; b gone");
 }
 
 } // namespace toolkit

@@ -57,13 +57,6 @@ TEST(Contrast, ComesFromAHaloWhereTheGroundIsTooNearToTheText)
     }
 }
 
-TEST(Random, RoundsHalfToEven)
-{
-    const std::pair<float, int> cases[] = {{0.5F, 0}, {1.5F, 2}, {2.5F, 2}, {2.51F, 3}, {2.49F, 2}};
-    for (const auto& [value, rounded] : cases)
-        EXPECT_EQ(roundHalfToEven(value), rounded) << value;
-}
-
 TEST(Random, ReseedingInQuickSuccessionDoesNotRepeatANumber)
 {
     ClockSeededRandom random;
@@ -83,29 +76,25 @@ TEST(Timer, IsNotRestartedWhileItRunsAndPutsOffAtMostOneTickWhileItIsHeld)
     Timer timer(clock, 100ms);
     int ticks = 0;
     timer.onTick([&] { ++ticks; });
-    timer.setEnabled(true);
-    clock.advance(60ms);
-    timer.setEnabled(true);
-    clock.advance(40ms);
-    EXPECT_EQ(ticks, 1);
-    timer.setEnabled(false);
-    clock.advance(1s);
-    timer.setEnabled(true);
-    clock.advance(99ms);
-    EXPECT_EQ(ticks, 1);
-
-    timer.hold();
-    clock.advance(350ms);
-    timer.release();
-    EXPECT_EQ(ticks, 1) << "delivered before control is back in the event loop";
-    QCoreApplication::processEvents();
-    EXPECT_EQ(ticks, 2);
-    timer.hold();
-    clock.advance(100ms);
-    timer.release();
-    timer.setEnabled(false);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(ticks, 2) << "a tick put off by a timer that was then disabled";
+    // What is done, or how many milliseconds pass, and how often the timer has ticked then.
+    const std::pair<QString, int> steps[] = {
+        {"on", 0},   {"60", 0},  {"on", 0},      {"40", 1},  {"off", 1},     {"1000", 1},
+        {"on", 1},   {"99", 1},  {"hold", 1},    {"350", 1}, {"release", 1}, {"events", 2},
+        {"hold", 2}, {"100", 2}, {"release", 2}, {"off", 2}, {"events", 2},
+    };
+    for (const auto& [step, after] : steps) {
+        if (step == "on" || step == "off")
+            timer.setEnabled(step == "on");
+        else if (step == "hold")
+            timer.hold();
+        else if (step == "release")
+            timer.release();
+        else if (step == "events")
+            QCoreApplication::processEvents();
+        else
+            clock.advance(std::chrono::milliseconds(step.toInt()));
+        EXPECT_EQ(ticks, after) << step.toStdString();
+    }
 }
 
 TEST(Dialogs, EnterMeansYesAndEscapeNoOnDesktopsOfEveryOrderOfButtons)
