@@ -149,6 +149,7 @@ TEST(Text, IsShrunkAndThenShortenedUntilItFits)
         EXPECT_LE(needed.width(), box.width()) << text.first(qMin(20, text.size())).toStdString();
         EXPECT_TRUE(fit.text.isValidUtf16());
         EXPECT_EQ(fit.text == text, whole) << text.first(qMin(20, text.size())).toStdString();
+        EXPECT_TRUE(fit.flags == flags || !text.contains(' ')); // no word is torn
     }
 }
 
