@@ -139,10 +139,7 @@ bool until(const std::function<bool()>& done)
     return false;
 }
 
-bool isSound(std::int16_t sample)
-{
-    return sample != 0;
-}
+constexpr auto isSound = [](std::int16_t sample) { return sample != 0; };
 
 } // namespace
 
@@ -171,7 +168,7 @@ TEST(Speaker, HandsOverEverySampleOnceAndInOrderHoweverLateItIsHeard)
 TEST(Speaker, FallsSilentAtOnce)
 {
     for (const char how : {'s', 'm', 'n', 'g'}) { // stopped, muted, overtaken by the next text, given up
-        Talk talk(how == 'm' ? 1s : 0s); // of sound to be taken back
+        Talk talk(how == 'm' ? 1s : 0s);          // of sound to be taken back
         talk.start("one. two. three. four. five. six. seven. eight. nine. ten.");
         EXPECT_TRUE(until([&] { return talk.progress().played > 100ms; }));
         if (how == 'm')
