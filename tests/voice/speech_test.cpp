@@ -100,8 +100,7 @@ TEST(Speech, IsMadeWithTimesThatFitIt)
     (void)synthesise(piece, [] { return true; }); // is dropped
     const Speech speech = synthesise(piece, [] { return false; });
     EXPECT_NEAR(static_cast<double>(speech.times.length.count()), 4900, 1000);
-    EXPECT_EQ(static_cast<std::int64_t>(speech.samples.size()),
-              speech.times.length.count() * sampleRate / 1000);
+    EXPECT_EQ(speech.samples.size(), samplesIn(speech.times.length));
     ASSERT_EQ(speech.times.words.size(), piece.size());
     EXPECT_EQ(speech.times.words.front().start, 40ms);
     EXPECT_TRUE(std::ranges::is_sorted(speech.times.words, std::ranges::less_equal(), &WordTime::start));
