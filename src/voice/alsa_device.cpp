@@ -37,7 +37,7 @@ public:
         snd_pcm_sframes_t frames = 0;
         if (snd_pcm_delay(pcm_, &frames) < 0)
             frames = 0;
-        return std::chrono::milliseconds(std::max<snd_pcm_sframes_t>(frames, 0) * 1000 / sampleRate);
+        return spanOf(std::max<snd_pcm_sframes_t>(frames, 0));
     }
 
     void drop() override

@@ -120,7 +120,7 @@ Speech cutOut(cst_utterance* utterance, const cst_wave& wave, const SpokenPiece&
     const std::vector<Segment> segments = segmentsOf(utterance);
     const Pause pause = piece.back().pause;
     Milliseconds start{0};
-    Milliseconds end(std::int64_t{wave.num_samples} * 1000 / sampleRate);
+    Milliseconds end = spanOf(wave.num_samples);
     if (segments.size() > 1 && segments.front().name == "pau")
         start = std::max<Milliseconds>(segments.front().end - leadIn, 0ms);
     if (segments.size() > 1 && segments.back().name == "pau" && pause == Pause::None)

@@ -20,11 +20,6 @@ constexpr auto mostLatency = 5s;
 constexpr auto tail = 100ms; ///< of silence behind a text, since devices tell their delay roughly
 constexpr std::size_t chunkSamples = sampleRate / 50; // 20 ms
 
-Milliseconds spanOf(std::size_t samples)
-{
-    return Milliseconds(samples * 1000 / sampleRate);
-}
-
 /// Plays one text after another on a device that is open as long as there are any.
 class Playing
 {

@@ -19,6 +19,11 @@ inline constexpr int sampleRate = 16'000;
     return static_cast<std::size_t>(std::max<std::int64_t>(span.count(), 0)) * sampleRate / 1000;
 }
 
+[[nodiscard]] inline std::chrono::milliseconds spanOf(std::size_t samples)
+{
+    return std::chrono::milliseconds(samples * 1000 / sampleRate);
+}
+
 /// When a word begins, and how much of the text is said with it.
 struct WordTime
 {

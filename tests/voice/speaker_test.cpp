@@ -55,8 +55,7 @@ struct FakeDevice final : SoundDevice
 
     bool write(std::span<const std::int16_t> samples) override
     {
-        next = std::max(next, SteadyClock::now() + room->latency) +
-               Milliseconds(samples.size() * 1000 / sampleRate);
+        next = std::max(next, SteadyClock::now() + room->latency) + spanOf(samples.size());
         std::this_thread::sleep_until(next - room->latency - 60ms);
         const bool taken = room->answers(room->writing);
         const std::lock_guard lock(room->mutex);
@@ -85,7 +84,7 @@ Speech hum(const SpokenPiece& piece, const std::function<bool()>&)
     if (piece.front().text == "fail")
         throw std::bad_alloc();
     const auto level = static_cast<std::int16_t>(piece.front().end);
-    return {{{{0ms, level}}, {}, 300ms}, std::vector<std::int16_t>(300 * sampleRate / 1000, level)};
+    return {{{{0ms, level}}, {}, 300ms}, std::vector<std::int16_t>(samplesIn(300ms), level)};
 }
 
 struct Talk
@@ -139,10 +138,7 @@ bool until(const std::function<bool()>& done)
     return false;
 }
 
-bool isSound(std::int16_t sample)
-{
-    return sample != 0;
-}
+constexpr auto isSound = [](std::int16_t sample) { return sample != 0; };
 
 } // namespace
 
@@ -158,7 +154,7 @@ TEST(Speaker, HandsOverEverySampleOnceAndInOrderHoweverLateItIsHeard)
         EXPECT_TRUE(until([&] { return talk.room->closed == 1; })); // as nothing follows
         std::vector<std::int16_t> heard = talk.heard();
         std::erase(heard, 0);
-        EXPECT_EQ(heard.size(), 900 * sampleRate / 1000) << talk.room->latency.count();
+        EXPECT_EQ(heard.size(), samplesIn(900ms)) << talk.room->latency.count();
         EXPECT_TRUE(std::ranges::is_sorted(heard));
         EXPECT_EQ(talk.progress().fresh.size(), 3);
         EXPECT_EQ(talk.progress().sound, Sound::Playing);
@@ -171,7 +167,7 @@ TEST(Speaker, HandsOverEverySampleOnceAndInOrderHoweverLateItIsHeard)
 TEST(Speaker, FallsSilentAtOnce)
 {
     for (const char how : {'s', 'm', 'n', 'g'}) { // stopped, muted, overtaken by the next text, given up
-        Talk talk(how == 'm' ? 1s : 0s); // of sound to be taken back
+        Talk talk(how == 'm' ? 1s : 0s);          // of sound to be taken back
         talk.start("one. two. three. four. five. six. seven. eight. nine. ten.");
         EXPECT_TRUE(until([&] { return talk.progress().played > 100ms; }));
         if (how == 'm')
