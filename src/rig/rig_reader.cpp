@@ -131,7 +131,7 @@ void RigReader::end(const QString& name)
         return;
     if (rig_.draws.empty())
         throw Defect{"nothing is drawn"};
-    if (const auto missing = std::ranges::find(rig_.mouths, -1); missing != rig_.mouths.end())
+    if (const auto* const missing = std::ranges::find(rig_.mouths, -1); missing != rig_.mouths.end())
         throw defectIn(shapeNames[missing - rig_.mouths.begin()], "the mouth shape \"%1\" is missing");
     for (const QString& gesture : requiredGestures())
         if (!rig_.gestureOfName.contains(gesture))

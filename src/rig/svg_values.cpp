@@ -106,7 +106,7 @@ std::optional<QPainterPath> outlineOf(QStringView data, QStringView& bad)
 {
     QPainterPath path;
     for (data = data.trimmed(); !data.isEmpty(); data = data.sliced(bad.size())) {
-        const auto next =
+        const auto* const next =
             std::find_if(data.begin() + 1, data.end(), [](QChar c) { return commands.contains(c); });
         bad = QStringView(data.begin(), next);
         // A sign, too, begins another number.

@@ -3,33 +3,22 @@
 #include <QBitmap>
 #include <QTransform>
 
+#include <cmath>
+
 namespace stage {
 
-namespace {
-
-constexpr int square = 8; ///< of the rough one, in logical pixels
-
-} // namespace
-
-QRegion roughSilhouette(const QImage& image, const QRect& area)
+QRegion roomAround(const QImage& image)
 {
-    const QSize squares((area.width() + square - 1) / square, (area.height() + square - 1) / square);
-    const double ratio = image.devicePixelRatio();
-    QImage part = image.copy(QRect(area.topLeft() * ratio, area.size() * ratio));
-    part.setDevicePixelRatio(1);
-    const QImage means = part.scaled(squares, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    constexpr double square = 8; // in logical pixels
+    const QSizeF size = image.deviceIndependentSize();
+    const QSize squares(static_cast<int>(std::ceil(size.width() / square)),
+                        static_cast<int>(std::ceil(size.height() / square)));
+    QImage means = image.scaled(squares, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    means.setDevicePixelRatio(1);
     const QRegion seen(QBitmap::fromImage(means.createMaskFromColor(qRgba(0, 0, 0, 0), Qt::MaskInColor)));
-    const QTransform toPixels = QTransform::fromTranslate(area.x(), area.y());
-    return (QTransform::fromScale(static_cast<double>(area.width()) / squares.width(),
-                                  static_cast<double>(area.height()) / squares.height()) *
-            toPixels)
-        .map(seen);
-}
-
-QRegion withRim(const QRegion& rough)
-{
-    const QRegion wide = rough + rough.translated(square, 0) + rough.translated(-square, 0);
-    return wide + wide.translated(0, square) + wide.translated(0, -square);
+    const QRegion wide = seen + seen.translated(1, 0) + seen.translated(-1, 0);
+    return QTransform::fromScale(size.width() / squares.width(), size.height() / squares.height())
+        .map(wide + wide.translated(0, 1) + wide.translated(0, -1));
 }
 
 } // namespace stage

@@ -337,15 +337,12 @@ void Stage::shapeFigure(const QRect& changed)
 {
     if (embedded() || changed.isEmpty())
         return;
-    const auto rough = [this](const QRect& area) {
-        return roughSilhouette(picture_.image(), area).translated(0, balloonHeight);
-    };
     const QPoint place(0, balloonHeight);
+    const QRegion seen = rig::silhouette(picture_.image(), changed, composited_ ? 1 : 128).translated(place);
     if (!composited_)
-        figureShape_ = figureShape_ - changed.translated(place) +
-                       rig::silhouette(picture_.image(), changed, 128).translated(place);
-    else if (!(rough(changed) - figureShape_).isEmpty())
-        figureShape_ = withRim(rough(picture_.area()));
+        figureShape_ = figureShape_ - changed.translated(place) + seen;
+    else if (!(seen - figureShape_).isEmpty())
+        figureShape_ = roomAround(picture_.image()).translated(place);
 }
 
 } // namespace stage

@@ -4,6 +4,7 @@
 #include "rig/svg_values.h"
 #include "support/sample.h"
 
+#include <QLineF>
 #include <QPainter>
 
 #include <gtest/gtest.h>
@@ -28,10 +29,9 @@ TEST(Values, AreReadAsThePainterReadsThem)
     path.lineTo(3, -4);
     path.lineTo(5, 6);
     path.cubicTo(1, 2, 3, 4, 5, 7);
-    path.cubicTo(8, 2, 3, 4, 5, 8);
     path.closeSubpath();
     QStringView bad;
-    EXPECT_EQ(outlineOf(u" M1,2 3-4L5 6C1 2 3 4 5 7 8 2 3 4 5 8Z", bad), path);
+    EXPECT_EQ(outlineOf(u" M1,2 3-4L5 6C1 2 3 4 5 7Z", bad), path);
     const std::pair<QString, QPointF> table[]{
         {"matrix(2 1 0 3 5 6)", {15, 26}}, {"translate(2, 3)", {7, 8}},
         {"translate(2)", {7, 5}},          {"rotate(90)", {-5, 5}},
@@ -132,11 +132,8 @@ TEST(Picture, IsPaintedAnewOnlyWhereItChangesAndThenLikeANewOne)
         EXPECT_EQ(kept.image(), expected) << step; // nothing has changed elsewhere
         const QImage a = kept.image().scaled(20, 22, {}, Qt::SmoothTransformation);
         const QImage b = fresh.image().scaled(20, 22, {}, Qt::SmoothTransformation);
-        for (int i = 0; i < 20 * 22; ++i)
-            for (int shift = 0; shift < 32; shift += 8)
-                ASSERT_NEAR(a.pixel(i % 20, i / 20) >> shift & 255U, b.pixel(i % 20, i / 20) >> shift & 255U,
-                            26)
-                    << step;
+        for (int i = 0; i < a.sizeInBytes(); ++i)
+            ASSERT_NEAR(a.constBits()[i], b.constBits()[i], 26) << step;
     }
     pose.bones[0][2] += 0.01;
     EXPECT_TRUE(kept.show(pose).isEmpty());
@@ -144,26 +141,21 @@ TEST(Picture, IsPaintedAnewOnlyWhereItChangesAndThenLikeANewOne)
 
 TEST(Gaze, WandersToTheQuestionAndThePointerButOnlyAtRest)
 {
-    std::vector<double> numbers{0.5, 0.9, 0.5, 0.2, 0.1}; // used from the back
-    std::function<double()> random = [&numbers] {
-        const double next = numbers.back();
-        numbers.pop_back();
-        return next;
-    };
+    const double numbers[]{0.1, 0.2, 0.5, 0.9, 0.5};
+    std::function<double()> random = [next = numbers]() mutable { return *next++; };
     const auto sights = [] { return Sights{{-1, 0}, {0, 1}}; };
     const struct
     {
         int timeMs;
         bool resting;
-        QPointF seen;
+        QPointF expected;
     } table[]{
         {2490, true, {0, 0}}, {3300, true, {-1, 0}}, {4190, false, {0, 0}}, {4490, true, {-1, 0}},
         {5000, true, {0, 0}}, {8990, true, {0, 0}},  {9900, true, {0, 1}},
     };
     Gaze gaze(random, Gaze::Milliseconds(0));
-    for (const auto& row : table) {
-        const QPointF seen = gaze.at(Gaze::Milliseconds(row.timeMs), row.resting, sights);
-        EXPECT_NEAR(seen.x(), row.seen.x(), 0.02) << row.timeMs;
-        EXPECT_NEAR(seen.y(), row.seen.y(), 0.02) << row.timeMs;
+    for (const auto& [timeMs, resting, expected] : table) {
+        const QPointF seen = gaze.at(Gaze::Milliseconds(timeMs), resting, sights);
+        EXPECT_LT(QLineF(seen, expected).length(), 0.03) << timeMs;
     }
 }

@@ -41,7 +41,10 @@ TEST(Balloon, GrowsAndScrollsWithinItsRoomWhateverIsSaid)
             EXPECT_FALSE(balloon.say(text, said));
             EXPECT_TRUE(shownText(text).startsWith(balloon.text())) << said;
         }
+        balloon.say(text, text.size() * 5 / 8);
+        const QImage before = balloon.grab().toImage();
         balloon.say(text, text.size());
+        EXPECT_NE(balloon.grab().toImage(), before) << text.left(9).toStdString();
         EXPECT_EQ(balloon.text(), shownText(text));
         EXPECT_EQ(balloon.geometry(), place);
     }

@@ -22,26 +22,11 @@ struct Show
         form.resize(400, 434);
         form.show();
         stage.enter();
-        stage.onSkip([this] { ++skips; });
-    }
-
-    /// Presses the left button at a place of the stage, moves it and lets it go.
-    void drag(const QPoint& from, const QPoint& way)
-    {
-        const QPoint start = stage.mapToGlobal(from);
-        for (const auto& [type, to, buttons] : {std::tuple(QEvent::MouseButtonPress, start, Qt::LeftButton),
-                                                {QEvent::MouseMove, start + way, Qt::LeftButton},
-                                                {QEvent::MouseButtonRelease, start + way, Qt::NoButton},
-                                                {QEvent::MouseMove, start + 2 * way, Qt::NoButton}}) {
-            QMouseEvent event(type, from, to, Qt::LeftButton, buttons, Qt::NoModifier);
-            QApplication::sendEvent(&stage, &event);
-        }
     }
 
     QWidget form;
     rig::Figure figure{rig::readCharacter(sample::character(), "sample"), {}};
     Stage stage{form, figure, true};
-    int skips = 0;
 };
 
 /// The brightness of each square of 20 pixels on a white ground, from a to z; `map` where that is not far
@@ -73,24 +58,23 @@ TEST(Stage, ShowsFigureBalloonAndSignAndHasTheirShape)
     reaching.bones[1][0] = -90;
     const struct
     {
-        rig::Pose pose;
         QString text;
         qsizetype said;
         std::string map;
     } table[]{
-        {reaching, "Well", 4,
+        {"Well", 4,
          "zzzzzzzzzzzzzzz|zzzzzzzzzzzzzzz|zzzzzzzzzzzzzzz|zzzzzzzzzzzzzzz|zzzzzzzzzzzzzzz|"
          "zzzzxxxxxxxzzzz|zzzzxzyvyzxzzzz|zzzzyxxwxxyzzzz|zzzzzzzzzzzzzzz|zzzzzzzzzzzzzzz|"
          "zzzzzzzzzzzzzzz|zzzzzlllllzzzzz|zzzzzhgeghzzzzz|zzzzzhhhhhzzufu|zzzzzhhhhhzzpap|"
          "zzzzzhhhhhzzzxz|zzzzzhhhhhzzzzz|zzzzzhhhhhzzzzz|zzzzzooooovzzzz|zzzzzzzzzzwzzzz|"},
-        {show.figure.rig().rest, QString("Well, words go on and on ").repeated(20), 300,
+        {QString("Well, words go on and on ").repeated(20), 300,
          "yxxxxxxxxxxxxxy|wwwxxxwxwvxwxwx|wwvvwuwvuwwwuyx|wxuwvvwwwvwwvyx|wvvwwwvwwvxwwvx|"
          "wxvwwvwvvwwwvzx|wxzzzzzzzzzzzzx|xxxxxxxwxxxxxxx|zzzzzzzzzzzzzzz|zzzzzzzzzzzzzzz|"
-         "zzzzzzzzzzzzzzz|zzzzzlllllzzzzz|zzzzzhgeghzzzzz|zzzzzhhhhhzzzzz|zzzzzhhhhnxzzzz|"
-         "zzzzzhhhhoyzzzz|zzzzzhhhhnzzzzz|zzzzzhhhhkzzzzz|zzzzzooooovzzzz|zzzzzzzzzzwzzzz|"},
+         "zzzzzzzzzzzzzzz|zzzzzlllllzzzzz|zzzzzhgeghzzzzz|zzzzzhhhhhzzufu|zzzzzhhhhhzzpap|"
+         "zzzzzhhhhhzzzxz|zzzzzhhhhhzzzzz|zzzzzhhhhhzzzzz|zzzzzooooovzzzz|zzzzzzzzzzwzzzz|"},
     };
-    for (const auto& [pose, text, said, map] : table) {
-        show.stage.present(pose, text, said);
+    for (const auto& [text, said, map] : table) {
+        show.stage.present(reaching, text, said);
         const QImage seen = show.stage.grab().toImage();
         EXPECT_EQ(brightness(seen, map), map);
         int wrong = 0; // but for the rims of balloon and sign
@@ -103,39 +87,49 @@ TEST(Stage, ShowsFigureBalloonAndSignAndHasTheirShape)
 TEST(Stage, GoesWithItsFormAndWhereItIsDragged)
 {
     Show show;
-    show.stage.present(show.figure.rig().rest, "Well", 4);
-    int clicks = 0;
-    QPushButton button(&show.form);
-    button.setGeometry(200, 250, 150, 150);
-    button.show();
-    QObject::connect(&button, &QPushButton::clicked, [&] { ++clicks; });
+    Stage& stage = show.stage;
+    stage.present(show.figure.rig().rest, "Well", 4);
+    int skips = 0;
+    stage.onSkip([&] { ++skips; });
+    QPushButton below(&show.form);
+    below.setCheckable(true);
+    below.setGeometry(200, 250, 150, 150);
+    below.show();
     const QPoint onBody(150, 300);
     const struct
     {
-        QPoint from, way, place;
-        int skips, clicks;
+        QPoint from, way, place; ///< of the mouse, and of the stage in the end
+        int skips;
+        bool checked;
     } table[]{
-        {onBody, {0, 0}, {412, 34}, 0, 0},
-        {{150, 140}, {3, 3}, {412, 34}, 1, 0}, // the balloon
-        {onBody, {-260, -10}, {152, 24}, 1, 0},
-        {onBody, {0, 0}, {152, 24}, 1, 1}, // over the button
+        {onBody, {0, 0}, {412, 34}, 0, false},
+        {{150, 140}, {3, 3}, {412, 34}, 1, false}, // the balloon
+        {onBody, {-260, -10}, {152, 24}, 1, false},
+        {onBody, {0, 0}, {152, 24}, 1, true},
     };
     for (const auto& row : table) {
-        show.drag(row.from, row.way);
-        EXPECT_EQ(show.stage.pos(), row.place);
-        EXPECT_EQ(std::pair(show.skips, clicks), std::pair(row.skips, row.clicks));
+        const QPoint start = stage.mapToGlobal(row.from);
+        const auto send = [&](QEvent::Type type, const QPoint& place, Qt::MouseButtons buttons) {
+            QMouseEvent event(type, row.from, place, Qt::LeftButton, buttons, Qt::NoModifier);
+            QApplication::sendEvent(&stage, &event);
+        };
+        send(QEvent::MouseButtonPress, start, Qt::LeftButton);
+        send(QEvent::MouseMove, start + row.way, Qt::LeftButton);
+        send(QEvent::MouseButtonRelease, start + row.way, Qt::NoButton);
+        EXPECT_EQ(stage.pos(), row.place);
+        EXPECT_EQ(std::pair(skips, below.isChecked()), std::pair(row.skips, row.checked));
     }
-    EXPECT_NEAR(show.stage.sights().question.x(), -0.4, 0.01);
-    EXPECT_NEAR(show.stage.sights().question.y(), -0.59, 0.01);
+    EXPECT_NEAR(stage.sights().question.x(), -0.4, 0.01);
+    EXPECT_NEAR(stage.sights().question.y(), -0.59, 0.01);
     show.form.move(50, 20);
-    EXPECT_EQ(show.stage.pos(), QPoint(202, 44));
+    EXPECT_EQ(stage.pos(), QPoint(202, 44));
     show.form.hide();
-    EXPECT_FALSE(show.stage.isVisible());
+    EXPECT_FALSE(stage.isVisible());
     show.form.resize(700, 500);
     show.form.show();
     QCoreApplication::processEvents();
-    EXPECT_TRUE(show.stage.isVisible());
-    EXPECT_EQ(show.stage.size(), QSize(150, 284));
-    show.stage.leave();
-    EXPECT_FALSE(show.stage.isVisible());
+    EXPECT_EQ(stage.size(), QSize(150, 284));
+    EXPECT_TRUE(stage.isVisible());
+    stage.leave();
+    EXPECT_FALSE(stage.isVisible());
 }

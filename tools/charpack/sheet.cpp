@@ -31,8 +31,8 @@ QImage drawTable(rig::Figure& figure, const std::vector<rig::Pose>& poses, int c
                       QTransform::fromTranslate(margin.x(), margin.y()) * QTransform::fromScale(zoom, zoom),
                       1);
         picture.show(poses[static_cast<std::size_t>(i)]);
-        const QPointF corner(i % columns * cell.width(), i / columns * cell.height());
-        painter.drawImage(corner * zoom, picture.image());
+        const QPoint corner(i % columns * cell.width(), i / columns * cell.height());
+        painter.drawImage(QPointF(corner) * zoom, picture.image());
     }
     return sheet;
 }
