@@ -5,18 +5,18 @@ namespace admin {
 TEST(AddQuestions, AsksAboutChangesAndDropsThemOnlyThen)
 {
     expect("addquestions", R"(
-question=ONE?; cmdnext; cmdprevious => update? n => one
-question=ONE?; cmdnext; cmdnext => update? y + updated => seven => 1|ONE?|a|b|c|d|b|1|1111 + 2 + 7
-question=ONE?; cmdexit => update? y + updated =>  => 1|ONE?|a|b|c|d|b|1|1111 + 2 + 7
-question=X; question=One?; cmdlast => update? n => seven
+question=ONE?; cmdnext:n; cmdprevious => update? => one
+question=ONE?; cmdnext:y; cmdnext => update? + updated => seven => 1|ONE?|a|b|c|d|b|1|1111 + 2 + 7
+question=ONE?; cmdexit:y => update? + updated =>  => 1|ONE?|a|b|c|d|b|1|1111 + 2 + 7
+question=X; question=One?; cmdlast:n => update? => seven
 question= One? ; cmdlast =>  => seven
 cmdnext; cmdnext; cmdprevious =>  => two
-answer2=; cmdnext => update? y + faults + Answer2 Not Entered + Correct Answer Not Selected + empty => two
-level#2; cmdfirst => update? n => one
-answer1=a; correctanswer#0; cmdnext => update? n => two
-question=X; cmdadd; cmdcancel; cmdnext => update? n => two
+answer2=; cmdnext:y => update? + faults + Answer2 Not Entered + Correct Answer Not Selected + empty => two
+level#2; cmdfirst:n => update? => one
+answer1=a; correctanswer#0; cmdnext:n => update? => two
+question=X; cmdadd; cmdcancel; cmdnext:n => update? => two
 cmdadd; cmdcancel; cmdnext =>  => two
-cmdnext; question=X; cmddelete; cmdnext => delete? n + update? n => seven
+cmdnext; question=X; cmddelete:n; cmdnext:n => delete? + update? => seven
 )");
 }
 
@@ -30,17 +30,17 @@ cmdadd; question=  ; answer1=a; answer2=b; answer3= ; answer4=d; correctanswer#0
 cmdadd; question= New? ; answer1=w; answer2=x; answer3= y; answer4=z; correctanswer#2; level#2; cmdsave => saved => new one => 1 + 2 + 7 + 8 => cmdsave: add delete exit first last next previous save update
 !create table once (write unique); !create trigger i after insert on questions begin insert into once values (1);end; !create trigger u after update on questions begin insert into once values (2);end; cmdadd; question=New?; answer1=w; answer2=x; answer3=y; answer4=z; correctanswer#2; level#2; cmdsave; question=New!; cmdupdate; cmdprevious; cmdnext => saved + updated => 8|New!|w|x|y|z|w,x,*y,z|1,*2,3 => 1 + 2 + 7 + 8|New!|w|x|y|z|y|2|1111
 answer1=z; cmdupdate => faults + Correct Answer Not Selected + empty => 1|One?|z|b|c|d|z,b,c,d|*1,2,3
-cmdadd; question=X; cmddelete; cmdsave => delete? y + deleted + faults + Answer3 Not Entered + Level Not Selected + empty => two => 2 + 7
+cmdadd; question=X; cmddelete:y; cmdsave => delete? + deleted + faults + Answer3 Not Entered + Level Not Selected + empty => two => 2 + 7
 )");
 }
 
 TEST(AddQuestions, TellsWhatOthersDidAndWhatCouldNotBeWritten)
 {
     expect("addquestions", R"(
-!update questions set question = 'theirs' where question_id = 1; question=mine; cmdnext => update? y + *changed in the meantime => mine => 1|theirs|a|b|c|d|b|1|1111 + 2 + 7
+!update questions set question = 'theirs' where question_id = 1; question=mine; cmdnext:y => update? + *changed in the meantime => mine => 1|theirs|a|b|c|d|b|1|1111 + 2 + 7
 !create trigger t before insert on questions begin select raise(fail, 'no');end; cmdadd; question= New? ; answer1=w; answer2=x; answer3= y; answer4=z; correctanswer#2; level#2; cmdsave => Admin: (!) *does not accept => | New? |w|x| y|z|w,x,* y,z|,1,*2,3
 !delete from questions; cmdfirst; cmdlast; cmdnext; cmdprevious; cmdupdate; cmddelete => no question + no question + no question + no question + no question + no question => |||||||1,2,3 => empty
-!delete from questions where question_id > 1; cmddelete; cmdadd; cmdcancel; !insert into questions (question_id, question) values (4, 'x'), (5, 'by others'); cmdlast => delete? y + deleted => 5|by others|||||*,,,|1,2,3 => empty
+!delete from questions where question_id > 1; cmddelete:y; cmdadd; cmdcancel; !insert into questions (question_id, question) values (4, 'x'), (5, 'by others'); cmdlast => delete? + deleted => 5|by others|||||*,,,|1,2,3 => empty
 )");
 }
 
@@ -54,10 +54,10 @@ cmdlast; ?delhi => ?No other question holds this. => seven
 ?delhi one => not found => one
 ?9999 => not found => one
 !update questions set answer1 = 'ÄЖ' where question_id = 2; !insert into questions (question_id, question) values (9, 'null'); ?aж; ?null => found + found =>  => *
-question=ONE?; ?delhi => update? n + found => seven
-question=mine; ?delhi => update? y + updated + found => seven => 1|mine|a|b|c|d|b|1|1111 + 2 + 7
-!update questions set question = 'theirs' where question_id = 1; question=mine; ?delhi => update? y + *changed in the meantime => mine => *
-question=X; ?zzz; cmdnext => not found + update? n => two
+question=ONE?; :n; ?delhi => update? + found => seven
+question=mine; :y; ?delhi => update? + updated + found => seven => 1|mine|a|b|c|d|b|1|1111 + 2 + 7
+!update questions set question = 'theirs' where question_id = 1; question=mine; :y; ?delhi => update? + *changed in the meantime => mine => *
+question=X; ?zzz; cmdnext:n => not found + update? => two
 cmdadd; ?delhi => ?SAVE or CANCEL the new one first. => empty one
 )");
     expect("messages", "message=lost; ?REALLY; ?sure => found + found round => sure?");
@@ -72,7 +72,7 @@ cmdadd; question=By Delhi, which river flowed in 1948; wait => ~ =>  => *
 cmdadd; question=Which river of Africa flows north in 1947; wait => ~ =>  => *
 cmdadd; question=1947; wait => ~ =>  => *
 cmdadd; question=The river past Delhi in 1947; wait; cmdcancel; wait => near + ~ =>  => *
-cmdlast; question=The rivers that flow past Delhi in 1947; wait; cmdfirst => ~ + update? n =>  => *
+cmdlast; question=The rivers that flow past Delhi in 1947; wait; cmdfirst:n => ~ + update? =>  => *
 )");
 }
 

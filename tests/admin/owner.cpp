@@ -57,10 +57,9 @@ QString meant(const QString& column)
 {
     QStringList texts = column.split(" + ");
     for (QString& text : texts) {
-        const auto word = text.endsWith("? y") || text.endsWith("? n") ? text.chopped(2) : text;
-        const auto place = QString(vocabulary).indexOf("\n" + word + " = ");
+        const auto place = QString(vocabulary).indexOf("\n" + text + " = ");
         if (place >= 0)
-            text = QString(vocabulary).mid(place + word.size() + 4).section('\n', 0, 0);
+            text = QString(vocabulary).mid(place + text.size() + 4).section('\n', 0, 0);
     }
     return texts.join("; ");
 }
@@ -154,8 +153,6 @@ void expect(const QString& screen, const char* table)
         Owner owner;
         owner.open({screen});
         const QString before = owner.stored(screen).replace('\n', "; ");
-        for (const QString& word : columns.value(1).split(" + "))
-            owner.answers += word.endsWith("? y") ? "y" : word.endsWith("? n") ? "n" : "";
         owner.run(columns[0], screen);
         const QString told = QString::fromStdString(owner.told()).replace('\n', "; ");
         const QString expected = meant(columns.value(1));
@@ -163,7 +160,6 @@ void expect(const QString& screen, const char* table)
         EXPECT_TRUE(told == expected ||
                     (start != expected && told.startsWith(start) && told.contains(expected.section('*', 1))))
             << told.toStdString();
-        EXPECT_EQ(owner.answers, "") << "a question was not asked";
         if (!columns.value(2).isEmpty())
             EXPECT_EQ(owner.shown(screen).toStdString(), meant(columns[2]).toStdString());
         const QString stored = columns.value(3);

@@ -30,8 +30,8 @@ protected:
 
 /// Each line of `table` is done by an owner of its own: "steps => told => shown => stored => mode", where
 /// columns may be left out at the end; nothing stored means unchanged, "*" anything. A column is a list of
-/// words from the vocabulary or of plain texts with " + " between them; "y" or "n" behind a question is its
-/// answer, and "*text" what has to be told among what follows.
+/// words from the vocabulary or of plain texts with " + " between them, and "*text" what has to be told among
+/// what follows.
 void expect(const QString& screen, const char* table);
 
 } // namespace admin

@@ -79,6 +79,7 @@ TEST_F(Owner, FindsAndMendsAQuestion)
 0 delete bank.orv 5 --yes => Question 5, "2 two?", was deleted.\n
 1 show bank.orv 5 => bank.orv has no question 5\n
 2 lst => "lst" is no subcommand of orvbank; there are create, check, import, 
+0 stats --help => --from SOURCE
 0 --version => orvbank 
 2 admin bank.orv ad anna => "ad" is no subcommand of admin; there are add, password, rename, remove, list. Did you mean add?\n
 0 sheet bank.orv one.pdf --count 1 => 3 questions

@@ -13,18 +13,13 @@ struct Show : support::Stand
     {
         screens.add("orv", [this] { return std::make_unique<Orv>(services, makeHost); }, {.behind = "back"});
         addPlain({"back", "thank"});
+        usual = "orv";
     }
 };
 
 class ShowTest : public testing::Test, protected Show
 {
 protected:
-    /// What came of doing `steps` in the game.
-    std::string after(const QString& steps)
-    {
-        run(steps, "orv");
-        return told();
-    }
     [[nodiscard]] std::string shows(const QString& names) const { return shown("orv", names); }
     [[nodiscard]] bool hidden(const QString& name) const { return control<QWidget>("orv", name).isHidden(); }
     /// The looks of the four options: "." plain, "c" chosen, "g" green.

@@ -80,7 +80,7 @@ std::string Stand::told()
 void Stand::run(const QString& steps, const QString& screen)
 {
     for (const QString& step : steps.split("; ", Qt::SkipEmptyParts))
-        runStep(step, screen);
+        runStep(step, screen.isEmpty() ? usual : screen);
 }
 
 void Stand::runStep(const QString& step, const QString& screen)
@@ -109,7 +109,8 @@ void Stand::runStep(const QString& step, const QString& screen)
         list.setCurrentIndex(std::min(rest.toInt(), list.count() - 1));
     } else {
         answers += rest.toStdString();
-        QTest::mouseClick(&control<QWidget>(screen, name), Qt::LeftButton);
+        if (!name.isEmpty())
+            QTest::mouseClick(&control<QWidget>(screen, name), Qt::LeftButton);
     }
 }
 

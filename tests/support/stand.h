@@ -37,9 +37,15 @@ public:
 
     /// Does `steps`, separated by "; ": "show screen", "close screen", "250ms" lets that time pass, "settle"
     /// does what is posted, "!..." is done to the bank behind the back of the screens; and on a screen "name"
-    /// clicks a control, "name:yn" with answers for the questions to come, "name=text" types over what a box
-    /// holds, and "name#2" chooses the third entry of a list.
+    /// clicks a control, "name:yn" with answers for the questions to come (":yn" alone too), "name=text"
+    /// types over what a box holds, and "name#2" chooses the third entry of a list.
     void run(const QString& steps, const QString& screen = {});
+    /// What came of such steps.
+    std::string after(const QString& steps, const QString& screen = {})
+    {
+        run(steps, screen);
+        return told();
+    }
     /// What came of it since the last call, separated by "; ": what was asked of the host, boxes as "Title:
     /// text" with a sign for the icon, and "ended" of the program. The name that is asked for is Asha.
     std::string told();
@@ -54,6 +60,7 @@ public:
     toolkit::Screens screens;        ///< after all that its forms use
     std::string answers;             ///< 'y' or 'n' for each question to come
     std::function<void()> meanwhile; ///< runs while the next box is open
+    QString usual;                   ///< the screen that is meant where none is named
     bool hostMissing = false;
     toolkit::Services services{screens, dialogs, random, browser, beeper, clock};
     narrator::CharactersFactory makeHost = [this](QWidget&) {

@@ -65,11 +65,6 @@ protected:
         screens.add(name, [=, this] { return std::make_unique<Page>(name, services, log, load); },
                     {.behind = behind});
     }
-    std::string after(const QString& steps)
-    {
-        run(steps);
-        return told();
-    }
 };
 
 class FormTest : public ScreensTest
