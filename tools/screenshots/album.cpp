@@ -110,6 +110,8 @@ QImage Album::atRest(desk::Desk& desk)
 void Album::add(const QString& name, const QImage& picture)
 {
     const QString file = name + (scale_ == 1 ? QString() : QString("@%1x").arg(scale_)) + ".png";
+    if (taken_.contains(file))
+        return;
     taken_ << file;
     if (purpose_ == Purpose::Compare) {
         const QImage kept(folder_.filePath(file));

@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <functional>
 #include <stdexcept>
 
 namespace {
@@ -29,6 +30,11 @@ insert into questions select level * 10 + n, question, one, two, three, four, tw
 )";
 constexpr int rightOption = 2;
 constexpr int wrongOption = 3;
+
+/// The host has opened the lifelines at a moment from which on they cannot be closed.
+struct LifelinesInTheWay
+{
+};
 
 /// One run of the program, from its start on.
 class Tour
@@ -260,7 +266,10 @@ private:
             const Panels now = panels();
             if (now == wanted)
                 return;
-            desk_.click("orv", now.lifelines != wanted.lifelines ? "LL" : "mws");
+            const bool wrongLifelines = now.lifelines != wanted.lifelines;
+            if (wrongLifelines && !desk_.look().control("orv", "LL").enabled)
+                throw LifelinesInTheWay();
+            desk_.click("orv", wrongLifelines ? "LL" : "mws");
         }
     }
 
@@ -279,17 +288,29 @@ private:
     desk::Desk desk_;
 };
 
+/// Begins anew where a prompt of the host gets in the way.
+void run(Album& album, const std::function<void(Tour&)>& part)
+{
+    while (true) {
+        try {
+            Tour tour(album);
+            return part(tour);
+        } catch (const LifelinesInTheWay&) {
+            continue;
+        }
+    }
+}
+
 } // namespace
 
 void tour(Album& album)
 {
-    {
-        Tour game(album);
+    run(album, [](Tour& game) {
         game.pictureShell();
         game.pictureFirstQuestion();
         game.pictureLifelines();
         game.pictureLadderAndTop();
-    }
-    Tour(album).pictureWrongAnswer();
-    Tour(album).pictureConsole();
+    });
+    run(album, &Tour::pictureWrongAnswer);
+    run(album, &Tour::pictureConsole);
 }
