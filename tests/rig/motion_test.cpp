@@ -28,10 +28,10 @@ TEST(Values, AreReadAsThePainterReadsThem)
     QPainterPath path(QPointF(1, 2));
     path.lineTo(3, -4);
     path.lineTo(5, 6);
-    path.cubicTo(1, 2, 3, 4, 5, 7);
+    path.cubicTo(1, 2, 3, 4, .5, .7);
     path.closeSubpath();
     QStringView bad;
-    EXPECT_EQ(outlineOf(u" M1,2 3-4L5 6C1 2 3 4 5 7Z", bad), path);
+    EXPECT_EQ(outlineOf(u" M1,2 3-4L5 6C1 2 3 4 .5.7Z", bad), path);
     const std::pair<QString, QPointF> table[]{
         {"matrix(2 1 0 3 5 6)", {15, 26}}, {"translate(2, 3)", {7, 8}},
         {"translate(2)", {7, 5}},          {"rotate(90)", {-5, 5}},
