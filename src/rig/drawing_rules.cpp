@@ -83,8 +83,7 @@ void DrawingRules::element(const QString& name, const QXmlStreamAttributes& attr
                            qint64 line)
 {
     static const QStringList known =
-        QString("svg metadata defs g path ellipse circle rect stop linearGradient "
-                "radialGradient")
+        QString("svg metadata defs g path rect circle ellipse linearGradient radialGradient stop")
             .split(u' ');
     if (!known.contains(name) || (name == u"svg") != (depth == 0))
         throw defectIn(name, "the element \"%1\" does not belong here");
@@ -120,7 +119,7 @@ void DrawingRules::attribute(const QString& element, const QXmlStreamAttribute& 
     const QStringView value = entry.value();
     if (!(*rule)(value))
         throw Defect{QString(R"("%1" is no value for the attribute "%2")").arg(value.left(40), name)};
-    if (value.startsWith(reference))
+    if (*rule == isPaint && value.startsWith(reference))
         references_.emplace(value.sliced(reference.size()).chopped(1).toString(), line);
 }
 

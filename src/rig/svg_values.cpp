@@ -104,13 +104,14 @@ std::optional<QTransform> plainTransform(QStringView text)
 
 std::optional<QPainterPath> outlineOf(QStringView data, QStringView& bad)
 {
+    // A sign or a second point, too, begins another number.
+    static const QRegularExpression seam(R"((\.\d*)(?=\.)|(?=[-+]))");
     QPainterPath path;
     for (data = data.trimmed(); !data.isEmpty(); data = data.sliced(bad.size())) {
         const auto* const next =
             std::find_if(data.begin() + 1, data.end(), [](QChar c) { return commands.contains(c); });
         bad = QStringView(data.begin(), next);
-        // A sign, too, begins another number.
-        const auto numbers = plainNumbers(bad.sliced(1).toString().replace(u'-', " -"));
+        const auto numbers = plainNumbers(bad.sliced(1).toString().replace(seam, "\\1 "));
         if (!commands.contains(data[0]) || (path.elementCount() == 0 && data[0] != u'M') || !numbers ||
             !draw(path, data[0], *numbers))
             return {};

@@ -32,7 +32,6 @@ Balloon::Balloon(const QRect& room, QWidget* parent) : QLabel(parent), room_(roo
     describeAsText(*this); // before anything of it is told
     setObjectName("balloon");
     setTextFormat(Qt::PlainText);
-    setFocusPolicy(Qt::NoFocus);
     setFont(toolkit::verdana(points));
     layout_.setFont(font());
     setAccessibleName("Host says");

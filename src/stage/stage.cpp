@@ -47,7 +47,6 @@ Stage::Stage(QWidget& form, rig::Figure& figure, bool asWindow)
     setAccessibleName("Host");
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
-    setFocusPolicy(Qt::NoFocus);
     setStyleSheet("* { background: transparent; border: none; }"); // whatever the form's says
     if (embedded())
         setAttribute(Qt::WA_TransparentForMouseEvents);

@@ -110,7 +110,9 @@ const Change table[]{
     // As far as the limits go; the last row would cost too much if it lay level.
     {"r='4'", "r='4' x='10000' y='-10000'|r='4' opacity='0'|r='4' opacity='1'|r='4' stroke-width='40'", 0,
      fine},
-    {"r='4'", "r='4' fill='none'|r='4' stroke='#0aF'|r='4' transform='translate(1) rotate(5)'", 0, fine},
+    {"r='4'",
+     "r='4' d='url(#'|r='4' fill='none'|r='4' stroke='#0aF'|r='4' transform='translate(1) rotate(5)'", 0,
+     fine},
     {"200 220", "400 50|50 400", 0, fine},
     {"ms='4000'", "ms='100'|ms='10000'", 0, fine},
     {"ms='1000'", "ms='30000'", 0, fine},

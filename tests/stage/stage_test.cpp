@@ -95,32 +95,24 @@ TEST(Stage, GoesWithItsFormAndWhereItIsDragged)
     below.setCheckable(true);
     below.setGeometry(200, 250, 150, 150);
     below.show();
-    const QPoint onBody(150, 300);
-    const struct
-    {
-        QPoint from, way, place; ///< of the mouse, and of the stage in the end
-        int skips;
-        bool checked;
-    } table[]{
-        {onBody, {0, 0}, {412, 34}, 0, false},
-        {{150, 140}, {3, 3}, {412, 34}, 1, false}, // the balloon
-        {onBody, {-260, -10}, {152, 24}, 1, false},
-        {onBody, {0, 0}, {152, 24}, 1, true},
-    };
-    for (const auto& row : table) {
-        const QPoint start = stage.mapToGlobal(row.from);
+    const auto drag = [&](const QPoint& from, const QPoint& way) {
+        const QPoint start = stage.mapToGlobal(from);
         const auto send = [&](QEvent::Type type, const QPoint& place, Qt::MouseButtons buttons) {
-            QMouseEvent event(type, row.from, place, Qt::LeftButton, buttons, Qt::NoModifier);
+            QMouseEvent event(type, from, place, Qt::LeftButton, buttons, Qt::NoModifier);
             QApplication::sendEvent(&stage, &event);
         };
         send(QEvent::MouseButtonPress, start, Qt::LeftButton);
-        send(QEvent::MouseMove, start + row.way, Qt::LeftButton);
-        send(QEvent::MouseButtonRelease, start + row.way, Qt::NoButton);
-        EXPECT_EQ(stage.pos(), row.place);
-        EXPECT_EQ(std::pair(skips, below.isChecked()), std::pair(row.skips, row.checked));
-    }
-    EXPECT_NEAR(stage.sights().question.x(), -0.4, 0.01);
-    EXPECT_NEAR(stage.sights().question.y(), -0.59, 0.01);
+        send(QEvent::MouseMove, start + way, Qt::LeftButton);
+        send(QEvent::MouseButtonRelease, start + way, Qt::NoButton);
+        return std::tuple(stage.pos(), skips, below.isChecked());
+    };
+    const QPoint onBody(150, 300);
+    const QPoint onBalloon(150, 140);
+    EXPECT_EQ(drag(onBody, {0, 0}), std::tuple(QPoint(412, 34), 0, false));
+    EXPECT_EQ(drag(onBalloon, {3, 3}), std::tuple(QPoint(412, 34), 1, false));
+    EXPECT_EQ(drag(onBody, {-260, -10}), std::tuple(QPoint(152, 24), 1, false));
+    EXPECT_EQ(drag(onBody, {0, 0}), std::tuple(QPoint(152, 24), 1, true));
+    EXPECT_EQ((stage.sights().question * 100).toPoint(), QPoint(-40, -59));
     show.form.move(50, 20);
     EXPECT_EQ(stage.pos(), QPoint(202, 44));
     show.form.hide();

@@ -39,7 +39,7 @@ inline QByteArray character()
 %2
 </h:character></metadata>
 <defs><linearGradient id='gold'><stop offset='0' stop-color='#fc0'/></linearGradient></defs>
-<g id='body'><rect x='10' y='10' width='20' height='30' fill='#084'/></g>
+<g id='body'><rect x='10' y='10' width='20' height='30' fill='#084'/><rect y='4' width='2' height='2' opacity='0'/></g>
 <g id='fist'><path d='M28 22 L32 22 30 40 Z' fill='url(#gold)'/></g>
 <g id='open'><circle cx='30' cy='36' r='4'/></g>
 <g id='lip'><ellipse cx='20' cy='15' rx='4' ry='1'/></g><g id='yell'><circle cx='20' cy='15' r='3'/></g>
