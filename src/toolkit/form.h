@@ -2,6 +2,7 @@
 
 #include "toolkit/controls.h"
 #include "toolkit/services.h"
+#include "toolkit/shapes.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 #include "toolkit/reach.h"
 
-#include "toolkit/controls.h"
+#include "toolkit/shapes.h"
 
 #include <algorithm>
 
