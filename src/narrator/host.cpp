@@ -21,9 +21,9 @@ namespace {
 
 constexpr auto promptFrame = 16ms; ///< while the first word is to come
 constexpr auto busyFrame = 33ms;
-constexpr auto idleFrame = 83ms;
+constexpr auto idleFrame = 100ms;
 constexpr auto unseenFrame = 250ms; ///< what is said goes on behind a minimised form
-constexpr auto lookPeriod = 1s;
+constexpr auto lookPeriod = 3s;
 
 /// A loaded character: gives the player time and, while it is to be seen, the stage frames.
 class Host final : public Character
