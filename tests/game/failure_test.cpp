@@ -43,7 +43,7 @@ TEST_F(ShowTest, AGameThatCannotGoOnKeepsWhatWasWonSoFar)
         after(steps);
         const std::string told = after(last);
         EXPECT_NE(told.find(reason), std::string::npos) << told;
-        EXPECT_EQ(shows("question focus"), std::string("Total Prize Money Rs. ") + amount + "|cmdokquit");
+        EXPECT_EQ(shows("announcement focus"), std::string("Total Prize Money Rs. ") + amount + "|cmdokquit");
         EXPECT_TRUE(hidden("cmdok"));
         EXPECT_EQ(after("cmdokquit"), farewell);
         EXPECT_EQ(open(), "thank");

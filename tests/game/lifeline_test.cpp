@@ -39,6 +39,7 @@ TEST_F(LifelineTest, ThePollShowsSharesOnceAndIsCoveredWithTheOptionsReset)
     after("option4:n"); // counted before the poll is taken
     EXPECT_EQ(after("lifeline1"), easier);
     EXPECT_EQ(chart(), "A 10% 150, B 30% 450, C 50% 750, D 11% 165");
+    EXPECT_EQ(shows("announcement"), "A: 10%; B: 30%; C: 50%; D: 11%");
     EXPECT_TRUE(hidden("hidepoll"));
     EXPECT_EQ(after("lifeline1"),
               "Stop; Play Sad" + used + " Sorry! Asha You have already used this lifeline");
@@ -51,7 +52,8 @@ TEST_F(LifelineTest, FiftyFiftyLeavesTheRightOptionAndThePollLeavesOutTheOthers)
     // The right option, one that goes, the same again, another one.
     random.numbers = {0.6F, 0.3F, 0.3F, 0};
     EXPECT_EQ(after("!update questions set correct_answer = upper(correct_answer); lifeline3"), easier);
-    EXPECT_EQ(shows("option1 option2 option3 option4"), "||C> 1.1 three|D> 1.1 four");
+    EXPECT_EQ(shows("option1 option2 option3 option4 announcement"),
+              "||C> 1.1 three|D> 1.1 four|C, 1.1 three; D, 1.1 four");
     EXPECT_EQ(after("option1"), "Orvanta: (i) You cannot select a blank option");
     after("lifeline1");
     EXPECT_EQ(chart(), "C 83% 1245, D 17% 255");
@@ -63,7 +65,7 @@ TEST_F(LifelineTest, FiftyFiftyLeavesTheRightOptionAndThePollLeavesOutTheOthers)
 TEST_F(LifelineTest, AskAFriendCountsTenSecondsThenBeepsAndSaysSo)
 {
     EXPECT_EQ(after("lifeline2"), "");
-    EXPECT_EQ(shows("clock"), "0");
+    EXPECT_EQ(shows("clock announcement"), "0|Ten seconds to ask a friend");
     EXPECT_EQ(after("1000ms; lifeline2"), "Stop; Play Uncertain" + used + sorry);
     EXPECT_EQ(shows("clock"), " 1");
     EXPECT_EQ(after("8999ms"), "");
@@ -83,6 +85,7 @@ TEST_F(ShowTest, IdlePromptsWaitForTheFirstQuestionThenQueueAndOpenPanels)
         random.numbers = {number2, number7};
         EXPECT_EQ(after("10000ms"), "Play suggest; Speak Try using the lifelines?; Play Greet; Speak You "
                                     "have currently won rupees !");
+        EXPECT_EQ(shows("announcement"), "Lifelines in view");
         EXPECT_EQ(form("orv").bounds().height, 7510) << "opened, and left open";
         EXPECT_EQ(form("orv").bounds().width, 11880);
     }

@@ -10,8 +10,9 @@ TEST_F(ShowTest, AGameStartsWithTheGreetingTheNameAndTheFirstQuestion)
               "Enter your First Name ; Stop; Play announce; Speak Your question is,,Question 1.3,,the four "
               "options are,,A,1.3 one,B,,C,B & C <i>,D,1.3 four; Play think");
     EXPECT_EQ(open(), "back orv");
-    EXPECT_EQ(shows("question option1 option2 option3 option4"),
-              "Question 1.3|A> 1.3 one|B> |C> B & C <i>|D> 1.3 four");
+    EXPECT_EQ(shows("question option1 option2 option3 option4 announcement"),
+              "Question 1.3|A> 1.3 one|B> |C> B & C <i>|D> 1.3 four|"
+              "Question 1 of 15: Question 1.3 A, 1.3 one; B, ; C, B & C <i>; D, 1.3 four");
 }
 
 TEST_F(ShowTest, WithoutAHostTheGameGoesOnInSilence)
@@ -19,7 +20,7 @@ TEST_F(ShowTest, WithoutAHostTheGameGoesOnInSilence)
     hostMissing = true;
     EXPECT_EQ(after("show orv; " + right),
               "Orvanta: Please Enter your First Name ; Orvanta: Asha shall I lock it?");
-    EXPECT_EQ(shows("question"), "Total Prize Money Rs. 1,000");
+    EXPECT_EQ(shows("question announcement"), "Total Prize Money Rs. 1,000|Total Prize Money Rs. 1,000");
 }
 
 TEST_F(ShowTest, ARightAnswerFlashesForNineTicksAndMovesUp)
@@ -44,7 +45,7 @@ TEST_F(ShowTest, TheVerdictComparesWithoutLetterCaseButWithBlanks)
 {
     after("!update questions set correct_answer = '1.1 THREE ' where question_id = 11; show orv; option3:y");
     EXPECT_EQ(looks(), "..c.");
-    EXPECT_EQ(shows("question focus"), "Total Prize Money Rs. 0|cmdokquit");
+    EXPECT_EQ(shows("announcement focus"), "Total Prize Money Rs. 0|cmdokquit");
 }
 
 TEST_F(ShowTest, AWrongAnswerShowsEveryRightOneAndPaysTheSafeAmount)

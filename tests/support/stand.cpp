@@ -51,9 +51,11 @@ toolkit::Form& Stand::form(const QString& name) const
 std::string Stand::shown(const QString& screen, const QString& names) const
 {
     QStringList texts;
-    for (const QString& name : names.split(' '))
+    for (const QString& name : names.split(' ')) {
+        const char* const property = name == "announcement" ? "accessibleName" : "text";
         texts << (name == "focus" ? QString::fromStdString(focused(screen))
-                                  : control<QWidget>(screen, name).property("text").toString());
+                                  : control<QWidget>(screen, name).property(property).toString());
+    }
     return texts.join('|').toStdString();
 }
 

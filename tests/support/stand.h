@@ -29,7 +29,8 @@ public:
     [[nodiscard]] toolkit::Form& form(const QString& name) const;
     template <typename Control>
     [[nodiscard]] Control& control(const QString& screen, const QString& name) const;
-    /// What these controls show, with bars between them; "focus" is the name of what has the focus.
+    /// What these controls show, with bars between them; "focus" is the name of what has the focus,
+    /// "announcement" what screen readers were told last.
     [[nodiscard]] std::string shown(const QString& screen, const QString& names) const;
     [[nodiscard]] std::string focused(const QString& screen) const;
     /// The names of the screens that are open, in alphabetical order.
