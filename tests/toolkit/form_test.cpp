@@ -139,11 +139,15 @@ TEST_F(FormTest, ClicksGoThroughShapesButNotThroughACoverNorTwice)
     EXPECT_EQ(told(), "text") << "the second press of a double click is none";
 }
 
-TEST_F(FormTest, ASlideComesBackToTheSamePlaceAndLetsNoTickIn)
+TEST_F(FormTest, ASlideComesBackToTheSamePlaceAndLetsNoTickOrPressIn)
 {
     const TwipRect before = page->bounds();
     auto& beat = *page->beat;
+    Timer reader(clock, 100ms);
+    reader.onTick([this] { page->press(*page->second); });
+    reader.setEnabled(true);
     page->slide({{570, {.left = -2.5}}, {1140, {.width = 2.5}}});
+    reader.setEnabled(false);
     EXPECT_EQ(told(), "");
     EXPECT_EQ(page->bounds(), (TwipRect{before.left - 1425, before.top, before.width + 2850, before.height}));
     EXPECT_EQ(page->minimumSize(), page->maximumSize());
