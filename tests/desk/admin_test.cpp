@@ -24,11 +24,17 @@ protected:
         type("owner\t" + password + "\r");
     }
 
+    /// Once the console has the keyboard, which a box gives back a little after it has gone.
+    void typeThere(const QString& keys)
+    {
+        desk->untilKeyboard(desk->untilOnly("admin").at("admin").window);
+        type(keys);
+    }
+
     /// Presses the keys of a menu of the console and of its item.
     void choose(const QString& letter, const char* menu, const QString& item)
     {
-        desk->untilKeyboard(desk->untilOnly("admin").at("admin").window);
-        type("&" + letter);
+        typeThere("&" + letter);
         desk->until("the menu", [&](const Scene& scene) { return scene.shows(menu); });
         type(item);
     }
@@ -57,7 +63,7 @@ TEST_F(OwnerJourney, KeepsTheBankByKeyboardAlone)
     type("Who\tone\ttwo\tthree\tfour\t" + QString(2, downKey) + "\t2&s");
     confirm("Successfully Saved | no icon | OK");
     waitFor("questionid", "36");
-    type("\t\t\t "); // to the button for the first one
+    typeThere("\t\t\t "); // to the button for the first one
     waitFor("questionid", "11");
     type(QString(5, '\t') + endKey + " x" + QString(13, '\t') + ' '); // to the question, and to the next one
     confirm("The Current Record has been modified do you wish to Update it? | no icon | No | Yes", "&y");
@@ -65,7 +71,7 @@ TEST_F(OwnerJourney, KeepsTheBankByKeyboardAlone)
     confirm("The Following Errors have occured. Please correct them\nCorrect Answer Not Selected\n | no icon "
             "| OK");
     waitFor("questionid", "12");
-    type("&d");
+    typeThere("&d");
     confirm("Are you sure ? | no icon | No | Yes", "&y");
     confirm("Successfully deleted | no icon | OK");
     waitFor("question", "Question 1.1");
@@ -73,7 +79,7 @@ TEST_F(OwnerJourney, KeepsTheBankByKeyboardAlone)
         bank.value("select group_concat(question_id || question || answer1 || correct_answer || Level || a,"
                    " ' ') from questions where question_id < 13 or question_id > 35"),
         "11Question 1.11.1 one1.1 two11 36Whoonetwo21");
-    type("&x");
+    typeThere("&x");
     desk->until("the editor to close",
                 [](const Scene& scene) { return !scene.at("admin").controls.contains("cmdnext"); });
     choose("f", "file", "x");
