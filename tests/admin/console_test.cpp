@@ -18,10 +18,13 @@ TEST(Console, OpensEachWindowOnceAndBringsItToTheFront)
     EXPECT_TRUE(editor->isMaximized());
     editor->showNormal();
     EXPECT_EQ(owner.form("addquestions").size(), QSize(469, 394));
-    for (const char* item : {"add", "message", "cnangepassword"})
+    const std::pair<const char*, const char*> items[] = {
+        {"message", "messages"}, {"add", "addquestions"}, {"cnangepassword", "changepassword"}};
+    for (const auto& [item, window] : items) {
         owner.form("admin").findChild<QAction*>(item)->trigger();
+        EXPECT_EQ(inFront(), window);
+    }
     EXPECT_EQ(area.subWindowList().size(), 3);
-    EXPECT_EQ(inFront(), "changepassword");
     owner.screens.show("messages");
     EXPECT_EQ(inFront(), "messages");
 

@@ -10,6 +10,7 @@
 #include "shell/thank.h"
 #include "shell/userselect.h"
 #include "support/stand.h"
+#include "toolkit/access.h"
 #include "toolkit/contrast.h"
 #include "toolkit/reach.h"
 
@@ -60,6 +61,8 @@ void lookAt(QAccessibleInterface& told, const std::set<const QObject*>& reached)
     EXPECT_TRUE(passive.contains(role) || state.disabled || reached.contains(&control)) << "not by Tab";
     for (const auto* bar : control.findChildren<QScrollBar*>())
         EXPECT_TRUE(bar->isVisible() || bar->maximum() == 0) << "has more to show";
+    for (const QString& key : control.property(toolkit::keysProperty).toStringList())
+        EXPECT_TRUE(control.toolTip().contains(key)) << "no word of the key " << key.toStdString();
     QRect seen = control.geometry();
     if (const auto* const label = dynamic_cast<const Label*>(&control)) {
         const int flags = static_cast<int>(label->alignment()) | Qt::TextWordWrap;
