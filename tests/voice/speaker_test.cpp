@@ -145,7 +145,7 @@ constexpr auto isSound = [](std::int16_t sample) { return sample != 0; };
 TEST(Speaker, HandsOverEverySampleOnceAndInOrderHoweverLateItIsHeard)
 {
     std::deque<Talk> talks;
-    for (const auto latency : {0ms, 100ms, 1500ms})
+    for (const auto latency : {0ms, 100ms, 3000ms})
         talks.emplace_back(latency).start("one. two. three. fail. five.");
     for (Talk& talk : talks) {
         EXPECT_TRUE(until([&] { return talk.progress().sound != Sound::Waiting; }));
