@@ -5,7 +5,6 @@
 #include "stage/clicks.h"
 #include "stage/mute_sign.h"
 #include "stage/placement.h"
-#include "stage/silhouette.h"
 #include "toolkit/desktop.h"
 
 #include <QApplication>
@@ -17,6 +16,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <cmath>
 
 namespace stage {
 
@@ -34,6 +34,22 @@ constexpr double farAside = 250;  ///< from here on the eyes turn no further, in
 
 constexpr Qt::WindowFlags hostWindowFlags =
     Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint;
+
+/// The squares of a coarse grid in which anything of an image is to be seen, with a rim of squares around
+/// them; in logical coordinates.
+QRegion roomAround(const QImage& image)
+{
+    constexpr double square = 8; // in logical pixels
+    const QSizeF size = image.deviceIndependentSize();
+    const QSize squares(static_cast<int>(std::ceil(size.width() / square)),
+                        static_cast<int>(std::ceil(size.height() / square)));
+    QImage means = image.scaled(squares, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    means.setDevicePixelRatio(1);
+    const QRegion seen = rig::silhouette(means, means.rect(), 1);
+    const QRegion wide = seen + seen.translated(1, 0) + seen.translated(-1, 0);
+    return QTransform::fromScale(size.width() / squares.width(), size.height() / squares.height())
+        .map(wide + wide.translated(0, 1) + wide.translated(0, -1));
+}
 
 } // namespace
 
